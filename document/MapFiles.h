@@ -1,0 +1,22 @@
+#pragma once
+
+#include "document/Document.h"
+
+namespace morvane {
+
+/// Names the current file in the window's caption.
+void SetTitle(Document& document);
+
+/// File > Open.
+void mnuFileOpen_Click(Document& document);
+
+/// File > Save; asks for a name where there is no current file.
+void mnuFileSave_Click(Document& document);
+
+/// File > Save As.
+void mnuFileSaveAs_Click(Document& document);
+
+/// The question at exit. Returns whether the window stays.
+bool AskToSave(Document& document);
+
+}  // namespace morvane

@@ -1,0 +1,63 @@
+#include "document/NewMap.h"
+
+#include "document/Blit.h"
+#include "document/Grid.h"
+#include "document/MapFiles.h"
+
+namespace morvane {
+namespace {
+
+/// The box that the grid is drawn ahead for, so that a growing window finds it there.
+constexpr Size kDrawnAhead = {1432, 1168};
+constexpr int kColumnsAhead = 72;
+constexpr int kRowsAhead = 59;
+
+void DrawGrid(const Surface& surface, int columns, int rows, Color color) {
+  for (int i = 1; i <= columns; ++i) DrawColumn(surface, GridLine(i), color);
+  for (int i = 1; i <= rows; ++i) DrawRow(surface, GridLine(i), color);
+}
+
+void Fill(PictureBox& box, Color color) {
+  box.Cls();
+  const Surface surface = box.hDC();
+  FillBox(surface, surface.Bounds(), color);
+}
+
+void DrawGridAhead(PictureBox& canvas, Color color) {
+  const Size size = {canvas.Width(), canvas.Height()};
+  canvas.SetWidth(kDrawnAhead.width);
+  canvas.SetHeight(kDrawnAhead.height);
+  DrawGrid(canvas.hDC(), kColumnsAhead, kRowsAhead, color);
+  canvas.SetWidth(size.width);
+  canvas.SetHeight(size.height);
+  canvas.TrimImage();
+}
+
+}  // namespace
+
+void mnuFileNew_Click(Document& document) {
+  if (document.platform.MsgBox("Are you sure?", BoxStyle::YesNoQuestion, "New map") !=
+      Answer::Yes) {
+    return;
+  }
+
+  const Settings& settings = document.settings;
+  const bool ShowGrid = NumericValue(settings.GetINIFileString("Map", "Grid", "")) != 0;
+  const Color CanvasColor = ColorValue(settings.GetINIFileString("Color", "Canvas", ""));
+  const Color GridColor = ColorValue(settings.GetINIFileString("Color", "Grid", ""));
+
+  PictureBox& Canvas = document.Canvas;
+  PictureBox& pbclear = document.pbclear;
+  Fill(Canvas, CanvasColor);
+  if (ShowGrid) DrawGridAhead(Canvas, GridColor);
+  Fill(pbclear, CanvasColor);
+  if (ShowGrid) {
+    DrawGrid(pbclear.hDC(), pbclear.Width() / kCellSize, pbclear.Height() / kCellSize, GridColor);
+  }
+  Canvas.Refresh();
+
+  document.HasCurrentFile = false;
+  SetTitle(document);
+}
+
+}  // namespace morvane

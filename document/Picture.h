@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "document/Color.h"
+#include "document/Rect.h"
+
+namespace morvane {
+
+/// Pixels to read, owned by somebody else.
+struct PictureView {
+  const Pixel* pixels = nullptr;
+  int width = 0;
+  int height = 0;
+  int stride = 0;  ///< pixels from one row to the next
+
+  const Pixel* Row(int y) const { return pixels + static_cast<std::ptrdiff_t>(y) * stride; }
+  Rect Bounds() const { return {0, 0, width, height}; }
+};
+
+/// Pixels to draw on, owned by somebody else. Drawing is cut at the edges.
+struct Surface {
+  Pixel* pixels = nullptr;
+  int width = 0;
+  int height = 0;
+  int stride = 0;          ///< pixels from one row to the next
+  Rect* damage = nullptr;  ///< grows by every rectangle that is drawn, where somebody keeps one
+
+  Pixel* Row(int y) const { return pixels + static_cast<std::ptrdiff_t>(y) * stride; }
+  Rect Bounds() const { return {0, 0, width, height}; }
+};
+
+/// A picture that owns its pixels.
+class Picture {
+ public:
+  Picture() = default;
+  Picture(int width, int height, Color fill = kWhite);
+  /// A copy of what the view shows.
+  explicit Picture(const PictureView& view);
+
+  int Width() const { return width_; }
+  int Height() const { return height_; }
+  bool IsEmpty() const { return width_ == 0 || height_ == 0; }
+
+  Pixel* Row(int y) { return pixels_.data() + static_cast<std::ptrdiff_t>(y) * width_; }
+  PictureView View() const { return {pixels_.data(), width_, height_, width_}; }
+  Surface Draw() { return {pixels_.data(), width_, height_, width_}; }
+
+  friend bool operator==(const Picture&, const Picture&) = default;
+
+ private:
+  int width_ = 0;
+  int height_ = 0;
+  std::vector<Pixel> pixels_;
+};
+
+}  // namespace morvane

@@ -1,0 +1,109 @@
+#include "document/PictureBox.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "document/Blit.h"
+
+namespace morvane {
+namespace {
+
+constexpr int kSunkenBorder = 2;
+
+Picture Enlarged(const PictureView& picture, int width, int height) {
+  Picture larger(std::max(width, picture.width), std::max(height, picture.height));
+  BitBlt(larger.Draw(), 0, 0, picture.width, picture.height, picture, 0, 0);
+  return larger;
+}
+
+}  // namespace
+
+PictureBox::PictureBox(int width, int height, Border border)
+    : width_(width), height_(height), border_(border == Border::Sunken ? kSunkenBorder : 0) {
+  Cls();
+}
+
+int PictureBox::ScaleWidth() const {
+  return std::max(0, width_ - 2 * border_);
+}
+int PictureBox::ScaleHeight() const {
+  return std::max(0, height_ - 2 * border_);
+}
+
+void PictureBox::SetWidth(int width) {
+  if (width < 0) return;
+  width_ = width;
+  GrowImage();
+}
+
+void PictureBox::SetHeight(int height) {
+  if (height < 0) return;
+  height_ = height;
+  GrowImage();
+}
+
+PictureView PictureBox::Image() const {
+  PictureView view = store_.View();
+  view.width = image_.width;
+  view.height = image_.height;
+  return view;
+}
+
+Surface PictureBox::hDC() {
+  Surface surface = store_.Draw();
+  surface.width = ScaleWidth();
+  surface.height = ScaleHeight();
+  surface.damage = &damage_;
+  return surface;
+}
+
+void PictureBox::SetPicture(Picture picture) {
+  picture_ = std::move(picture);
+  store_ = Enlarged(picture_.View(), ScaleWidth(), ScaleHeight());
+  image_ = {store_.Width(), store_.Height()};
+  ExposeAll();
+}
+
+void PictureBox::SetPictureAndSize(Picture picture) {
+  width_ = picture.Width() + 2 * border_;
+  height_ = picture.Height() + 2 * border_;
+  SetPicture(std::move(picture));
+}
+
+void PictureBox::Cls() {
+  TrimImage();
+  store_ = Picture(image_.width, image_.height);
+  ExposeAll();
+}
+
+void PictureBox::TrimImage() {
+  // A box without an inside still has an image: a file of no pixels could not be read back.
+  image_ = {std::max(1, ScaleWidth()), std::max(1, ScaleHeight())};
+}
+
+void PictureBox::Refresh() {
+  exposed_ = exposed_.United(damage_);
+  damage_ = {};
+}
+
+Rect PictureBox::TakeExposed() {
+  return std::exchange(exposed_, Rect{});
+}
+
+bool PictureBox::TakeFocus() {
+  return std::exchange(focusWanted_, false);
+}
+
+void PictureBox::GrowImage() {
+  image_ = {std::max(image_.width, ScaleWidth()), std::max(image_.height, ScaleHeight())};
+  if (image_.width > store_.Width() || image_.height > store_.Height()) {
+    store_ = Enlarged(store_.View(), image_.width, image_.height);
+  }
+}
+
+void PictureBox::ExposeAll() {
+  damage_ = {};
+  exposed_ = {0, 0, image_.width, image_.height};
+}
+
+}  // namespace morvane

@@ -1,0 +1,19 @@
+#include "document/PictureFile.h"
+
+#include "document/Bmp.h"
+
+namespace morvane {
+
+Result<Picture> LoadPicture(Platform& platform, const std::string& path) {
+  Result<Bytes> content = platform.ReadFile(path);
+  if (!content.Ok()) return Result<Picture>::Failed(content.Reason());
+  if (content.Value().empty()) return Result<Picture>::Failed("The file is empty.");
+  return IsBmp(content.Value()) ? ReadBmp(content.Value())
+                                : platform.DecodePicture(content.Value());
+}
+
+Failure SavePicture(Platform& platform, const PictureView& picture, const std::string& path) {
+  return platform.WriteFile(path, WriteBmp(picture));
+}
+
+}  // namespace morvane

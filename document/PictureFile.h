@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+#include "document/Picture.h"
+#include "platform/Platform.h"
+
+namespace morvane {
+
+/// Loads a picture from an image file of any known format.
+Result<Picture> LoadPicture(Platform& platform, const std::string& path);
+
+/// Writes the picture as a BMP file, replacing the file as a whole or not at all.
+Failure SavePicture(Platform& platform, const PictureView& picture, const std::string& path);
+
+}  // namespace morvane

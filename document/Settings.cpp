@@ -1,0 +1,55 @@
+#include "document/Settings.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace morvane {
+namespace {
+
+constexpr const char* kFileName = "Morvane.ini";
+constexpr std::size_t kBufferSize = 2048;
+
+bool IsBlank(char c) {
+  return c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
+}  // namespace
+
+std::string Settings::GetINIFileString(const std::string& section, const std::string& key,
+                                       const std::string& dv) const {
+  return platform_.GetPrivateProfileString(section, key, dv, kBufferSize,
+                                           WithTrailingBackslash(StartDir) + kFileName);
+}
+
+std::string WithTrailingBackslash(const std::string& aString) {
+  return aString.ends_with('/') ? aString : aString + '/';
+}
+
+double NumericValue(const std::string& text) {
+  std::string digits = text;
+  std::erase_if(digits, IsBlank);
+  const char* begin = digits.data();
+  const char* end = begin + digits.size();
+  const char* first = begin != end && (*begin == '+' || *begin == '-') ? begin + 1 : begin;
+  if (begin != end && *begin == '+') ++begin;
+  // Words such as "infinity" are no numbers here.
+  const bool startsNumber = first != end && (*first == '.' || (*first >= '0' && *first <= '9'));
+  double value = 0;
+  if (!startsNumber || std::from_chars(begin, end, value).ec != std::errc()) return 0;
+  return value;
+}
+
+std::int32_t LongValue(const std::string& text) {
+  const double rounded = std::nearbyint(NumericValue(text));
+  using Limits = std::numeric_limits<std::int32_t>;
+  if (rounded < Limits::min() || rounded > Limits::max()) return 0;
+  return static_cast<std::int32_t>(rounded);
+}
+
+Color ColorValue(const std::string& text) {
+  return static_cast<Color>(LongValue(text)) & 0xFFFFFFU;
+}
+
+}  // namespace morvane

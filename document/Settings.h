@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+
+#include "document/Color.h"
+#include "platform/Platform.h"
+
+namespace morvane {
+
+/// The settings file "Morvane.ini", read afresh at each use.
+class Settings {
+ public:
+  explicit Settings(Platform& platform) : platform_(platform) {}
+
+  /// The directory that was current at start; the file lives there.
+  std::string StartDir;
+
+  /// The text of a key; dv where the file, the section or the key is missing.
+  std::string GetINIFileString(const std::string& section, const std::string& key,
+                               const std::string& dv) const;
+
+ private:
+  Platform& platform_;
+};
+
+/// The folder with exactly the separator that a file name can be put behind.
+std::string WithTrailingBackslash(const std::string& aString);
+
+/// The number at the start of a text, blanks ignored; 0 where there is none.
+double NumericValue(const std::string& text);
+
+/// The numeric value rounded to a whole number, halves to even; 0 where it is out of range.
+std::int32_t LongValue(const std::string& text);
+
+/// A colour setting: its low 24 bits name the colour.
+Color ColorValue(const std::string& text);
+
+}  // namespace morvane

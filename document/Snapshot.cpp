@@ -1,0 +1,17 @@
+#include "document/Snapshot.h"
+
+#include "document/Bmp.h"
+#include "document/Notice.h"
+
+namespace morvane {
+
+void TakeSnapshot(Document& document) {
+  const Failure failure = document.platform.WriteSnapshot(WriteBmp(document.Canvas.Image()));
+  if (failure.empty() || document.SnapshotFailureTold) return;
+  document.SnapshotFailureTold = true;
+  TellFailure(document.platform,
+              "The map could not be kept for Undo. Drawing goes on, but can't be taken back.", "",
+              failure);
+}
+
+}  // namespace morvane

@@ -1,0 +1,103 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace morvane {
+
+class Picture;
+
+using Bytes = std::vector<std::uint8_t>;
+
+/// Why something failed, in plain words for the user; empty when it succeeded.
+using Failure = std::string;
+
+/// A value, or the reason why there is none.
+template <typename T>
+class [[nodiscard]] Result {
+ public:
+  Result(T value) : state_(std::in_place_index<0>, std::move(value)) {}
+  static Result Failed(Failure reason) { return Result(std::move(reason), FailedTag{}); }
+
+  bool Ok() const { return state_.index() == 0; }
+  T& Value() { return std::get<0>(state_); }
+  const Failure& Reason() const { return std::get<1>(state_); }
+
+ private:
+  struct FailedTag {};
+  Result(Failure reason, FailedTag) : state_(std::in_place_index<1>, std::move(reason)) {}
+  std::variant<T, Failure> state_;
+};
+
+/// Buttons and icon of a message box.
+enum class BoxStyle {
+  OkOnly = 0,
+  YesNoCancelQuestion = 35,
+  YesNoQuestion = 36,
+  OkExclamation = 48,
+  YesNoExclamation = 52,
+};
+
+enum class Answer { Ok, Cancel, Yes, No };
+
+/// How a file dialog is set up before it is shown.
+struct FileDialog {
+  std::string DialogTitle;
+  std::string Filter;    ///< "Description (*.ext)|*.ext"
+  std::string FileName;  ///< preset, may be empty
+  std::string InitDir;   ///< folder to start in; empty leaves the choice to the platform
+};
+
+/// The name that stands in the title of every notice.
+inline constexpr const char* kProgramName = "Morvane";
+
+/// The seam: all that the rules need of a desktop. Paths and texts are UTF-8.
+class Platform {
+ public:
+  Platform() = default;
+  Platform(const Platform&) = delete;
+  Platform& operator=(const Platform&) = delete;
+  virtual ~Platform() = default;
+
+  /// Brings the window up to date in the middle of an event.
+  virtual void ShowState() = 0;
+  /// Asks or tells the user something; returns when a button was pressed.
+  virtual Answer MsgBox(const std::string& text, BoxStyle style, const std::string& title) = 0;
+  /// Lets the user choose a file to open; empty after a cancel.
+  virtual std::string ShowOpen(const FileDialog& dialog) = 0;
+  /// Lets the user name a file to save, without asking about one that exists; empty after a cancel.
+  virtual std::string ShowSave(const FileDialog& dialog) = 0;
+
+  virtual std::string CurrentDirectory() = 0;
+  /// Whether a normal file of that name exists.
+  virtual bool FileExists(const std::string& path) = 0;
+  virtual bool FolderExists(const std::string& path) = 0;
+  /// The whole of a normal file; anything else is refused with its reason.
+  virtual Result<Bytes> ReadFile(const std::string& path) = 0;
+  /// Puts the bytes in the place of a file, all or nothing: after a failure the old file is intact.
+  virtual Failure WriteFile(const std::string& path, const Bytes& content) = 0;
+  /// The names of the files in a folder that match one of the patterns "*.a;*.b", case ignored,
+  /// in natural order. A folder that can't be read has none.
+  virtual std::vector<std::string> ListFiles(const std::string& folder,
+                                             const std::string& pattern) = 0;
+  /// Where a map that can't be saved may be rescued to, best first.
+  virtual std::vector<std::string> RescueFolders() = 0;
+
+  /// One value of a private-profile file, at most size - 1 bytes of it.
+  virtual std::string GetPrivateProfileString(const std::string& section, const std::string& key,
+                                              const std::string& dv, std::size_t size,
+                                              const std::string& path) = 0;
+
+  /// Replaces the one snapshot of this process. After a failure there is none.
+  virtual Failure WriteSnapshot(const Bytes& content) = 0;
+  virtual Result<Bytes> ReadSnapshot() = 0;
+  virtual void DeleteSnapshot() = 0;
+
+  /// Decodes a picture of any format but BMP, laid over white.
+  virtual Result<Picture> DecodePicture(const Bytes& content) = 0;
+};
+
+}  // namespace morvane
