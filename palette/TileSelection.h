@@ -1,0 +1,10 @@
+#pragma once
+
+#include "palette/Palette.h"
+
+namespace morvane {
+
+/// A click on an item makes it the current stamp and returns to Tile mode.
+void Item_Click(Palette& palette, const Item& item);
+
+}  // namespace morvane
