@@ -1,0 +1,38 @@
+#pragma once
+
+#include "palette/Palette.h"
+
+namespace morvane {
+
+/// The working state of one run, and the events of the main window's life.
+struct MainForm {
+  MainForm(Platform& platform, const TilePictures::SheetLoader& loadSheet)
+      : document(platform), palette(document, loadSheet) {}
+
+  Document document;
+  Palette palette;
+  bool StatusBarVisible = true;  ///< and the check mark of mnuViewStatusBar
+
+  /// Loads the form, then shows the stored folder of custom tiles.
+  void Form_Initialize();
+
+  /// The inside of the window has a new size, in pixels.
+  void Form_Resize(int ScaleWidth, int ScaleHeight);
+
+  /// View > Status Bar.
+  void mnuViewStatusBar_Click();
+
+  /// The window is about to close. Returns whether that is cancelled.
+  bool Form_Unload();
+
+  /// All windows are closed: takes away what the run kept on disk.
+  void EndRun();
+
+ private:
+  void Form_Load();
+
+  int scaleWidth_ = 787;
+  int scaleHeight_ = 537;
+};
+
+}  // namespace morvane
