@@ -1,0 +1,62 @@
+# Renders the pictures in art/ and puts them into the program as resources:
+#   :/tiles/<set>/<sheet>.png   the sheets of the tile sets, natural size
+#   :/ui/<name>.png             buttons and icons, with an @2x twin for fine displays
+#   :/ui/<name>.jpg             the large pictures, likewise
+
+find_program(RSVG_CONVERT rsvg-convert REQUIRED)
+find_program(GRAPHICSMAGICK gm REQUIRED)
+
+set(MORVANE_TILE_SHEETS
+  abandoned-cathedral/tiles abandoned-cathedral/furniture abandoned-cathedral/various
+  abandoned-cathedral/edges
+  grave-dungeon/tiles grave-dungeon/furniture grave-dungeon/various grave-dungeon/edges
+  tsr-original/tiles tsr-original/edges
+  classic-village/tiles classic-village/buildings classic-village/various classic-village/edges
+)
+set(MORVANE_ICONS
+  mode-tile mode-wall mode-door flip-horizontal flip-vertical rotate-left rotate-right
+  new open save print undo redo cut copy paste morvane
+)
+set(MORVANE_JPEGS splash)
+
+# Renders one sheet at a zoom into the file `out` below the build's art folder.
+function(morvane_render svg out zoom)
+  set(png ${CMAKE_BINARY_DIR}/art/${out})
+  get_filename_component(folder ${png} DIRECTORY)
+  file(MAKE_DIRECTORY ${folder})
+  add_custom_command(OUTPUT ${png}
+    COMMAND ${RSVG_CONVERT} --zoom ${zoom} --output ${png} ${CMAKE_SOURCE_DIR}/art/${svg}
+    DEPENDS ${CMAKE_SOURCE_DIR}/art/${svg}
+    COMMENT "Rendering ${out}" VERBATIM)
+endfunction()
+
+# The same as a JPEG.
+function(morvane_render_jpeg svg out zoom)
+  morvane_render(${svg} ${out}.png ${zoom})
+  set(jpeg ${CMAKE_BINARY_DIR}/art/${out}.jpg)
+  add_custom_command(OUTPUT ${jpeg}
+    COMMAND ${GRAPHICSMAGICK} convert ${CMAKE_BINARY_DIR}/art/${out}.png
+            -sampling-factor 1x1 -quality 93 ${jpeg}
+    DEPENDS ${CMAKE_BINARY_DIR}/art/${out}.png
+    COMMENT "Rendering ${out}.jpg" VERBATIM)
+endfunction()
+
+function(morvane_add_art target)
+  set(files)
+  foreach(sheet IN LISTS MORVANE_TILE_SHEETS)
+    morvane_render(${sheet}.svg tiles/${sheet}.png 1)
+    list(APPEND files tiles/${sheet}.png)
+  endforeach()
+  foreach(icon IN LISTS MORVANE_ICONS)
+    morvane_render(ui/${icon}.svg ui/${icon}.png 1)
+    morvane_render(ui/${icon}.svg ui/${icon}@2x.png 2)
+    list(APPEND files ui/${icon}.png ui/${icon}@2x.png)
+  endforeach()
+  foreach(picture IN LISTS MORVANE_JPEGS)
+    morvane_render_jpeg(ui/${picture}.svg ui/${picture} 1)
+    morvane_render_jpeg(ui/${picture}.svg ui/${picture}@2x 2)
+    list(APPEND files ui/${picture}.jpg ui/${picture}@2x.jpg)
+  endforeach()
+  list(TRANSFORM files PREPEND ${CMAKE_BINARY_DIR}/art/)
+  qt_add_resources(${target} art PREFIX "/" BASE ${CMAKE_BINARY_DIR}/art FILES ${files})
+endfunction()
