@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/Platform.h"
+
+namespace morvane {
+
+/// The whole of a normal file. Folders, pipes and devices are refused before they are opened.
+Result<Bytes> ReadNormalFile(const std::string& path);
+
+/// Writes a temporary file beside the target, flushes it and renames it over the target. Symbolic
+/// links are followed and the file's mode is kept.
+Failure ReplaceFile(const std::string& path, const Bytes& content);
+
+/// The names in a folder that match one of "*.a;*.b", case ignored, in natural order.
+std::vector<std::string> MatchingFiles(const std::string& folder, const std::string& pattern);
+
+}  // namespace morvane

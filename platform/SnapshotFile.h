@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Platform.h"
+
+namespace morvane {
+
+/// The one snapshot of this process, in a file that it holds open and locked.
+///
+/// It lives as "mvtmp.~mp" in the directory that is current at the first write. Where that can't be
+/// had, because the directory can't be written, another process holds the name, or the name is
+/// something else's, it lives in a private temporary folder.
+class SnapshotFile {
+ public:
+  SnapshotFile() = default;
+  SnapshotFile(const SnapshotFile&) = delete;
+  SnapshotFile& operator=(const SnapshotFile&) = delete;
+  ~SnapshotFile();
+
+  Failure Write(const Bytes& content);
+  Result<Bytes> Read() const;
+  void Delete();
+
+ private:
+  Failure OpenInCurrentDirectory();
+  Failure OpenInPrivateFolder();
+  Failure Open(const std::string& path);
+  Failure Overwrite(const Bytes& content);
+
+  int file_ = -1;
+  std::string path_;
+  std::string privateFolder_;
+  std::size_t size_ = 0;  ///< of the snapshot; 0 where there is none
+};
+
+}  // namespace morvane
