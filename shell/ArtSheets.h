@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QIcon>
+#include <string>
+
+#include "document/Picture.h"
+
+namespace morvane {
+
+/// One art sheet of the tile sets by its name, such as "grave-dungeon/furniture".
+Picture LoadArtSheet(const std::string& name);
+
+/// A picture of the user interface, with its twin for fine displays.
+QIcon LoadIcon(const char* name);
+
+}  // namespace morvane

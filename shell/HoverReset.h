@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QObject>
+
+class QWidget;
+
+namespace morvane {
+
+/// Tells when the pointer moves over controls where the outline on the map has to vanish.
+class HoverReset : public QObject {
+  Q_OBJECT
+
+ public:
+  using QObject::QObject;
+
+  /// Watches a control with all that it holds.
+  void Watch(QWidget* control);
+  /// Watches a control alone, without its children.
+  void WatchAlone(QWidget* control);
+
+ signals:
+  void Moved();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+};
+
+}  // namespace morvane

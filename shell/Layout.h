@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QFont>
+#include <QRect>
+
+namespace morvane {
+
+/// Designed measures are twips, 15 to the pixel.
+constexpr int Px(int twips) {
+  return twips / 15;
+}
+
+constexpr QRect PlaceOf(int left, int top, int width, int height) {
+  return {Px(left), Px(top), Px(width), Px(height)};
+}
+
+/// Text sizes in pixels, so that a designed place holds its text whatever the desktop's font is.
+inline constexpr int kSmallText = 11;  // 8.25 points
+inline constexpr int kLabelText = 12;  // 9 points
+
+inline QFont ArialFont(int pixels, bool bold = false) {
+  QFont font("Arial");
+  font.setStyleHint(QFont::SansSerif);
+  font.setPixelSize(pixels);
+  font.setBold(bold);
+  return font;
+}
+
+}  // namespace morvane

@@ -1,0 +1,93 @@
+#include "shell/LeftColumn.h"
+
+#include <QLabel>
+#include <QToolButton>
+
+#include "shell/ArtSheets.h"
+#include "shell/Layout.h"
+#include "shell/PictureBoxView.h"
+#include "shell/Text.h"
+#include "shell/TileSetCombo.h"
+
+namespace morvane {
+namespace {
+
+QLabel* AddLabel(QWidget* window, const char* name, const char* text, const QRect& place,
+                 const QFont& font) {
+  auto* label = new QLabel(text, window);
+  label->setObjectName(name);
+  label->setGeometry(place);
+  label->setFont(font);
+  label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+QToolButton* AddButton(QWidget* window, const char* name, const char* toolTip, const char* icon,
+                       const QPoint& corner) {
+  auto* button = new QToolButton(window);
+  button->setObjectName(name);
+  button->setToolTip(toolTip);
+  button->setAccessibleName(toolTip);
+  button->setIcon(LoadIcon(icon));
+  button->setIconSize({24, 24});
+  button->setGeometry(QRect(corner, QSize(Px(420), Px(405))));
+  button->setFocusPolicy(Qt::StrongFocus);
+  return button;
+}
+
+const char* FaceOf(const Palette& palette) {
+  if (palette.WallMode) return "mode-wall";
+  return palette.DoorMode ? "mode-door" : "mode-tile";
+}
+
+}  // namespace
+
+LeftColumn::LeftColumn(Palette& palette, QWidget* window) : QObject(window), palette_(palette) {
+  AddModeBox(window);
+  AddStampBox(window);
+  AddTileSetRow(window);
+}
+
+void LeftColumn::AddModeBox(QWidget* window) {
+  wallButton_ = AddButton(window, "WallButton", "Mode", "mode-tile", {Px(120), Px(630)});
+  const QFont heading = ArialFont(kLabelText, true);
+  const QFont text = ArialFont(kSmallText);
+  AddLabel(window, "Label4", "Mode:", PlaceOf(630, 600, 615, 255), heading);
+  mode_ = AddLabel(window, "lbMode", "Tile", PlaceOf(630, 840, 495, 255), text);
+  AddLabel(window, "Label1", "Selected Tile:", PlaceOf(1290, 600, 1335, 255), heading);
+  tile_ = AddLabel(window, "Label2", "Floor", PlaceOf(1290, 840, 1770, 255), text);
+}
+
+void LeftColumn::AddStampBox(QWidget* window) {
+  stamp_ = new PictureBoxView(palette_.Picture1, window);
+  stamp_->setObjectName("Picture1");
+  stamp_->setAccessibleName("Selected tile");
+  stamp_->move(Px(825), Px(1320));
+  AddButton(window, "FlipVertical", "Flip Vertical", "flip-vertical", {Px(120), Px(1320)});
+  AddButton(window, "FlipHorizontal", "Flip Horizontal", "flip-horizontal", {Px(1920), Px(1320)});
+  AddButton(window, "RotateLeft", "Rotate Left", "rotate-left", {Px(120), Px(1800)});
+  AddButton(window, "Rotate", "Rotate Right", "rotate-right", {Px(1920), Px(1800)});
+}
+
+void LeftColumn::AddTileSetRow(QWidget* window) {
+  AddLabel(window, "Label3", "Tileset:", PlaceOf(120, 2475, 735, 255), ArialFont(kLabelText, true));
+  tileSet_ = new TileSetCombo(window);
+  tileSet_->setObjectName("TileSetSelector");
+  tileSet_->setAccessibleName("Tileset");
+  tileSet_->setFont(ArialFont(kSmallText));
+  tileSet_->setGeometry(PlaceOf(750, 2445, 1650, 330));
+  for (const TileSet& set : TileSets()) tileSet_->addItem(TextOf(set.caption));
+  tileSet_->addItem("Custom");
+  connect(tileSet_, &QComboBox::activated, this, &LeftColumn::TileSetChosen);
+}
+
+void LeftColumn::ShowState() {
+  wallButton_->setIcon(LoadIcon(FaceOf(palette_)));
+  mode_->setText(TextOf(palette_.ModeCaption()));
+  tile_->setText(TextOf(palette_.Label2));
+  stamp_->ShowState();
+  tileSet_->setCurrentIndex(palette_.TileSetSelector.ListIndex);
+}
+
+}  // namespace morvane

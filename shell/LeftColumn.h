@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QObject>
+
+#include "palette/Palette.h"
+
+class QComboBox;
+class QLabel;
+class QToolButton;
+
+namespace morvane {
+
+class PictureBoxView;
+
+/// Mode box, selected tile box, stamp box and tile set row.
+class LeftColumn : public QObject {
+  Q_OBJECT
+
+ public:
+  LeftColumn(Palette& palette, QWidget* window);
+
+  void ShowState();
+
+ signals:
+  void TileSetChosen(int ListIndex);
+
+ private:
+  void AddModeBox(QWidget* window);
+  void AddStampBox(QWidget* window);
+  void AddTileSetRow(QWidget* window);
+
+  Palette& palette_;
+  QToolButton* wallButton_ = nullptr;
+  QLabel* mode_ = nullptr;
+  QLabel* tile_ = nullptr;
+  PictureBoxView* stamp_ = nullptr;
+  QComboBox* tileSet_ = nullptr;
+};
+
+}  // namespace morvane

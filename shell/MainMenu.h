@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QObject>
+
+class QAction;
+class QMenuBar;
+
+namespace morvane {
+
+/// The menu tree of the main window, hidden entries included.
+class MainMenu : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit MainMenu(QMenuBar* bar);
+
+  void SetUndoEnabled(bool enabled);
+  void SetStatusBarChecked(bool checked);
+
+ signals:
+  /// An entry was chosen, by mouse, mnemonic or shortcut; its name is the system's.
+  void Chosen(const QString& name);
+
+ private:
+  QAction* Find(const char* name) const;
+
+  QMenuBar* bar_;
+};
+
+}  // namespace morvane

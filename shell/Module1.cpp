@@ -1,0 +1,51 @@
+#include "shell/Module1.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QThread>
+
+#include "platform/QtPlatform.h"
+#include "shell/ArtSheets.h"
+#include "shell/frmMain.h"
+#include "shell/frmSplash.h"
+
+namespace morvane {
+namespace {
+
+constexpr int kCount = 3000000;
+constexpr qint64 kShortestSplash = 400;  // ms; today's machines count too fast for the eye
+
+void Count() {
+  for (volatile int i = 1; i <= kCount;) {
+    const int next = i + 1;
+    i = next;
+  }
+}
+
+}  // namespace
+
+int RunMorvane(int argc, char** argv) {
+  // Map pixels stay square and sharp: only whole-number scale factors.
+  QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(kProgramName);
+
+  frmSplash splash;
+  splash.ShowAtOnce();
+  QElapsedTimer shown;
+  shown.start();
+
+  QtPlatform platform;
+  MainForm form(platform, &LoadArtSheet);
+  frmMain window(form);
+  platform.SetWindow(&window, [&window] { window.ShowState(); });
+
+  Count();
+  const qint64 rest = kShortestSplash - shown.elapsed();
+  if (rest > 0) QThread::msleep(static_cast<unsigned long>(rest));
+  splash.close();
+  window.show();
+  return QApplication::exec();
+}
+
+}  // namespace morvane

@@ -1,0 +1,67 @@
+#include "shell/PaletteView.h"
+
+#include "palette/PalettePages.h"
+#include "shell/Layout.h"
+#include "shell/TabStrip.h"
+#include "shell/Text.h"
+#include "shell/TileBox.h"
+
+namespace morvane {
+namespace {
+
+/// Designed sizes in twips, by set and page.
+constexpr std::array<Size, kBuiltInSets> kStripSizes = {
+    {{2310, 3135}, {2295, 3135}, {2310, 3135}, {2310, 3855}}};
+constexpr std::array<std::array<Size, kMostPages>, kBuiltInSets> kFrameSizes = {{
+    {{{2130, 2475}, {2175, 2535}, {2175, 2535}}},
+    {{{2130, 2535}, {2130, 2535}, {2130, 2535}}},
+    {{{2130, 2415}, {}, {}}},
+    {{{2175, 3255}, {2175, 3255}, {2175, 3255}}},
+}};
+
+}  // namespace
+
+PaletteView::PaletteView(const Palette& palette, QWidget* window)
+    : QObject(window), palette_(palette) {
+  for (int set = 0; set < kBuiltInSets; ++set) AddSet(set, window);
+  AddItems();
+}
+
+void PaletteView::AddSet(int set, QWidget* window) {
+  const TileSet& tileSet = TileSets()[set];
+  QStringList captions;
+  for (int page = 0; page < tileSet.pageCount; ++page) {
+    captions << TextOf(tileSet.pages[page].caption);
+  }
+  auto* strip = new TabStrip(captions, window);
+  strip->setObjectName(TextOf(tileSet.tabStrip));
+  strip->setGeometry(PlaceOf(120, 2880, kStripSizes[set].width, kStripSizes[set].height));
+  connect(strip, &TabStrip::TabChosen, this, [this, set](int tab) { emit TabClicked(set, tab); });
+  strips_[set] = strip;
+
+  for (int page = 1; page <= tileSet.pageCount; ++page) {
+    const Size size = kFrameSizes[set][page - 1];
+    auto* frame = new QWidget(window);
+    frame->setObjectName(TextOf(tileSet.frame) + "-" + QString::number(page));
+    frame->setGeometry(PlaceOf(240, 3360, size.width, size.height));
+    frames_[set].push_back(frame);
+  }
+}
+
+void PaletteView::AddItems() {
+  for (const Item& item : Items()) {
+    auto* box = new TileBox(item, palette_.pictures.Of(item), frames_[item.set][item.page - 1]);
+    connect(box, &TileBox::clicked, this, [this, &item] { emit ItemClicked(item); });
+  }
+}
+
+void PaletteView::ShowState() {
+  for (int set = 0; set < kBuiltInSets; ++set) {
+    strips_[set]->setVisible(palette_.TileSetSelector.ListIndex == set);
+    for (int page = 1; page <= TileSets()[set].pageCount; ++page) {
+      frames_[set][page - 1]->setVisible(IsPageVisible(palette_, set, page));
+    }
+  }
+}
+
+}  // namespace morvane

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QObject>
+#include <array>
+#include <vector>
+
+#include "palette/Palette.h"
+
+namespace morvane {
+
+class TabStrip;
+
+/// The tab strips and pages of the built-in tile sets.
+class PaletteView : public QObject {
+  Q_OBJECT
+
+ public:
+  PaletteView(const Palette& palette, QWidget* window);
+
+  /// Shows the strip and the page of the chosen set, and hides all others.
+  void ShowState();
+
+  /// The strips, whose empty areas take the outline off the map.
+  const std::array<TabStrip*, kBuiltInSets>& Strips() const { return strips_; }
+
+ signals:
+  void ItemClicked(const morvane::Item& item);
+  void TabClicked(int set, int tab);
+
+ private:
+  void AddSet(int set, QWidget* window);
+  void AddItems();
+
+  const Palette& palette_;
+  std::array<TabStrip*, kBuiltInSets> strips_{};
+  std::array<std::vector<QWidget*>, kBuiltInSets> frames_;
+};
+
+}  // namespace morvane

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QFrame>
+
+#include "document/PictureBox.h"
+
+namespace morvane {
+
+/// Shows the image of a picture box, pixel for pixel.
+class PictureBoxView : public QFrame {
+ public:
+  PictureBoxView(PictureBox& box, QWidget* parent);
+
+  /// Takes the size of the box and repaints what it has exposed since.
+  void ShowState();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  PictureBox& box_;
+};
+
+/// Draws a part of a picture at the same place of a widget, offset by an origin.
+void PaintPicture(QPainter& painter, const PictureView& picture, const QPoint& origin,
+                  const QRect& part);
+
+}  // namespace morvane

@@ -1,0 +1,38 @@
+#include "shell/StatusBar.h"
+
+#include <QDateTime>
+#include <QLabel>
+#include <QLocale>
+
+#include "shell/Layout.h"
+
+namespace morvane {
+
+StatusBar::StatusBar(QWidget* parent) : QFrame(parent), line_(new QLabel(this)) {
+  setObjectName("sbStatusBar");
+  setFont(ArialFont(kSmallText));
+  line_->setObjectName("SimpleText");
+  line_->setTextFormat(Qt::PlainText);
+  line_->setAccessibleName("Status");
+  const QDateTime now = QDateTime::currentDateTime();
+  AddPanel("Status", "Status");
+  AddPanel("Date", QLocale().toString(now.date(), QLocale::ShortFormat));
+  AddPanel("Time", QLocale().toString(now.time(), QLocale::ShortFormat));
+}
+
+void StatusBar::SetSimpleText(const QString& text) {
+  line_->setText(text);
+}
+
+void StatusBar::resizeEvent(QResizeEvent* /*event*/) {
+  constexpr int kMargin = 4;
+  line_->setGeometry(rect().adjusted(kMargin, 0, -kMargin, 0));
+}
+
+void StatusBar::AddPanel(const char* key, const QString& text) {
+  auto* panel = new QLabel(text, this);
+  panel->setObjectName(key);
+  panel->hide();
+}
+
+}  // namespace morvane

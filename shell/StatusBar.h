@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QFrame>
+
+class QLabel;
+
+namespace morvane {
+
+/// One line of text across the whole width.
+///
+/// It also keeps three panels, for the status, the date and the time, that this mode doesn't show.
+class StatusBar : public QFrame {
+  Q_OBJECT
+
+ public:
+  explicit StatusBar(QWidget* parent);
+
+  void SetSimpleText(const QString& text);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void AddPanel(const char* key, const QString& text);
+
+  QLabel* line_;
+};
+
+}  // namespace morvane

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QTabBar>
+#include <QWidget>
+
+namespace morvane {
+
+/// A row of tabs over an empty pane; the pages that stand on it are not its children.
+class TabStrip : public QWidget {
+  Q_OBJECT
+
+ public:
+  TabStrip(const QStringList& captions, QWidget* parent);
+
+ signals:
+  /// Another tab was chosen; tabs count from 1.
+  void TabChosen(int index);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  QTabBar* tabs_;
+};
+
+}  // namespace morvane

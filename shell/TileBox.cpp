@@ -1,0 +1,45 @@
+#include "shell/TileBox.h"
+
+#include <QPainter>
+
+#include "shell/Layout.h"
+#include "shell/PictureBoxView.h"
+#include "shell/Text.h"
+
+namespace morvane {
+namespace {
+
+constexpr int kCellTwips = 360;
+
+/// The side of a box for a side of its picture: the cells that it covers and a little more, so that
+/// no click is lost between two boxes.
+constexpr int BoxSide(int pictureSide) {
+  return pictureSide / kSheetCell * kCellTwips + 15;
+}
+
+}  // namespace
+
+TileBox::TileBox(const Item& item, const Picture& picture, QWidget* page)
+    : QAbstractButton(page), picture_(picture) {
+  const int height = item.control == "pbaltar" ? 765 : BoxSide(item.stored.height);
+  setGeometry(
+      PlaceOf(item.column * kCellTwips, item.row * kCellTwips, BoxSide(item.stored.width), height));
+  setObjectName(TextOf(item.control));
+  setToolTip(TextOf(item.caption));
+  setAccessibleName(TextOf(item.caption));
+  setFocusPolicy(Qt::TabFocus);
+  setAttribute(Qt::WA_Hover);
+}
+
+void TileBox::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const QRect place(0, 0, picture_.Width(), picture_.Height());
+  PaintPicture(painter, picture_.View(), {0, 0}, place);
+  if (!underMouse() && !hasFocus()) return;
+  QPen pen(palette().color(QPalette::Highlight), 2);
+  pen.setJoinStyle(Qt::MiterJoin);
+  painter.setPen(pen);
+  painter.drawRect(place.adjusted(1, 1, 1, 1));
+}
+
+}  // namespace morvane

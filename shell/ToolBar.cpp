@@ -1,0 +1,54 @@
+#include "shell/ToolBar.h"
+
+#include <array>
+
+#include "shell/ArtSheets.h"
+
+namespace morvane {
+namespace {
+
+struct Button {
+  const char* key;   ///< and tool tip; empty for a separator without a key
+  const char* icon;  ///< null for a separator
+};
+
+constexpr std::array<Button, 12> kButtons = {{
+    {"New", "new"},
+    {"Open", "open"},
+    {"Save", "save"},
+    {"", nullptr},
+    {"Print", "print"},
+    {"", nullptr},
+    {"Undo", "undo"},
+    {"Redo", "redo"},
+    {"sep", nullptr},
+    {"Cut", "cut"},
+    {"Copy", "copy"},
+    {"Paste", "paste"},
+}};
+
+}  // namespace
+
+ToolBar::ToolBar(QWidget* parent) : QToolBar(parent) {
+  setObjectName("tbToolBar");
+  setIconSize({16, 16});
+  setMovable(false);
+  for (const Button& button : kButtons) {
+    if (button.icon == nullptr) {
+      addSeparator()->setObjectName(button.key);
+      continue;
+    }
+    const QString key = button.key;
+    QAction* action = addAction(LoadIcon(button.icon), key);
+    action->setObjectName(key);
+    action->setToolTip(key);
+    connect(action, &QAction::triggered, this, [this, key] { emit ButtonClicked(key); });
+    if (key == "Undo") undo_ = action;
+  }
+}
+
+void ToolBar::SetUndoEnabled(bool enabled) {
+  undo_->setEnabled(enabled);
+}
+
+}  // namespace morvane

@@ -1,0 +1,165 @@
+#include "shell/frmMain.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <map>
+
+#include "document/MapFiles.h"
+#include "document/NewMap.h"
+#include "document/Undo.h"
+#include "palette/PalettePages.h"
+#include "palette/TileSelection.h"
+#include "shell/ArtSheets.h"
+#include "shell/CanvasView.h"
+#include "shell/ClientArea.h"
+#include "shell/CustomFrame.h"
+#include "shell/HoverReset.h"
+#include "shell/Layout.h"
+#include "shell/LeftColumn.h"
+#include "shell/MainMenu.h"
+#include "shell/PaletteView.h"
+#include "shell/StatusBar.h"
+#include "shell/TabStrip.h"
+#include "shell/Text.h"
+#include "shell/ToolBar.h"
+#include "tools/CanvasMouse.h"
+
+namespace morvane {
+namespace {
+
+Qt::CursorShape ShapeOf(Pointer pointer) {
+  switch (pointer) {
+    case Pointer::Cross:
+      return Qt::CrossCursor;
+    case Pointer::IBeam:
+      return Qt::IBeamCursor;
+    case Pointer::Hourglass:
+      return Qt::WaitCursor;
+    default:
+      return Qt::ArrowCursor;
+  }
+}
+
+}  // namespace
+
+frmMain::frmMain(MainForm& form)
+    : form_(form),
+      client_(new ClientArea(this)),
+      menu_(new MainMenu(menuBar())),
+      tbToolBar_(new ToolBar(client_)),
+      sbStatusBar_(new StatusBar(client_)),
+      leftColumn_(new LeftColumn(form.palette, client_)),
+      palette_(new PaletteView(form.palette, client_)),
+      frame5_(new CustomFrame(form.palette, client_)),
+      canvas_(new CanvasView(form.document.Canvas, client_)) {
+  setObjectName("frmMain");
+  setWindowIcon(LoadIcon("morvane"));
+  setCentralWidget(client_);
+  canvas_->move(Px(2520), Px(480));
+  canvas_->setFocus();
+  ConnectEvents();
+  WatchHover();
+  form_.Form_Initialize();
+  ShowState();
+  resize(Px(11805), Px(8055) + menuBar()->sizeHint().height());
+}
+
+void frmMain::ConnectEvents() {
+  connect(client_, &ClientArea::Resized, this, &frmMain::Form_Resize);
+  connect(menu_, &MainMenu::Chosen, this, &frmMain::RunCommand);
+  connect(tbToolBar_, &ToolBar::ButtonClicked, this, [this](const QString& key) {
+    static const std::map<QString, QString> kCommands = {
+        {"New", "mnuFileNew"},     {"Open", "mnuFileOpen"}, {"Save", "mnuFileSave"},
+        {"Print", "mnuFilePrint"}, {"Undo", "mnuEditUndo"}, {"Redo", "mnuEditRedo"},
+        {"Cut", "mnuEditCut"},     {"Copy", "mnuEditCopy"}, {"Paste", "mnuEditPaste"},
+    };
+    RunCommand(kCommands.at(key));
+  });
+  connect(leftColumn_, &LeftColumn::TileSetChosen, this, [this](int ListIndex) {
+    TileSetSelector_Click(form_.palette, ListIndex);
+    ShowState();
+  });
+  connect(palette_, &PaletteView::TabClicked, this, [this](int set, int tab) {
+    TabStrip_Click(form_.palette, set, tab);
+    ShowState();
+  });
+  connect(palette_, &PaletteView::ItemClicked, this, [this](const Item& item) {
+    Item_Click(form_.palette, item);
+    ShowState();
+  });
+  connect(canvas_, &CanvasView::Pressed, this, [this](int Button, float X, float Y) {
+    Canvas_MouseDown(form_.palette, Button, X, Y);
+    ShowState();
+  });
+}
+
+void frmMain::WatchHover() {
+  // What isn't watched keeps its moves to itself; they are no moves over the window.
+  for (QWidget* control : client_->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+    control->setAttribute(Qt::WA_NoMousePropagation);
+  }
+  auto* reset = new HoverReset(this);
+  reset->WatchAlone(client_);
+  reset->Watch(tbToolBar_);
+  reset->Watch(sbStatusBar_);
+  reset->WatchAlone(frame5_);
+  reset->Watch(frame5_->File1());
+  for (TabStrip* strip : palette_->Strips()) reset->Watch(strip);
+  connect(reset, &HoverReset::Moved, this, [this] { HideOutline(form_.palette); });
+}
+
+void frmMain::RunCommand(const QString& name) {
+  static const std::map<QString, void (*)(Document&)> kDocumentCommands = {
+      {"mnuFileNew", &mnuFileNew_Click},   {"mnuFileOpen", &mnuFileOpen_Click},
+      {"mnuFileSave", &mnuFileSave_Click}, {"mnuFileSaveAs", &mnuFileSaveAs_Click},
+      {"mnuEditUndo", &mnuEditUndo_Click},
+  };
+  const auto found = kDocumentCommands.find(name);
+  if (found != kDocumentCommands.end()) {
+    found->second(form_.document);
+  } else if (name == "mnuViewStatusBar") {
+    form_.mnuViewStatusBar_Click();
+  } else if (name == "mnuFileExit") {
+    close();
+  }
+  ShowState();
+}
+
+void frmMain::Form_Resize() {
+  tbToolBar_->setGeometry(0, 0, client_->width(), Px(420));
+  const int barHeight = Px(270);
+  sbStatusBar_->setGeometry(0, client_->height() - barHeight, client_->width(), barHeight);
+  form_.Form_Resize(client_->width(), client_->height());
+  ShowState();
+}
+
+void frmMain::ShowState() {
+  Document& document = form_.document;
+  setWindowTitle(TextOf(document.Caption));
+  setCursor(ShapeOf(document.MousePointer));
+  canvas_->setCursor(ShapeOf(document.Canvas.MousePointer));
+  menu_->SetUndoEnabled(document.mnuEditUndoEnabled);
+  menu_->SetStatusBarChecked(form_.StatusBarVisible);
+  tbToolBar_->SetUndoEnabled(document.UndoButtonEnabled);
+  sbStatusBar_->SetSimpleText(TextOf(document.StatusText));
+  sbStatusBar_->setVisible(form_.StatusBarVisible);
+  leftColumn_->ShowState();
+  palette_->ShowState();
+  frame5_->ShowState();
+  canvas_->ShowState();
+  if (document.Canvas.TakeFocus()) canvas_->setFocus();
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+  if (form_.Form_Unload()) {
+    event->ignore();
+    return;
+  }
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window != this) window->close();
+  }
+  form_.EndRun();
+}
+
+}  // namespace morvane

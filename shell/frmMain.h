@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include "tools/MainForm.h"
+
+namespace morvane {
+
+class CanvasView;
+class ClientArea;
+class CustomFrame;
+class LeftColumn;
+class MainMenu;
+class PaletteView;
+class StatusBar;
+class ToolBar;
+
+/// The main window. Each of its events runs in the core; then the window shows the state.
+class frmMain : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  explicit frmMain(MainForm& form);
+
+  /// Brings every control up to date.
+  void ShowState();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void ConnectEvents();
+  void WatchHover();
+  /// Runs the command of a menu entry or of the tool bar button that stands for it.
+  void RunCommand(const QString& name);
+  void Form_Resize();
+
+  MainForm& form_;
+  ClientArea* client_;
+  MainMenu* menu_;
+  ToolBar* tbToolBar_;
+  StatusBar* sbStatusBar_;
+  LeftColumn* leftColumn_;
+  PaletteView* palette_;
+  CustomFrame* frame5_;
+  CanvasView* canvas_;
+};
+
+}  // namespace morvane

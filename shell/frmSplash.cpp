@@ -1,0 +1,52 @@
+#include "shell/frmSplash.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QPainter>
+#include <QScreen>
+#include <QWindow>
+
+#include "shell/ArtSheets.h"
+#include "shell/Layout.h"
+
+namespace morvane {
+namespace {
+
+constexpr QSize kDesigned = {6825, 2925};  // twips
+
+}  // namespace
+
+QSize SplashSize(int ScaleWidth, const QSize& designed) {
+  return ScaleWidth == 6828 ? QSize(5462, 2342) : designed;
+}
+
+frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint) {
+  setObjectName("frmSplash");
+  const QSize size = SplashSize(kDesigned.width(), kDesigned);
+  setFixedSize(Px(size.width()), Px(size.height()));
+  const bool fine = devicePixelRatioF() > 1;
+  picture_ = QPixmap(fine ? ":/ui/splash@2x.jpg" : ":/ui/splash.jpg");
+  const QRect display = screen()->geometry();
+  move(display.center() - rect().center());
+}
+
+void frmSplash::ShowAtOnce() {
+  constexpr qint64 kLongestWait = 1000;  // ms, for a window system that never tells
+  show();
+  QElapsedTimer waited;
+  waited.start();
+  while (!windowHandle()->isExposed() && waited.elapsed() < kLongestWait) {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 10);
+  }
+  repaint();
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void frmSplash::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.drawPixmap(rect(), picture_);
+  painter.setPen(palette().color(QPalette::Shadow));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+}  // namespace morvane

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QWidget>
+
+namespace morvane {
+
+/// The window that greets during start-up: a picture without a caption.
+class frmSplash : public QWidget {
+  Q_OBJECT
+
+ public:
+  frmSplash();
+
+  /// Shows the window and waits until it can be seen; no event of the user is handled meanwhile.
+  void ShowAtOnce();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QPixmap picture_;
+};
+
+/// The outer size in twips that the splash window is cut to, given the inner width that it came up
+/// with. Displays with 12 twips to the pixel make it too wide by a fifth.
+QSize SplashSize(int ScaleWidth, const QSize& designed);
+
+}  // namespace morvane

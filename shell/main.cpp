@@ -1,0 +1,5 @@
+#include "shell/Module1.h"
+
+int main(int argc, char** argv) {
+  return morvane::RunMorvane(argc, argv);
+}
