@@ -1,0 +1,173 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "document/Bmp.h"
+#include "tests/support/BmpMaker.h"
+#include "tests/support/Sample.h"
+
+namespace morvane {
+namespace {
+
+void ExpectSame(const BmpMaker& maker, const Picture& expected) {
+  Result<Picture> read = ReadBmp(maker.Make());
+  ASSERT_TRUE(read.Ok()) << read.Reason();
+  EXPECT_EQ(read.Value(), expected);
+}
+
+/// A picture from rows of palette indices, top row first.
+Picture Indexed(const BmpMaker& maker, const std::vector<std::vector<int>>& rows) {
+  Picture picture(static_cast<int>(rows[0].size()), static_cast<int>(rows.size()));
+  for (int y = 0; y < picture.Height(); ++y) {
+    for (int x = 0; x < picture.Width(); ++x) {
+      SetPixelV(picture.Draw(), x, y, maker.palette[rows[y][x]]);
+    }
+  }
+  return picture;
+}
+
+TEST(Bmp, WhatIsWrittenComesBack) {
+  for (const int width : {1, 2, 3, 4, 5, 20, 61}) {
+    const Picture picture = Speckled(width, 7);
+    const Bytes bytes = WriteBmp(picture.View());
+    ASSERT_EQ(bytes.size(), 54U + 7U * static_cast<unsigned>((width * 3 + 3) / 4 * 4));
+    Result<Picture> read = ReadBmp(bytes);
+    ASSERT_TRUE(read.Ok()) << read.Reason();
+    EXPECT_EQ(read.Value(), picture);
+  }
+}
+
+TEST(Bmp, WrittenFileIsExactlyThisOne) {
+  Picture picture(2, 2, kWhite);
+  SetPixelV(picture.Draw(), 0, 0, 0x030201);  // red 1, green 2, blue 3
+  const Bytes expected = {'B',  'M',  70,  0,   0, 0, 0,  0, 0, 0,   54,   0,    0,   0,
+                          40,   0,    0,   0,   2, 0, 0,  0, 2, 0,   0,    0,    1,   0,
+                          24,   0,    0,   0,   0, 0, 16, 0, 0, 0,   0xC4, 0x0E, 0,   0,
+                          0xC4, 0x0E, 0,   0,   0, 0, 0,  0, 0, 0,   0,    0,    255, 255,
+                          255,  255,  255, 255, 0, 0, 3,  2, 1, 255, 255,  255,  0,   0};
+  EXPECT_EQ(WriteBmp(picture.View()), expected);
+}
+
+TEST(Bmp, ReadsIndexedDepthsInBothDirectionsAndAllHeaders) {
+  for (const std::uint32_t header : {12U, 16U, 40U, 64U, 108U, 124U}) {
+    BmpMaker maker;
+    maker.header = header;
+    maker.width = 9;
+    maker.height = 2;
+    maker.palette = {0x000000, 0xFF0000, 0x00FF00, 0x0000FF};
+    maker.bits = 2;
+    maker.data = {0b00011011, 0b11100100, 0b01000000, 0,  // lower row
+                  0b11111111, 0b00000000, 0b10000000, 0};
+    const std::vector<std::vector<int>> rows = {{3, 3, 3, 3, 0, 0, 0, 0, 2},
+                                                {0, 1, 2, 3, 3, 2, 1, 0, 1}};
+    ExpectSame(maker, Indexed(maker, rows));
+    if (header < 40) continue;
+    maker.height = -2;
+    ExpectSame(maker, Indexed(maker, {rows[1], rows[0]}));
+  }
+  BmpMaker one;
+  one.width = 10;
+  one.height = 1;
+  one.bits = 1;
+  one.palette = {0x112233, 0x445566};
+  one.data = {0b10110000, 0b01000000, 0, 0};
+  ExpectSame(one, Indexed(one, {{1, 0, 1, 1, 0, 0, 0, 0, 0, 1}}));
+  BmpMaker four = one;
+  four.width = 3;
+  four.bits = 4;
+  four.palette = {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16};
+  four.data = {0x2F, 0x70, 0, 0};
+  ExpectSame(four, Indexed(four, {{2, 15, 7}}));
+  BmpMaker eight = four;
+  eight.bits = 8;
+  eight.data = {15, 0, 9, 0};
+  ExpectSame(eight, Indexed(eight, {{15, 0, 9}}));
+}
+
+TEST(Bmp, IndicesBeyondAShortPaletteAreBlack) {
+  BmpMaker maker;
+  maker.width = 2;
+  maker.height = 1;
+  maker.bits = 8;
+  maker.palette = {0xABCDEF};
+  maker.data = {0, 200, 0, 0};
+  Picture expected(2, 1, 0);
+  SetPixelV(expected.Draw(), 0, 0, 0xABCDEF);
+  ExpectSame(maker, expected);
+}
+
+TEST(Bmp, ReadsTrueColourWithAndWithoutBitFields) {
+  BmpMaker maker;
+  maker.width = 2;
+  maker.height = 1;
+  maker.bits = 16;
+  maker.data = {0x00, 0x7C, 0xFF, 0x03};  // red; green and blue, 5 bits each
+  Picture expected(2, 1, 0x0000FF);
+  SetPixelV(expected.Draw(), 1, 0, 0xFFFF00);
+  ExpectSame(maker, expected);
+
+  maker.compression = 3;
+  maker.masks = {0xF800, 0x07E0, 0x001F};
+  maker.data = {0x00, 0xF8, 0xFF, 0x07};
+  ExpectSame(maker, expected);
+
+  maker.bits = 32;
+  maker.masks = {0x3FF00000, 0x000FFC00, 0x000003FF};  // ten bits a channel
+  maker.data = {0, 0, 0xF0, 0x3F, 0xFF, 0xFF, 0x0F, 0x00};
+  ExpectSame(maker, expected);
+
+  maker.compression = 0;
+  maker.masks.clear();
+  maker.data = {0, 0, 255, 77, 255, 255, 0, 0};  // the fourth byte means nothing
+  ExpectSame(maker, expected);
+}
+
+TEST(Bmp, SeeThroughPixelsLieOnWhite) {
+  BmpMaker maker;
+  maker.header = 108;
+  maker.width = 3;
+  maker.height = 1;
+  maker.bits = 32;
+  maker.compression = 3;
+  maker.masks = {0xFF0000, 0xFF00, 0xFF, 0xFF000000};
+  maker.data = {0, 0, 0, 0, 0, 0, 0, 128, 0, 0, 0, 255};
+  Picture expected(3, 1, kWhite);
+  SetPixelV(expected.Draw(), 1, 0, 0x7F7F7F);
+  SetPixelV(expected.Draw(), 2, 0, 0x000000);
+  ExpectSame(maker, expected);
+  maker.data = {10, 20, 30, 0, 10, 20, 30, 0, 10, 20, 30, 0};  // an unused channel
+  ExpectSame(maker, Picture(3, 1, 0x0A141E));
+}
+
+TEST(Bmp, ReadsRunLengths) {
+  BmpMaker maker;
+  maker.width = 6;
+  maker.height = 3;
+  maker.bits = 8;
+  maker.compression = 1;
+  maker.palette = {0, 1, 2, 3, 4, 5, 6, 7, 8};
+  maker.data = {2, 7, 0, 3, 1, 2, 3, 0,         // a run, then three single pixels and a fill byte
+                0, 0, 0, 2, 2, 1, 9, 5, 0, 1};  // end of line, two right and one up, a long run
+  ExpectSame(maker, Indexed(maker, {{0, 0, 5, 5, 5, 5}, {0, 0, 0, 0, 0, 0}, {7, 7, 1, 2, 3, 0}}));
+
+  maker.bits = 4;
+  maker.compression = 2;
+  maker.width = 5;
+  maker.height = 2;
+  maker.data = {3, 0x12, 0, 0, 0, 5, 0x34, 0x56, 0x70, 0, 0, 1};
+  ExpectSame(maker, Indexed(maker, {{3, 4, 5, 6, 7}, {1, 2, 1, 0, 0}}));
+
+  maker.header = 64;
+  maker.bits = 24;
+  maker.compression = 4;
+  maker.width = 3;
+  maker.height = 1;
+  maker.palette.clear();
+  maker.data = {2, 1, 2, 3, 0, 1};
+  Picture expected(3, 1, 0x010203);
+  SetPixelV(expected.Draw(), 2, 0, 0);
+  ExpectSame(maker, expected);
+}
+
+}  // namespace
+}  // namespace morvane

@@ -1,0 +1,171 @@
+#include "document/MapFiles.h"
+
+#include <gtest/gtest.h>
+
+#include "document/Bmp.h"
+#include "tests/support/Sample.h"
+
+namespace morvane {
+namespace {
+
+struct MapFiles : testing::Test, Editor {
+  const SeenBox overwriteQuestion{"File already exists. Are you sure?", BoxStyle::YesNoExclamation,
+                                  "Warning"};
+  const SeenBox exitQuestion{"Do you want to save your map?", BoxStyle::YesNoCancelQuestion,
+                             "Save?"};
+  Picture drawn = Speckled(60, 60);
+
+  MapFiles() { BitBlt(document.Canvas.hDC(), 0, 0, 60, 60, drawn.View(), 0, 0); }
+
+  void HaveFile(const std::string& path) {
+    document.CurrentFile = path;
+    document.HasCurrentFile = true;
+    SetTitle(document);
+  }
+};
+
+TEST_F(MapFiles, SaveWithoutAFileIsSaveAs) {
+  platform.settings["Map/Dir"] = "/maps";
+  document.CurrentFile = "/maps/earlier.bmp";
+  platform.chosenFiles = {"/maps/first"};
+  mnuFileSave_Click(document);
+  ASSERT_EQ(platform.dialogs.size(), 1U);
+  const FileDialog& dialog = platform.dialogs[0];
+  EXPECT_EQ(dialog.DialogTitle, "Save As");
+  EXPECT_EQ(dialog.Filter, "Map files (*.bmp)|*.bmp");
+  EXPECT_EQ(dialog.FileName, "/maps/earlier.bmp");
+  EXPECT_EQ(dialog.InitDir, "/maps");
+  EXPECT_EQ(platform.files["/maps/first"], WriteBmp(document.Canvas.Image()));
+  EXPECT_EQ(document.CurrentFile, "/maps/first");
+  EXPECT_EQ(document.Caption, "Morvane - first");
+  EXPECT_TRUE(platform.boxes.empty());
+}
+
+TEST_F(MapFiles, SaveWritesOverTheFileAndSaysSo) {
+  HaveFile("/maps/a.bmp");
+  platform.files["/maps/a.bmp"] = {1, 2, 3};
+  mnuFileSave_Click(document);
+  EXPECT_TRUE(platform.dialogs.empty());
+  EXPECT_EQ(platform.files["/maps/a.bmp"], WriteBmp(document.Canvas.Image()));
+  ASSERT_EQ(platform.boxes.size(), 1U);
+  EXPECT_EQ(platform.boxes[0], (SeenBox{"Map saved as /maps/a.bmp", BoxStyle::OkOnly, "Morvane"}));
+}
+
+TEST_F(MapFiles, SaveAsAsksBeforeAnExistingFile) {
+  platform.files["/maps/b.bmp"] = {9};
+  platform.chosenFiles = {"/maps/b.bmp", "/maps/b.bmp"};
+  platform.answers = {Answer::No, Answer::Yes};
+  mnuFileSaveAs_Click(document);
+  EXPECT_EQ(platform.files["/maps/b.bmp"], Bytes{9});
+  EXPECT_FALSE(document.HasCurrentFile);
+  EXPECT_EQ(document.Caption, "Morvane");
+  mnuFileSaveAs_Click(document);
+  EXPECT_EQ(document.Caption, "Morvane - b.bmp");
+  EXPECT_EQ(platform.boxes, (std::vector<SeenBox>{overwriteQuestion, overwriteQuestion}));
+  mnuFileSaveAs_Click(document);  // cancelled
+  EXPECT_EQ(document.CurrentFile, "/maps/b.bmp");
+}
+
+TEST_F(MapFiles, AFailedSaveIsToldAndLeavesEverything) {
+  HaveFile("/maps/a.bmp");
+  platform.files["/maps/a.bmp"] = {1};
+  platform.unwritable = {"/maps"};
+  mnuFileSave_Click(document);
+  platform.chosenFiles = {"/maps/other.bmp"};
+  mnuFileSaveAs_Click(document);
+  ASSERT_EQ(platform.boxes.size(), 2U);
+  EXPECT_EQ(platform.boxes[0].text,
+            "The map could not be saved.\n\n/maps/a.bmp\n\nNo space left on device");
+  EXPECT_EQ(platform.boxes[0].title, "Morvane");
+  EXPECT_EQ(platform.files["/maps/a.bmp"], Bytes{1});
+  EXPECT_EQ(document.CurrentFile, "/maps/a.bmp");
+  EXPECT_EQ(document.Caption, "Morvane - a.bmp");
+}
+
+TEST_F(MapFiles, OpenPutsThePictureAtTheTopLeftAndNamesTheFile) {
+  platform.files["/maps/small.bmp"] = WriteBmp(drawn.View());
+  platform.chosenFiles = {"/maps/small.bmp"};
+  FillBox(document.Canvas.hDC(), {0, 0, 615, 483}, 0);
+  const int snapshots = platform.snapshots;
+  mnuFileOpen_Click(document);
+  EXPECT_EQ(platform.dialogs[0].DialogTitle, "Open");
+  EXPECT_EQ(platform.dialogs[0].FileName, "");
+  EXPECT_TRUE(Holds(document.Canvas.Image(), 0, 0, {60, 60}, drawn.View()));
+  EXPECT_EQ(GetPixel(document.Canvas.Image(), 60, 0), kWhite);
+  EXPECT_EQ(document.Canvas.Width(), 619);
+  EXPECT_EQ(document.Caption, "Morvane - small.bmp");
+  EXPECT_TRUE(document.HasCurrentFile);
+  EXPECT_EQ(platform.snapshots, snapshots);
+  EXPECT_FALSE(document.mnuEditUndoEnabled);
+  mnuFileSave_Click(document);
+  EXPECT_EQ(platform.files["/maps/small.bmp"], WriteBmp(document.Canvas.Image()));
+}
+
+TEST_F(MapFiles, WhatIsNoPictureIsRefusedWithItsReason) {
+  HaveFile("/maps/a.bmp");
+  const Picture before = Map();
+  Bytes cut = WriteBmp(drawn.View());
+  cut.resize(cut.size() / 2);
+  platform.files = {
+      {"/cut.bmp", cut}, {"/text.bmp", {'h', 'e', 'l', 'l', 'o'}}, {"/empty.bmp", {}}};
+  const std::map<std::string, std::string> reasons = {
+      {"/cut.bmp", "The file ends too early."},
+      {"/text.bmp", "This is not a picture that can be read."},
+      {"/empty.bmp", "The file is empty."},
+      {"/missing.bmp", "There is no such file."}};
+  for (const auto& [path, reason] : reasons) {
+    platform.chosenFiles = {path};
+    mnuFileOpen_Click(document);
+    EXPECT_EQ(platform.boxes.back().text,
+              "The map could not be opened.\n\n" + path + "\n\n" + reason);
+    EXPECT_EQ(Map(), before);
+    EXPECT_EQ(document.CurrentFile, "/maps/a.bmp");
+  }
+  mnuFileOpen_Click(document);  // cancelled
+  EXPECT_EQ(platform.boxes.size(), reasons.size());
+}
+
+TEST_F(MapFiles, ExitAlwaysAsks) {
+  platform.answers = {Answer::Cancel};
+  EXPECT_TRUE(form.Form_Unload());
+  EXPECT_FALSE(platform.snapshot.empty());
+  platform.answers = {Answer::No};
+  EXPECT_FALSE(form.Form_Unload());
+  EXPECT_EQ(platform.boxes, (std::vector<SeenBox>{exitQuestion, exitQuestion}));
+  EXPECT_TRUE(platform.files.empty());
+  form.EndRun();
+  EXPECT_TRUE(platform.snapshot.empty());
+}
+
+TEST_F(MapFiles, ExitWithYesSaves) {
+  platform.answers = {Answer::Yes};
+  platform.chosenFiles = {"/maps/new.bmp"};
+  EXPECT_FALSE(form.Form_Unload());
+  EXPECT_TRUE(platform.files.contains("/maps/new.bmp"));
+  EXPECT_EQ(platform.boxes.size(), 1U);
+  platform.answers = {Answer::Yes};
+  EXPECT_FALSE(form.Form_Unload());
+  EXPECT_EQ(platform.boxes.back().text, "Map saved as /maps/new.bmp");
+}
+
+TEST_F(MapFiles, ExitWithYesAndACancelledDialogExitsUnsaved) {
+  platform.answers = {Answer::Yes};
+  EXPECT_FALSE(form.Form_Unload());
+  EXPECT_EQ(platform.dialogs.size(), 1U);
+  EXPECT_TRUE(platform.files.empty());
+}
+
+TEST_F(MapFiles, AFailedSaveAtExitLeavesARescueCopy) {
+  HaveFile("/maps/a.bmp");
+  platform.unwritable = {"/maps", "/home"};
+  platform.files["/tmp/Morvane rescue.bmp"] = {5};
+  platform.answers = {Answer::Yes};
+  EXPECT_FALSE(form.Form_Unload());
+  EXPECT_EQ(platform.files["/tmp/Morvane rescue 2.bmp"], WriteBmp(document.Canvas.Image()));
+  EXPECT_EQ(platform.files["/tmp/Morvane rescue.bmp"], Bytes{5});
+  EXPECT_NE(platform.boxes.back().text.find("/tmp/Morvane rescue 2.bmp"), std::string::npos);
+  EXPECT_NE(platform.boxes.back().text.find("No space left on device"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace morvane

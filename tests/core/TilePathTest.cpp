@@ -1,0 +1,154 @@
+#include "tools/TilePath.h"
+
+#include <gtest/gtest.h>
+
+#include "document/Bmp.h"
+#include "document/NewMap.h"
+#include "palette/PalettePages.h"
+#include "palette/TileSelection.h"
+#include "tests/support/Sample.h"
+#include "tools/Buttons.h"
+#include "tools/CanvasMouse.h"
+#include "tools/GridTests.h"
+
+namespace morvane {
+namespace {
+
+struct TilePathTest : testing::Test, Editor {
+  TilePathTest() {
+    platform.settings = {{"Map/Grid", "1"}, {"Color/Canvas", "16777215"}, {"Color/Grid", "255"}};
+    platform.answers = {Answer::Yes};
+    mnuFileNew_Click(document);
+  }
+  void Pick(const char* control) { Item_Click(palette, *FindItem(control)); }
+  const Picture& PictureOf(const char* control) const {
+    return palette.pictures.Of(*FindItem(control));
+  }
+};
+
+/// The search as it is told: every index in turn, without an early exit.
+int ScannedSnap(float v, int extent) {
+  int snap = 0;
+  for (int i = 0; i <= extent / 20; ++i) {
+    if (v > static_cast<float>(20 * i - 1) && v < static_cast<float>(20 * (i + 1) - 1)) {
+      snap = 20 * i;
+    }
+  }
+  return snap;
+}
+
+TEST(Grid, CellSearchEqualsTheScan) {
+  for (const int extent : {0, 19, 20, 599, 600, 619}) {
+    for (float v = -45; v < 700; v += 0.25F) {
+      ASSERT_EQ(FindCell(v, extent).value_or(0) * 20, ScannedSnap(v, extent)) << v << " " << extent;
+    }
+  }
+}
+
+TEST_F(TilePathTest, PressesLandOrAreRefusedByTheTable) {
+  struct Row {
+    int pointer;
+    int snap;
+    bool accepted;
+  };
+  const std::vector<Row> rows = {{0, 0, true},   {18, 0, true},   {19, 0, true},  {20, 20, true},
+                                 {38, 20, true}, {39, 0, true},   {40, 40, true}, {58, 40, true},
+                                 {59, 0, false}, {60, 60, true},  {78, 60, true}, {79, 0, false},
+                                 {99, 0, false}, {100, 100, true}};
+  const Picture blank = Map();
+  for (const Row& across : rows) {
+    for (const Row& down : rows) {
+      const int snapshots = platform.snapshots;
+      const auto X = static_cast<float>(across.pointer);
+      const auto Y = static_cast<float>(down.pointer);
+      Picture expected = blank;
+      const bool accepted = across.accepted && down.accepted;
+      if (accepted) {
+        BitBlt(expected.Draw(), across.snap, down.snap, 20, 20, PictureOf("pbfloor").View(), 0, 0);
+      }
+      Canvas_MouseDown(palette, kLeftButton, X, Y);
+      ASSERT_EQ(Map(), expected) << across.pointer << "," << down.pointer;
+      ASSERT_EQ(platform.snapshots, snapshots + (accepted ? 1 : 0));
+      Canvas_MouseDown(palette, kRightButton, X, Y);
+      ASSERT_EQ(Map(), blank) << across.pointer << "," << down.pointer;
+      ASSERT_EQ(platform.snapshots, snapshots + (accepted ? 2 : 0));
+    }
+  }
+}
+
+TEST_F(TilePathTest, TheSnapshotIsTheMapDirectlyBeforeTheCopy) {
+  Canvas_MouseDown(palette, kLeftButton, 5, 5);
+  const Bytes before = WriteBmp(document.Canvas.Image());
+  Canvas_MouseDown(palette, kLeftButton, 45, 45);
+  EXPECT_EQ(platform.snapshot, before);
+}
+
+TEST_F(TilePathTest, WorkedExample) {
+  Pick("pb4040");
+  Canvas_MouseDown(palette, kLeftButton, 47, 130);
+  EXPECT_TRUE(Holds(document.Canvas.Image(), 40, 120, {40, 40}, PictureOf("pb4040").View()));
+  const Picture stamped = Map();
+  Canvas_MouseDown(palette, kLeftButton, 47, 139);
+  EXPECT_EQ(Map(), stamped);
+  Canvas_MouseDown(palette, kRightButton, 47, 130);
+  EXPECT_TRUE(Holds(document.Canvas.Image(), 0, 0, {615, 483}, document.pbclear.Image()));
+}
+
+TEST_F(TilePathTest, AStampOfOnePixelLessLeavesTheClosingGridLine) {
+  Pick("ptaltar");
+  Canvas_MouseDown(palette, kLeftButton, 100, 100);
+  const PictureView map = document.Canvas.Image();
+  EXPECT_TRUE(Holds(map, 100, 100, {39, 19}, PictureOf("ptaltar").View()));
+  EXPECT_EQ(GetPixel(map, 139, 110), 255U);
+  EXPECT_EQ(GetPixel(map, 110, 119), 255U);
+}
+
+TEST_F(TilePathTest, AnEraseCoversTheStampNotWhatStandsThere) {
+  Pick("pb4040");
+  Canvas_MouseDown(palette, kLeftButton, 60, 60);
+  Pick("pbfloor");
+  Canvas_MouseDown(palette, kRightButton, 60, 60);
+  const PictureView map = document.Canvas.Image();
+  EXPECT_EQ(GetPixel(map, 79, 70), 255U);
+  EXPECT_EQ(GetPixel(map, 80, 80), GetPixel(PictureOf("pb4040").View(), 20, 20));
+}
+
+TEST_F(TilePathTest, StampsAreCutForGoodAtTheEdgeOfTheDrawing) {
+  Pick("pb4040");
+  Canvas_MouseDown(palette, kLeftButton, 614, 470);
+  form.Form_Resize(900, 700);
+  const PictureView map = document.Canvas.Image();
+  EXPECT_EQ(GetPixel(map, 614, 482), GetPixel(PictureOf("pb4040").View(), 14, 22));
+  EXPECT_EQ(GetPixel(map, 616, 482), kWhite);
+  EXPECT_EQ(GetPixel(map, 610, 484), kWhite);
+}
+
+TEST_F(TilePathTest, TheSetOfTheMomentChoosesTheSource) {
+  Pick("ptchest");
+  TileSetSelector_Click(palette, kCustomSet);
+  Canvas_MouseDown(palette, kLeftButton, 100, 100);
+  EXPECT_TRUE(Holds(document.Canvas.Image(), 100, 100, {20, 20}, PictureOf("ptchest").View()));
+  Canvas_MouseDown(palette, kRightButton, 100, 100);
+  EXPECT_EQ(GetPixel(document.Canvas.Image(), 119, 100),
+            GetPixel(PictureOf("ptchest").View(), 19, 0));  // the outline is 19 x 19
+  TileSetSelector_Click(palette, kGraveDungeon);
+  Canvas_MouseDown(palette, kLeftButton, 200, 200);
+  EXPECT_EQ(GetPixel(document.Canvas.Image(), 219, 200), 255U);
+}
+
+TEST_F(TilePathTest, EveryPressRunsTheClosingStepsAndHidesTheOutline) {
+  for (const int button : {kLeftButton, kRightButton, kMiddleButton}) {
+    document.mnuEditUndoEnabled = document.UndoButtonEnabled = false;
+    palette.Shape1.Visible = true;
+    Canvas_MouseDown(palette, button, 59, 59);
+    EXPECT_TRUE(document.mnuEditUndoEnabled);
+    EXPECT_TRUE(document.UndoButtonEnabled);
+    EXPECT_FALSE(palette.Shape1.Visible);
+  }
+  document.Canvas.TakeExposed();
+  Canvas_MouseDown(palette, kLeftButton, 100, 60);
+  EXPECT_EQ(document.Canvas.TakeExposed(), (Rect{100, 60, 120, 80}));
+}
+
+}  // namespace
+}  // namespace morvane

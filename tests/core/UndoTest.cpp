@@ -1,0 +1,115 @@
+#include "document/Undo.h"
+
+#include <gtest/gtest.h>
+
+#include "document/Bmp.h"
+#include "document/MapFiles.h"
+#include "document/NewMap.h"
+#include "tests/support/Sample.h"
+#include "tools/Buttons.h"
+#include "tools/CanvasMouse.h"
+
+namespace morvane {
+namespace {
+
+struct Undo : testing::Test, Editor {
+  void Press(float X, float Y, int Button = kLeftButton) {
+    Canvas_MouseDown(palette, Button, X, Y);
+  }
+  bool Offered() const {
+    EXPECT_EQ(document.mnuEditUndoEnabled, document.UndoButtonEnabled);
+    return document.mnuEditUndoEnabled;
+  }
+};
+
+TEST_F(Undo, AtStartOnlyTheToolBarOffersIt) {
+  EXPECT_FALSE(document.mnuEditUndoEnabled);
+  EXPECT_TRUE(document.UndoButtonEnabled);
+  FillBox(document.Canvas.hDC(), {0, 0, 100, 100}, 0);
+  mnuEditUndo_Click(document);
+  EXPECT_EQ(Map(), Picture(615, 483, kWhite));
+  EXPECT_FALSE(Offered());
+}
+
+TEST_F(Undo, TakesBackTheLastPressOnly) {
+  Press(5, 5);
+  const Picture one = Map();
+  Press(45, 45);
+  EXPECT_TRUE(Offered());
+  EXPECT_NE(Map(), one);
+  mnuEditUndo_Click(document);
+  EXPECT_EQ(Map(), one);
+  EXPECT_FALSE(Offered());
+  mnuEditUndo_Click(document);
+  EXPECT_EQ(Map(), one);
+}
+
+TEST_F(Undo, ARefusedPressOffersItButKeepsTheOlderSnapshot) {
+  const Picture blank = Map();
+  Press(5, 5);
+  const int snapshots = platform.snapshots;
+  Press(59, 30);
+  Press(5, 5, kMiddleButton);
+  EXPECT_EQ(platform.snapshots, snapshots);
+  EXPECT_TRUE(Offered());
+  mnuEditUndo_Click(document);
+  EXPECT_EQ(Map(), blank);
+}
+
+TEST_F(Undo, AfterNewMapItBringsTheOldMapBackButNotItsFile) {
+  document.CurrentFile = "/maps/a.bmp";
+  document.HasCurrentFile = true;
+  Press(5, 5);
+  const Picture stamped = Map();
+  Press(45, 45);
+  platform.answers = {Answer::Yes};
+  mnuFileNew_Click(document);
+  EXPECT_TRUE(Offered());
+  mnuEditUndo_Click(document);
+  EXPECT_EQ(Map(), stamped);
+  EXPECT_EQ(document.Caption, "Morvane");
+  EXPECT_FALSE(document.HasCurrentFile);
+}
+
+TEST_F(Undo, InALargerWindowTheRestIsWhiteWithoutGrid) {
+  platform.settings["Map/Grid"] = "1";
+  platform.answers = {Answer::Yes};
+  mnuFileNew_Click(document);
+  Press(5, 5);
+  form.Form_Resize(987, 737);
+  mnuEditUndo_Click(document);
+  EXPECT_EQ(document.Canvas.Image().width, 815);
+  EXPECT_EQ(GetPixel(document.Canvas.Image(), 614, 482), 0U);
+  EXPECT_EQ(GetPixel(document.Canvas.Image(), 639, 639), kWhite);
+}
+
+TEST_F(Undo, ShowsTheHourglassWhileItReads) {
+  document.Canvas.MousePointer = Pointer::IBeam;
+  int shown = 0;
+  platform.onShowState = [&] {
+    ++shown;
+    EXPECT_EQ(document.MousePointer, Pointer::Hourglass);
+    EXPECT_EQ(document.Canvas.MousePointer, Pointer::Hourglass);
+  };
+  mnuEditUndo_Click(document);
+  EXPECT_EQ(shown, 1);
+  EXPECT_EQ(document.MousePointer, Pointer::Standard);
+  EXPECT_EQ(document.Canvas.MousePointer, Pointer::IBeam);
+}
+
+TEST_F(Undo, WithoutASnapshotItSaysSoAndLeavesTheMap) {
+  platform.snapshotFails = true;
+  Press(5, 5);
+  Press(45, 45);
+  ASSERT_EQ(platform.boxes.size(), 1U);  // told once
+  const Picture before = Map();
+  EXPECT_TRUE(Holds(document.Canvas.Image(), 40, 40, {20, 20}, palette.Picture1.Image()));
+  mnuEditUndo_Click(document);
+  EXPECT_EQ(Map(), before);
+  EXPECT_EQ(platform.boxes.size(), 2U);
+  EXPECT_EQ(document.Canvas.MousePointer, Pointer::Cross);
+  EXPECT_FALSE(Offered());
+}
+
+}  // namespace
+}  // namespace morvane

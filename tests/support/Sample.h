@@ -1,0 +1,56 @@
+#pragma once
+
+#include <string>
+
+#include "document/Blit.h"
+#include "document/Picture.h"
+#include "tests/support/FakePlatform.h"
+#include "tools/MainForm.h"
+
+namespace morvane {
+
+/// A picture in which every pixel has a colour of its own; seeds make pictures differ.
+inline Picture Speckled(int width, int height, unsigned seed = 1) {
+  Picture picture(width, height);
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      const unsigned number = static_cast<unsigned>(y * width + x) + seed * 100'003U;
+      SetPixelV(picture.Draw(), x, y, (number * 2'654'435U) & 0xFFFFFFU);
+    }
+  }
+  return picture;
+}
+
+inline Picture SpeckledSheet(const std::string& name) {
+  unsigned seed = 0;
+  for (const char c : name) seed = seed * 31 + static_cast<unsigned char>(c);
+  return Speckled(120, 180, seed % 1000 + 1);
+}
+
+inline Picture Cut(const PictureView& view, const Rect& rect) {
+  Picture picture(rect.Width(), rect.Height());
+  BitBlt(picture.Draw(), 0, 0, rect.Width(), rect.Height(), view, rect.left, rect.top);
+  return picture;
+}
+
+/// Whether the map holds a picture's top left part at a place.
+inline bool Holds(const PictureView& map, int x, int y, Size size, const PictureView& picture) {
+  return Cut(map, {x, y, x + size.width, y + size.height}) ==
+         Cut(picture, {0, 0, size.width, size.height});
+}
+
+/// The editor as it stands after start, laid out in a window of the designed size.
+struct Editor {
+  FakePlatform platform;
+  MainForm form{platform, &SpeckledSheet};
+  Document& document = form.document;
+  Palette& palette = form.palette;
+
+  Editor() {
+    form.Form_Initialize();
+    form.Form_Resize(787, 537);
+  }
+  Picture Map() const { return Picture(document.Canvas.Image()); }
+};
+
+}  // namespace morvane
