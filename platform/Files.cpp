@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QSaveFile>
 #include <algorithm>
 
@@ -51,7 +52,9 @@ std::vector<std::string> MatchingFiles(const std::string& folder, const std::str
   const QStringList patterns = QString::fromStdString(pattern).split(';');
   QStringList names = QDir(QString::fromStdString(folder))
                           .entryList(patterns, QDir::Files | QDir::Hidden, QDir::NoSort);
-  QCollator natural;
+  // The plain "C" locale knows no natural order.
+  const bool plain = QLocale().language() == QLocale::C;
+  QCollator natural(plain ? QLocale(QLocale::English) : QLocale());
   natural.setNumericMode(true);
   natural.setCaseSensitivity(Qt::CaseInsensitive);
   std::sort(names.begin(), names.end(), natural);

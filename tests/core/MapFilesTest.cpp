@@ -118,7 +118,7 @@ TEST_F(MapFiles, WhatIsNoPictureIsRefusedWithItsReason) {
     mnuFileOpen_Click(document);
     EXPECT_EQ(platform.boxes.back().text,
               "The map could not be opened.\n\n" + path + "\n\n" + reason);
-    EXPECT_EQ(Map(), before);
+    EXPECT_EQ(Difference(Map(), before), "");
     EXPECT_EQ(document.CurrentFile, "/maps/a.bmp");
   }
   mnuFileOpen_Click(document);  // cancelled

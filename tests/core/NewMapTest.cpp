@@ -42,7 +42,7 @@ TEST_F(NewMap, AsksFirstAndNoChangesNothing) {
   for (const Answer answer : {Answer::No, Answer::Cancel}) {
     platform.answers = {answer};
     mnuFileNew_Click(document);
-    EXPECT_EQ(Map(), before);
+    EXPECT_EQ(Difference(Map(), before), "");
     EXPECT_TRUE(document.HasCurrentFile);
     EXPECT_EQ(document.Caption, "Morvane - a.bmp");
   }

@@ -4,6 +4,7 @@
 
 #include "document/Blit.h"
 #include "document/Picture.h"
+#include "tests/support/Difference.h"
 #include "tests/support/FakePlatform.h"
 #include "tools/MainForm.h"
 

@@ -1,0 +1,105 @@
+#include <QFile>
+#include <QImage>
+#include <set>
+
+#include "palette/TilePictures.h"
+#include "shell/ArtSheets.h"
+#include "shell/Text.h"
+#include "tests/support/FormFixture.h"
+
+namespace morvane {
+namespace {
+
+QString SheetOf(const Item& item) {
+  const TileSet& set = TileSets()[item.set];
+  return TextOf(set.folder) + "/" + TextOf(set.pages[item.page - 1].sheet);
+}
+
+QString SheetOf(const EdgePicture& edge) {
+  return TextOf(TileSets()[edge.set].folder) + "/edges";
+}
+
+QRect PlaceOf(const Item& item) {
+  return {item.column * 20, item.row * 20, item.stored.width, item.stored.height};
+}
+
+QRect PlaceOf(const EdgePicture& edge) {
+  const Rect rect = EdgeOnSheet(edge);
+  return {rect.left, rect.top, rect.Width(), rect.Height()};
+}
+
+/// Colours of a picture that must be drawn, whole and without holes.
+std::set<QRgb> ColoursOf(const QString& sheet, const QRect& place) {
+  const QImage image(":/tiles/" + sheet + ".png");
+  EXPECT_TRUE(image.rect().contains(place));
+  std::set<QRgb> colours;
+  for (int y = place.top(); y <= place.bottom(); ++y) {
+    for (int x = place.left(); x <= place.right(); ++x) {
+      colours.insert(image.pixel(x, y));
+      EXPECT_EQ(qAlpha(image.pixel(x, y)), 255) << sheet.toStdString() << " " << x << "," << y;
+    }
+  }
+  return colours;
+}
+
+template <typename Row>
+void ExpectDrawn(const Row& row) {
+  QFile source(QString(MORVANE_ART "/%1.svg").arg(SheetOf(row)));
+  ASSERT_TRUE(source.open(QIODevice::ReadOnly)) << source.fileName().toStdString();
+  EXPECT_EQ(source.readAll().count("id=\"" + TextOf(row.control).toUtf8() + "\""), 1)
+      << row.control;
+  EXPECT_GE(ColoursOf(SheetOf(row), PlaceOf(row)).size(), 2U) << row.control;
+}
+
+TEST(Art, EveryItemAndEdgeIsDrawnAtItsPlaceWithoutHoles) {
+  for (const Item& item : Items()) ExpectDrawn(item);
+  for (const EdgePicture& edge : EdgePictures()) {
+    // A wall may be one plain colour.
+    if (edge.edge != Edge::Wall) ExpectDrawn(edge);
+    ColoursOf(SheetOf(edge), PlaceOf(edge));
+  }
+}
+
+TEST(Art, NoTwoItemsOfASetLookTheSame) {
+  const TilePictures pictures(&LoadArtSheet);
+  for (const Item& one : Items()) {
+    for (const Item& other : Items()) {
+      if (&one >= &other || one.set != other.set) continue;
+      EXPECT_NE(pictures.Of(one), pictures.Of(other)) << one.control << " " << other.control;
+    }
+  }
+}
+
+TEST(Art, TheFenceIsDrawnOnItsSeeThroughColourWithoutBlending) {
+  const TilePictures pictures(&LoadArtSheet);
+  const QRgb key = qRgb(255, 0, 255);
+  for (const Direction direction : {Direction::Vertical, Direction::Horizontal}) {
+    const bool vertical = direction == Direction::Vertical;
+    const PictureView fence = pictures.Of(kClassicVillage, Edge::Wall, direction)->View();
+    EXPECT_EQ(fence.Row(vertical ? 4 : 0)[vertical ? 0 : 4], key);
+    int seeThrough = 0;
+    for (int y = 0; y < fence.height; ++y) {
+      for (int x = 0; x < fence.width; ++x) {
+        const QRgb pixel = fence.Row(y)[x];
+        if (pixel == key)
+          ++seeThrough;
+        else
+          EXPECT_FALSE(qGreen(pixel) < qRed(pixel) / 2 && qBlue(pixel) > qRed(pixel) / 2);
+      }
+    }
+    EXPECT_GT(seeThrough, 20);
+    EXPECT_LT(seeThrough, 70);
+  }
+}
+
+TEST(Art, IconsComeInBothFinenesses) {
+  for (const char* name : {"new", "undo", "mode-tile", "rotate-left", "morvane"}) {
+    const QImage plain(QString(":/ui/%1.png").arg(name));
+    const QImage fine(QString(":/ui/%1@2x.png").arg(name));
+    ASSERT_FALSE(plain.isNull()) << name;
+    EXPECT_EQ(fine.size(), plain.size() * 2) << name;
+  }
+}
+
+}  // namespace
+}  // namespace morvane

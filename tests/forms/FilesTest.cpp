@@ -1,0 +1,101 @@
+#include "platform/Files.h"
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <QFile>
+#include <QImage>
+#include <QImageReader>
+#include <csignal>
+
+#include "document/Blit.h"
+#include "tests/support/FormFixture.h"
+
+namespace morvane {
+namespace {
+
+struct Files : testing::Test {
+  StartFolder folder;
+  const Bytes content = {1, 2, 3, 4};
+
+  Bytes Read(const char* name) {
+    Result<Bytes> read = ReadNormalFile(folder.File(name));
+    EXPECT_TRUE(read.Ok()) << name << ": " << read.Reason();
+    return read.Ok() ? read.Value() : Bytes();
+  }
+};
+
+TEST_F(Files, WhatIsWrittenIsRead) {
+  EXPECT_EQ(ReplaceFile(folder.File("a b ü.bmp"), content), "");
+  EXPECT_EQ(Read("a b ü.bmp"), content);
+  EXPECT_EQ(QDir().entryList(QDir::Files | QDir::Hidden).size(), 1);
+}
+
+TEST_F(Files, LinksAreFollowedAndTheModeIsKept) {
+  ASSERT_EQ(ReplaceFile(folder.File("target"), {}), "");
+  ASSERT_EQ(chmod("target", 0640), 0);
+  ASSERT_TRUE(QFile::link("target", "link"));
+  EXPECT_EQ(ReplaceFile(folder.File("link"), content), "");
+  EXPECT_TRUE(QFileInfo("link").isSymLink());
+  EXPECT_EQ(Read("target"), content);
+  struct stat status {};
+  ASSERT_EQ(stat("target", &status), 0);
+  EXPECT_EQ(status.st_mode & 0777U, 0640U);
+}
+
+TEST_F(Files, WhatIsNoNormalFileIsRefusedWithoutAHang) {
+  ASSERT_EQ(mkfifo("pipe", 0600), 0);
+  ASSERT_TRUE(QDir().mkdir("map.bmp"));
+  const std::vector<std::pair<std::string, std::string>> rows = {
+      {folder.File("pipe"), "This is not a normal file."},
+      {folder.File("map.bmp"), "This is a folder, not a file."},
+      {folder.File("missing"), "There is no such file."},
+      {"/dev/zero", "This is not a normal file."}};
+  for (const auto& [path, reason] : rows) {
+    Result<Bytes> read = ReadNormalFile(path);
+    ASSERT_FALSE(read.Ok()) << path;
+    EXPECT_EQ(read.Reason(), reason);
+  }
+  EXPECT_EQ(ReplaceFile(folder.File("map.bmp"), content), "This is a folder, not a file.");
+  EXPECT_EQ(ReplaceFile(folder.File("pipe"), content), "This is not a normal file.");
+  EXPECT_EQ(ReplaceFile(folder.File("gone/a.bmp"), content), "The folder doesn't exist.");
+  EXPECT_NE(ReplaceFile("/proc/a.bmp", content), "");
+}
+
+TEST_F(Files, AFullDiskLeavesTheOldFile) {
+  const std::string path = folder.File("old.bmp");
+  ASSERT_EQ(ReplaceFile(path, content), "");
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit little{1000, before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &little);
+  const Failure failure = ReplaceFile(path, Bytes(100'000, 7));
+  setrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, handler);
+  EXPECT_NE(failure, "");
+  EXPECT_EQ(Read("old.bmp"), content);
+  EXPECT_EQ(QDir().entryList(QDir::Files | QDir::Hidden).size(), 1);
+}
+
+TEST_F(Files, PicturesOfOtherFormatsLieOnWhite) {
+  QtPlatform platform;
+  QImage picture(2, 1, QImage::Format_ARGB32);
+  picture.setPixelColor(0, 0, QColor(255, 0, 0, 255));
+  picture.setPixelColor(1, 0, QColor(0, 0, 0, 0));
+  ASSERT_TRUE(picture.save("a.png"));
+  Result<Picture> decoded = platform.DecodePicture(Read("a.png"));
+  ASSERT_TRUE(decoded.Ok()) << decoded.Reason();
+  EXPECT_EQ(GetPixel(decoded.Value().View(), 0, 0), 0x0000FFU);
+  EXPECT_EQ(GetPixel(decoded.Value().View(), 1, 0), kWhite);
+  for (const char* format : {"JPEG", "GIF", "ICO", "CUR"}) {
+    EXPECT_TRUE(QImageReader::supportedImageFormats().contains(QByteArray(format).toLower()))
+        << format;
+  }
+  Result<Picture> refused = platform.DecodePicture({'n', 'o'});
+  ASSERT_FALSE(refused.Ok());
+  EXPECT_EQ(refused.Reason().find("This is not a picture that can be read"), 0U);
+}
+
+}  // namespace
+}  // namespace morvane

@@ -1,0 +1,11 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  // Listing the tests, as the build does, needs no window system.
+  if (testing::GTEST_FLAG(list_tests)) return RUN_ALL_TESTS();
+  const QApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}

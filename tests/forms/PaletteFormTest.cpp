@@ -1,0 +1,113 @@
+#include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QTabBar>
+
+#include "document/Blit.h"
+#include "palette/TilePictures.h"
+#include "shell/Text.h"
+#include "tests/support/FormFixture.h"
+
+namespace morvane {
+namespace {
+
+struct PaletteForm : FormFixture {
+  /// Chooses a set as a user does, by keyboard.
+  void ChooseSet(int index) {
+    auto* selector = Find<QComboBox>("TileSetSelector");
+    selector->setFocus();
+    QTest::keyClick(selector, Qt::Key_Home);
+    for (int i = 0; i < index; ++i) QTest::keyClick(selector, Qt::Key_Down);
+  }
+  void ChooseTab(const char* strip, int tab) {
+    auto* tabs = Find(strip)->findChild<QTabBar*>();
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(tab - 1).center());
+  }
+  QStringList VisiblePages() {
+    QStringList visible;
+    for (const TileSet& set : TileSets()) {
+      if (Find(TextOf(set.tabStrip))->isVisible()) visible << TextOf(set.tabStrip);
+      for (int page = 1; page <= set.pageCount; ++page) {
+        const QString frame = TextOf(set.frame) + "-" + QString::number(page);
+        if (Find(frame)->isVisible()) visible << frame;
+      }
+    }
+    if (Find("Frame5")->isVisible()) visible << "Frame5";
+    return visible;
+  }
+};
+
+TEST_F(PaletteForm, SetsAndPagesShowAndHide) {
+  auto* selector = Find<QComboBox>("TileSetSelector");
+  QStringList entries;
+  for (int i = 0; i < selector->count(); ++i) entries << selector->itemText(i);
+  EXPECT_EQ(entries, (QStringList{"Abandoned Cathedral", "Grave Dungeon", "TSR Original",
+                                  "Classic Village", "Custom"}));
+  EXPECT_EQ(VisiblePages(), (QStringList{"TabStrip1", "Frame1-1"}));
+  ChooseTab("TabStrip1", 2);
+  EXPECT_EQ(VisiblePages(), (QStringList{"TabStrip1", "Frame1-2"}));
+  ChooseSet(1);
+  EXPECT_EQ(VisiblePages(), (QStringList{"TabStrip3", "Frame3-1"}));
+  ChooseSet(2);
+  EXPECT_EQ(VisiblePages(), (QStringList{"TabStrip2", "Frame2-1"}));
+  ChooseSet(3);
+  ChooseTab("TabStrip4", 3);
+  EXPECT_EQ(VisiblePages(), (QStringList{"TabStrip4", "Frame4-3"}));
+  ChooseSet(4);
+  EXPECT_EQ(VisiblePages(), (QStringList{"Frame5"}));
+  ChooseSet(0);
+  EXPECT_EQ(VisiblePages(), (QStringList{"TabStrip1", "Frame1-2"}));
+  EXPECT_EQ(Find("TabStrip1")->findChild<QTabBar*>()->currentIndex(), 1);
+}
+
+TEST_F(PaletteForm, EveryItemIsThereAndPicksItself) {
+  for (const Item& item : Items()) {
+    QWidget* box = Find(TextOf(item.control));
+    ASSERT_EQ(box->toolTip(), TextOf(item.caption));
+    ASSERT_EQ(box->pos(), QPoint(item.column * 24, item.row * 24));
+    const QSize cells(item.stored.width / 20 * 24 + 1, item.stored.height / 20 * 24 + 1);
+    ASSERT_EQ(box->size(), item.control == "pbaltar" ? QSize(49, 51) : cells);
+    QTest::mouseClick(box, Qt::LeftButton, {}, {2, 2});
+    ASSERT_EQ(Find<QLabel>("Label2")->text(), TextOf(item.caption));
+    ASSERT_EQ(Find("Picture1")->size(), QSize(StampSize(item).width, StampSize(item).height));
+    ASSERT_TRUE(Find("Canvas")->hasFocus());
+  }
+}
+
+TEST_F(PaletteForm, OfTwoOverlappingBoxesTheLaterLiesAbove) {
+  QWidget* page = Find("Frame1-1");
+  EXPECT_EQ(page->childAt(24, 5), Find("pbmarking"));
+  EXPECT_EQ(page->childAt(5, 24), Find("pb4040"));
+}
+
+TEST_F(PaletteForm, ABoxShowsItsPicturePixelForPixel) {
+  const Item& chest = *FindItem("pbchest");
+  Find("pbchest")->window()->activateWindow();
+  const QImage shown = Find("pbchest")->grab().toImage();
+  const PictureView picture = form.palette.pictures.Of(chest).View();
+  for (int y = 0; y < 20; ++y) {
+    for (int x = 0; x < 20; ++x) ASSERT_EQ(shown.pixel(x, y), picture.Row(y)[x]);
+  }
+}
+
+TEST_F(PaletteForm, CustomListsTheFolderInNaturalOrderAfreshEachTime) {
+  const auto make = [](const QString& name) {
+    QFile file(name);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  };
+  for (const char* name : {"tile10.bmp", "Tile2.GIF", "notes.txt", "tile1.jpg"}) make(name);
+  const auto rows = [this] {
+    auto* list = Find<QListWidget>("File1");
+    QStringList texts;
+    for (int i = 0; i < list->count(); ++i) texts << list->item(i)->text();
+    return texts;
+  };
+  ChooseSet(4);
+  EXPECT_EQ(rows(), (QStringList{"tile1.jpg", "Tile2.GIF", "tile10.bmp"}));
+  make("a.ico");
+  emit Find<QComboBox>("TileSetSelector")->activated(4);  // the entry already chosen
+  EXPECT_EQ(rows(), (QStringList{"a.ico", "tile1.jpg", "Tile2.GIF", "tile10.bmp"}));
+}
+
+}  // namespace
+}  // namespace morvane

@@ -1,0 +1,51 @@
+#include "platform/PrivateProfile.h"
+
+#include <QFile>
+
+#include "tests/support/FormFixture.h"
+
+namespace morvane {
+namespace {
+
+std::string Value(const std::string& text, const char* section, const char* key) {
+  return FindProfileValue(Bytes(text.begin(), text.end()), section, key, "none");
+}
+
+TEST(PrivateProfile, FindsKeysWithoutRegardToCase) {
+  const std::string text =
+      "; colours\r\n[COLOR]\r\n canvas = 16777215 \r\nGrid=\r\n\r\n[map]\r\nDIR=/my maps/ü=1\r\n"
+      "quoted=\" a \"\r\nhalf=\"x\r\n";
+  EXPECT_EQ(Value(text, "Color", "Canvas"), "16777215");
+  EXPECT_EQ(Value(text, "Color", "Grid"), "");
+  EXPECT_EQ(Value(text, "Map", "Dir"), "/my maps/ü=1");
+  EXPECT_EQ(Value(text, "Map", "Quoted"), " a ");
+  EXPECT_EQ(Value(text, "Map", "Half"), "\"x");
+  EXPECT_EQ(Value(text, "Map", "Canvas"), "none");
+  EXPECT_EQ(Value(text, "Custom", "Dir"), "none");
+}
+
+TEST(PrivateProfile, NonsenseHasNoKeys) {
+  for (const char* text : {"", "[", "]]]", "=", "[Map", "\xFF\xFE\xFF", "no lines at all"}) {
+    EXPECT_EQ(Value(text, "Map", "Dir"), "none");
+  }
+}
+
+TEST(PrivateProfile, LongValuesAreCutToTheBuffer) {
+  const StartFolder folder;
+  QFile file("Morvane.ini");
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("[Map]\nDir=" + QByteArray(3000, 'x') + "\n[Custom]\nDir=a" +
+             QString(2000, QChar(0xFC)).toUtf8() + "\n");
+  file.close();
+  QtPlatform platform;
+  const std::string path = folder.File("Morvane.ini");
+  EXPECT_EQ(platform.GetPrivateProfileString("Map", "Dir", "", 2048, path).size(), 2047U);
+  const std::string cut = platform.GetPrivateProfileString("Custom", "Dir", "", 2048, path);
+  EXPECT_EQ(cut.size(), 2047U);
+  EXPECT_FALSE(QString::fromStdString(cut).contains(QChar::ReplacementCharacter));
+  EXPECT_EQ(CutText("aü", 2), "a");
+  EXPECT_EQ(platform.GetPrivateProfileString("Map", "Dir", "d", 2048, folder.File("no.ini")), "d");
+}
+
+}  // namespace
+}  // namespace morvane

@@ -1,0 +1,122 @@
+#include "platform/SnapshotFile.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QFile>
+
+#include "tests/support/FormFixture.h"
+
+namespace morvane {
+namespace {
+
+struct SnapshotFileTest : testing::Test {
+  StartFolder folder;
+  const Bytes first = {1, 2, 3, 4, 5, 6};
+  const Bytes second = {9, 8};
+  const char* name = "mvtmp.~mp";
+
+  static Bytes Read(const SnapshotFile& file) {
+    Result<Bytes> read = file.Read();
+    EXPECT_TRUE(read.Ok()) << read.Reason();
+    return read.Ok() ? read.Value() : Bytes();
+  }
+};
+
+TEST_F(SnapshotFileTest, OnlyTheNewestStaysAndItEndsWithTheRun) {
+  {
+    SnapshotFile file;
+    EXPECT_FALSE(file.Read().Ok());
+    EXPECT_EQ(file.Write(first), "");
+    EXPECT_EQ(file.Write(second), "");
+    EXPECT_EQ(Read(file), second);
+    EXPECT_EQ(QFileInfo(name).size(), 2);
+    QDir::setCurrent("/");  // it stays where it began
+    EXPECT_EQ(file.Write(first), "");
+    EXPECT_FALSE(QFile::exists(name));
+    EXPECT_EQ(Read(file), first);
+    file.Delete();
+    EXPECT_FALSE(file.Read().Ok());
+  }
+  EXPECT_FALSE(QFile::exists(QString::fromStdString(folder.File(name))));
+}
+
+TEST_F(SnapshotFileTest, AFileLeftByACrashIsTakenOver) {
+  QFile left(name);
+  ASSERT_TRUE(left.open(QIODevice::WriteOnly));
+  left.write("a long text from an earlier run");
+  left.close();
+  SnapshotFile file;
+  EXPECT_EQ(file.Write(second), "");
+  EXPECT_EQ(QFileInfo(name).size(), 2);
+}
+
+TEST_F(SnapshotFileTest, TwoProcessesKeepTheirOwn) {
+  SnapshotFile one;
+  SnapshotFile two;
+  ASSERT_EQ(one.Write(first), "");
+  ASSERT_EQ(two.Write(second), "");
+  EXPECT_EQ(Read(one), first);
+  EXPECT_EQ(Read(two), second);
+  two.Delete();
+  EXPECT_TRUE(QFile::exists(name));
+}
+
+TEST_F(SnapshotFileTest, NothingThatWasPlantedIsWrittenThrough) {
+  const auto target = [] {
+    QFile file("target");
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll();
+  };
+  QFile file("target");
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("mine");
+  file.close();
+  const std::vector<std::function<int()>> plants = {
+      [this] { return symlink("target", name); },
+      [this] { return link("target", name); },
+      [this] { return mkfifo(name, 0600); },
+      [this] { return mkdir(name, 0700); },
+  };
+  for (const auto& plant : plants) {
+    ASSERT_EQ(plant(), 0);
+    SnapshotFile snapshot;
+    EXPECT_EQ(snapshot.Write(first), "");
+    EXPECT_EQ(Read(snapshot), first);
+    EXPECT_EQ(target(), "mine");
+    snapshot.Delete();
+    ASSERT_TRUE(QFileInfo(name).isSymLink() || QFileInfo::exists(name)) << "the plant is not ours";
+    ASSERT_EQ(remove(name), 0);
+  }
+}
+
+TEST_F(SnapshotFileTest, AFolderThatCannotBeWrittenIsNoHindrance) {
+  QDir::setCurrent("/proc");
+  SnapshotFile file;
+  EXPECT_EQ(file.Write(first), "");
+  EXPECT_EQ(Read(file), first);
+}
+
+TEST_F(SnapshotFileTest, WithNowhereToWriteItSaysWhy) {
+  QDir::setCurrent("/proc");
+  qputenv("TMPDIR", "/proc");
+  SnapshotFile file;
+  EXPECT_NE(file.Write(first), "");
+  EXPECT_FALSE(file.Read().Ok());
+  qunsetenv("TMPDIR");
+  EXPECT_EQ(file.Write(first), "");
+  EXPECT_EQ(Read(file), first);
+}
+
+TEST_F(SnapshotFileTest, AFileThatWasDeletedOrCutByOthersIsNoticed) {
+  SnapshotFile file;
+  ASSERT_EQ(file.Write(first), "");
+  ASSERT_EQ(truncate(name, 3), 0);
+  EXPECT_FALSE(file.Read().Ok());
+  ASSERT_EQ(file.Write(first), "");
+  ASSERT_EQ(unlink(name), 0);
+  EXPECT_EQ(Read(file), first);
+}
+
+}  // namespace
+}  // namespace morvane

@@ -1,0 +1,92 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+#include <deque>
+
+#include "platform/QtPlatform.h"
+#include "shell/ArtSheets.h"
+#include "shell/frmMain.h"
+#include "tests/support/Difference.h"
+#include "tests/support/FakePlatform.h"
+
+namespace morvane {
+
+/// The real platform, but dialogs are answered by a script.
+class ScriptedPlatform : public QtPlatform {
+ public:
+  std::deque<Answer> answers;
+  std::deque<std::string> chosenFiles;
+  std::vector<SeenBox> boxes;
+
+  Answer MsgBox(const std::string& text, BoxStyle style, const std::string& title) override {
+    ShowState();
+    boxes.push_back({text, style, title});
+    if (answers.empty()) return Answer::Ok;
+    const Answer answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+  std::string ShowOpen(const FileDialog&) override { return Choose(); }
+  std::string ShowSave(const FileDialog&) override { return Choose(); }
+
+ private:
+  std::string Choose() {
+    if (chosenFiles.empty()) return {};
+    std::string path = chosenFiles.front();
+    chosenFiles.pop_front();
+    return path;
+  }
+};
+
+/// A folder of its own as the current directory, as long as it lives.
+class StartFolder {
+ public:
+  StartFolder() { QDir::setCurrent(folder_.path()); }
+  StartFolder(const StartFolder&) = delete;
+  StartFolder& operator=(const StartFolder&) = delete;
+  ~StartFolder() { QDir::setCurrent(before_); }
+  std::string File(const char* name) const { return folder_.filePath(name).toStdString(); }
+
+ private:
+  QString before_ = QDir::currentPath();
+  QTemporaryDir folder_;
+};
+
+/// The real main window, started in a folder of its own.
+struct FormFixture : testing::Test {
+  StartFolder folder;
+  ScriptedPlatform platform;
+  MainForm form{platform, &LoadArtSheet};
+  frmMain window{form};
+
+  FormFixture() {
+    platform.SetWindow(&window, [this] { window.ShowState(); });
+    window.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+  }
+
+  template <typename Control = QWidget>
+  Control* Find(const QString& name) {
+    auto* found = window.findChild<Control*>(name);
+    EXPECT_NE(found, nullptr) << name.toStdString();
+    return found;
+  }
+  QWidget* Client() { return window.centralWidget(); }
+
+  /// A press at a pixel of the map.
+  void Press(int x, int y, Qt::MouseButton button = Qt::LeftButton) {
+    QTest::mouseClick(Find("Canvas"), button, {}, {x + 2, y + 2});
+  }
+  void Choose(const char* menuEntry) { Find<QAction>(menuEntry)->trigger(); }
+  void NewMap() {
+    platform.answers.push_back(Answer::Yes);
+    Choose("mnuFileNew");
+  }
+};
+
+}  // namespace morvane
