@@ -105,7 +105,7 @@ Failure SnapshotFile::Open(const std::string& path) {
   return {};
 }
 
-Failure SnapshotFile::Overwrite(const Bytes& content) {
+Failure SnapshotFile::Overwrite(const Bytes& content) const {
   std::size_t done = 0;
   while (done < content.size()) {
     const ssize_t written =

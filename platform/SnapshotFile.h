@@ -26,7 +26,7 @@ class SnapshotFile {
   Failure OpenInCurrentDirectory();
   Failure OpenInPrivateFolder();
   Failure Open(const std::string& path);
-  Failure Overwrite(const Bytes& content);
+  Failure Overwrite(const Bytes& content) const;
 
   int file_ = -1;
   std::string path_;

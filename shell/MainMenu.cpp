@@ -62,7 +62,7 @@ constexpr std::array kEntries = {
 MainMenu::MainMenu(QMenuBar* bar) : QObject(bar), bar_(bar) {
   QMenu* menu = nullptr;
   for (const Entry& entry : kEntries) {
-    if (entry.state == kTop) {
+    if (menu == nullptr || entry.state == kTop) {
       menu = bar->addMenu(entry.caption);
       menu->setObjectName(entry.name);
       continue;

@@ -95,9 +95,11 @@ void frmMain::ConnectEvents() {
 }
 
 void frmMain::WatchHover() {
-  // What isn't watched keeps its moves to itself; they are no moves over the window.
-  for (QWidget* control : client_->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
-    control->setAttribute(Qt::WA_NoMousePropagation);
+  // What isn't watched keeps its moves to itself; they are no moves over what lies behind it.
+  for (QWidget* holder : {static_cast<QWidget*>(client_), static_cast<QWidget*>(frame5_)}) {
+    for (QWidget* control : holder->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+      control->setAttribute(Qt::WA_NoMousePropagation);
+    }
   }
   auto* reset = new HoverReset(this);
   reset->WatchAlone(client_);

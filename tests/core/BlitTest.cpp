@@ -79,17 +79,5 @@ TEST(Blit, StretchingKeepsWholeBlocksAndSamplesTheMiddle) {
   EXPECT_EQ(back, source);
 }
 
-TEST(Blit, LinesRunFromEdgeToEdge) {
-  Picture picture(5, 4, kWhite);
-  DrawColumn(picture.Draw(), 2, 0x0000FF);
-  DrawRow(picture.Draw(), 1, 0xFF0000);
-  DrawRow(picture.Draw(), 4, 0x00FF00);
-  EXPECT_EQ(GetPixel(picture.View(), 2, 0), 0x0000FFU);
-  EXPECT_EQ(GetPixel(picture.View(), 2, 3), 0x0000FFU);
-  EXPECT_EQ(GetPixel(picture.View(), 0, 1), 0xFF0000U);
-  EXPECT_EQ(GetPixel(picture.View(), 4, 1), 0xFF0000U);
-  EXPECT_EQ(GetPixel(picture.View(), 3, 3), kWhite);
-}
-
 }  // namespace
 }  // namespace morvane

@@ -7,39 +7,7 @@
 namespace morvane {
 namespace {
 
-struct PaletteTest : testing::Test, Editor {
-  /// The one page that shows, as "set/page"; fails where another shows too.
-  std::string VisiblePage() const {
-    std::string visible;
-    for (int set = 0; set < kBuiltInSets; ++set) {
-      for (int page = 1; page <= kMostPages; ++page) {
-        if (!IsPageVisible(palette, set, page)) continue;
-        EXPECT_EQ(visible, "");
-        visible = std::to_string(set) + "/" + std::to_string(page);
-      }
-    }
-    return visible;
-  }
-};
-
-TEST_F(PaletteTest, EachSetRemembersItsPage) {
-  EXPECT_EQ(VisiblePage(), "0/1");
-  TabStrip_Click(palette, kAbandonedCathedral, 2);
-  EXPECT_EQ(VisiblePage(), "0/2");
-  TileSetSelector_Click(palette, kGraveDungeon);
-  EXPECT_EQ(VisiblePage(), "1/1");
-  TabStrip_Click(palette, kGraveDungeon, 3);
-  TileSetSelector_Click(palette, kTsrOriginal);
-  EXPECT_EQ(VisiblePage(), "2/1");
-  TileSetSelector_Click(palette, kClassicVillage);
-  EXPECT_EQ(VisiblePage(), "3/1");
-  TileSetSelector_Click(palette, kCustomSet);
-  EXPECT_EQ(VisiblePage(), "");
-  TileSetSelector_Click(palette, kAbandonedCathedral);
-  EXPECT_EQ(VisiblePage(), "0/2");
-  TileSetSelector_Click(palette, kGraveDungeon);
-  EXPECT_EQ(VisiblePage(), "1/3");
-}
+struct PaletteTest : testing::Test, Editor {};
 
 TEST_F(PaletteTest, EveryItemBecomesTheStamp) {
   for (const Item& item : Items()) {

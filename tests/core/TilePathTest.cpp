@@ -83,17 +83,6 @@ TEST_F(TilePathTest, TheSnapshotIsTheMapDirectlyBeforeTheCopy) {
   EXPECT_EQ(platform.snapshot, before);
 }
 
-TEST_F(TilePathTest, WorkedExample) {
-  Pick("pb4040");
-  Canvas_MouseDown(palette, kLeftButton, 47, 130);
-  EXPECT_TRUE(Holds(document.Canvas.Image(), 40, 120, {40, 40}, PictureOf("pb4040").View()));
-  const Picture stamped = Map();
-  Canvas_MouseDown(palette, kLeftButton, 47, 139);
-  EXPECT_EQ(Difference(Map(), stamped), "");
-  Canvas_MouseDown(palette, kRightButton, 47, 130);
-  EXPECT_TRUE(Holds(document.Canvas.Image(), 0, 0, {615, 483}, document.pbclear.Image()));
-}
-
 TEST_F(TilePathTest, AStampOfOnePixelLessLeavesTheClosingGridLine) {
   Pick("ptaltar");
   Canvas_MouseDown(palette, kLeftButton, 100, 100);

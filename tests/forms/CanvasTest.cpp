@@ -1,9 +1,11 @@
+#include <QAbstractScrollArea>
 #include <QAction>
 #include <QFrame>
 #include <QPaintEvent>
 #include <QToolBar>
 
 #include "document/Blit.h"
+#include "palette/PalettePages.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {
@@ -24,7 +26,7 @@ class PaintWatch : public QObject {
 
 struct CanvasForm : FormFixture {
   Color At(int x, int y) const { return GetPixel(form.document.Canvas.Image(), x, y); }
-  const PictureView Floor() const { return form.palette.pictures.Of(*FindItem("pbfloor")).View(); }
+  PictureView Floor() const { return form.palette.pictures.Of(*FindItem("pbfloor")).View(); }
   void Move(QWidget* widget, QPoint place) {
     form.palette.Shape1.Visible = true;
     QTest::mouseMove(widget, place);
@@ -47,6 +49,7 @@ TEST_F(CanvasForm, ButtonsReachTheMapAtThePixelUnderThePointer) {
 }
 
 TEST_F(CanvasForm, TheBorderIsNoPartOfTheMap) {
+  EXPECT_EQ(Find("Canvas")->cursor().shape(), Qt::CrossCursor);
   const QRect inside = Find<QFrame>("Canvas")->contentsRect();
   EXPECT_EQ(inside, QRect(2, 2, 615, 483));
   QTest::mouseClick(Find("Canvas"), Qt::LeftButton, {}, {1, 30});
@@ -77,13 +80,6 @@ TEST_F(CanvasForm, TheScreenShowsTheMapAndRepaintsOnlyWhatChanged) {
   }
 }
 
-TEST_F(CanvasForm, PointerShapesFollowTheState) {
-  EXPECT_EQ(Find("Canvas")->cursor().shape(), Qt::CrossCursor);
-  form.document.Canvas.MousePointer = Pointer::IBeam;
-  window.ShowState();
-  EXPECT_EQ(Find("Canvas")->cursor().shape(), Qt::IBeamCursor);
-}
-
 TEST_F(CanvasForm, TheOutlineVanishesOverTheNamedControlsWithAllThatTheyHold) {
   Move(Client(), {100, 470});
   EXPECT_FALSE(OutlineShows()) << "the window itself";
@@ -102,6 +98,17 @@ TEST_F(CanvasForm, TheOutlineVanishesOverTheNamedControlsWithAllThatTheyHold) {
     Move(Find(name), Find(name)->rect().bottomRight() - QPoint(2, 2));
     EXPECT_TRUE(OutlineShows()) << name;
   }
+  TileSetSelector_Click(form.palette, kCustomSet);
+  window.ShowState();
+  const auto viewport = [this](const char* list) {
+    return Find<QAbstractScrollArea>(list)->viewport();
+  };
+  Move(viewport("File1"), {5, 5});
+  EXPECT_FALSE(OutlineShows()) << "a row of File1";
+  Move(Find("Frame5"), {2, 100});
+  EXPECT_FALSE(OutlineShows()) << "Frame5";
+  Move(viewport("Dir1"), {5, 5});
+  EXPECT_TRUE(OutlineShows()) << "Dir1";
 }
 
 }  // namespace
