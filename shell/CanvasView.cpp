@@ -1,20 +1,50 @@
 #include "shell/CanvasView.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 
 #include "tools/Buttons.h"
+#include "tools/CanvasKeyboard.h"
 
 namespace morvane {
 namespace {
 
-int ButtonNumber(Qt::MouseButton button) {
-  switch (button) {
-    case Qt::LeftButton:
-      return kLeftButton;
-    case Qt::RightButton:
-      return kRightButton;
-    case Qt::MiddleButton:
-      return kMiddleButton;
+constexpr QColor kOutlineColor(0, 106, 236);
+constexpr int kOutlineWidth = 2;
+
+int ButtonMask(Qt::MouseButtons buttons) {
+  int mask = 0;
+  if (buttons.testFlag(Qt::LeftButton)) mask |= kLeftButton;
+  if (buttons.testFlag(Qt::RightButton)) mask |= kRightButton;
+  if (buttons.testFlag(Qt::MiddleButton)) mask |= kMiddleButton;
+  return mask;
+}
+
+int ModifierMask(Qt::KeyboardModifiers modifiers) {
+  int mask = 0;
+  if (modifiers.testFlag(Qt::ShiftModifier)) mask |= kShift;
+  if (modifiers.testFlag(Qt::ControlModifier)) mask |= kCtrl;
+  if (modifiers.testFlag(Qt::AltModifier)) mask |= kAlt;
+  return mask;
+}
+
+int KeyNumber(int key) {
+  switch (key) {
+    case Qt::Key_Escape:
+      return kKeyEscape;
+    case Qt::Key_Left:
+      return kKeyLeft;
+    case Qt::Key_Up:
+      return kKeyUp;
+    case Qt::Key_Right:
+      return kKeyRight;
+    case Qt::Key_Down:
+      return kKeyDown;
+    case Qt::Key_M:
+      return kKeyM;
+    case Qt::Key_F11:
+      return kKeyF11;
     default:
       return 0;
   }
@@ -22,16 +52,32 @@ int ButtonNumber(Qt::MouseButton button) {
 
 }  // namespace
 
-CanvasView::CanvasView(PictureBox& canvas, QWidget* parent) : PictureBoxView(canvas, parent) {
+CanvasView::CanvasView(PictureBox& canvas, const Outline& Shape1, QWidget* parent)
+    : PictureBoxView(canvas, parent), Shape1_(Shape1) {
   setObjectName("Canvas");
   setAccessibleName("Map");
   setFrameStyle(QFrame::WinPanel | QFrame::Sunken);
   setFocusPolicy(Qt::StrongFocus);
+  setMouseTracking(true);
   setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
+void CanvasView::ShowState() {
+  PictureBoxView::ShowState();
+  const QRegion outline = OutlineRegion();
+  if (outline == shownOutline_) return;
+  update(outline.xored(shownOutline_));
+  shownOutline_ = outline;
+}
+
+void CanvasView::paintEvent(QPaintEvent* event) {
+  PictureBoxView::paintEvent(event);
+  QPainter painter(this);
+  for (const QRect& bar : OutlineRegion() & event->region()) painter.fillRect(bar, kOutlineColor);
+}
+
 void CanvasView::mousePressEvent(QMouseEvent* event) {
-  const int button = ButtonNumber(event->button());
+  const int button = ButtonMask(event->button());
   const QPoint place = event->position().toPoint();
   if (button == 0 || !contentsRect().contains(place)) return;
   const QPoint pixel = place - contentsRect().topLeft();
@@ -41,6 +87,29 @@ void CanvasView::mousePressEvent(QMouseEvent* event) {
 // The second press of a double click is a press like any other.
 void CanvasView::mouseDoubleClickEvent(QMouseEvent* event) {
   mousePressEvent(event);
+}
+
+void CanvasView::mouseMoveEvent(QMouseEvent* event) {
+  const int held = ButtonMask(event->buttons());
+  const QPoint place = event->position().toPoint();
+  if (held == 0 && !contentsRect().contains(place)) return;
+  const QPoint pixel = place - contentsRect().topLeft();
+  emit Moved(held, static_cast<float>(pixel.x()), static_cast<float>(pixel.y()));
+}
+
+void CanvasView::keyPressEvent(QKeyEvent* event) {
+  bool handled = false;
+  emit KeyPressed(KeyNumber(event->key()), ModifierMask(event->modifiers()), handled);
+  if (!handled) PictureBoxView::keyPressEvent(event);
+}
+
+QRegion CanvasView::OutlineRegion() const {
+  if (!Shape1_.Visible) return {};
+  const QRect inside = contentsRect();
+  const QRect outer =
+      QRect(Shape1_.Left, Shape1_.Top, Shape1_.Width, Shape1_.Height).translated(inside.topLeft());
+  const QRect inner = outer.adjusted(kOutlineWidth, kOutlineWidth, -kOutlineWidth, -kOutlineWidth);
+  return (QRegion(outer) - inner) & inside;
 }
 
 }  // namespace morvane

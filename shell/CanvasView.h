@@ -1,23 +1,41 @@
 #pragma once
 
+#include "palette/Palette.h"
 #include "shell/PictureBoxView.h"
 
 namespace morvane {
 
-/// The map in the window. Turns mouse events into a button and a pixel of the map.
+/// The map in the window, with the outline of the stamp above it. Turns events of mouse and keys
+/// into buttons, pixels of the map and key numbers.
 class CanvasView : public PictureBoxView {
   Q_OBJECT
 
  public:
-  CanvasView(PictureBox& canvas, QWidget* parent);
+  CanvasView(PictureBox& canvas, const Outline& Shape1, QWidget* parent);
+
+  void ShowState();
 
  signals:
   /// A mouse button went down over the map.
   void Pressed(int Button, float X, float Y);
+  /// The pointer moved over the map, or anywhere while a button that went down here is held.
+  void Moved(int Button, float X, float Y);
+  /// A key went down; handled tells whether it meant something.
+  void KeyPressed(int Key, int Modifiers, bool& handled);
 
  protected:
+  void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  /// The outline as it is to be seen, in pixels of the widget; empty where it is hidden.
+  QRegion OutlineRegion() const;
+
+  const Outline& Shape1_;
+  QRegion shownOutline_;
 };
 
 }  // namespace morvane

@@ -48,6 +48,7 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
 
 void CustomFrame::ShowState() {
   setVisible(palette_.TileSetSelector.ListIndex == kCustomSet);
+  if (isHidden()) return;
   dimensions_->setText(TextOf(palette_.Label5));
   QStringList files;
   for (const std::string& file : palette_.File1.Files()) files << TextOf(file);

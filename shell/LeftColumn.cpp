@@ -23,19 +23,6 @@ QLabel* AddLabel(QWidget* window, const char* name, const char* text, const QRec
   return label;
 }
 
-QToolButton* AddButton(QWidget* window, const char* name, const char* toolTip, const char* icon,
-                       const QPoint& corner) {
-  auto* button = new QToolButton(window);
-  button->setObjectName(name);
-  button->setToolTip(toolTip);
-  button->setAccessibleName(toolTip);
-  button->setIcon(LoadIcon(icon));
-  button->setIconSize({24, 24});
-  button->setGeometry(QRect(corner, QSize(Px(420), Px(405))));
-  button->setFocusPolicy(Qt::StrongFocus);
-  return button;
-}
-
 const char* FaceOf(const Palette& palette) {
   if (palette.WallMode) return "mode-wall";
   return palette.DoorMode ? "mode-door" : "mode-tile";
@@ -82,9 +69,26 @@ void LeftColumn::AddTileSetRow(QWidget* window) {
   connect(tileSet_, &QComboBox::activated, this, &LeftColumn::TileSetChosen);
 }
 
+QToolButton* LeftColumn::AddButton(QWidget* window, const char* name, const char* toolTip,
+                                   const char* icon, const QPoint& corner) {
+  auto* button = new QToolButton(window);
+  button->setObjectName(name);
+  button->setToolTip(toolTip);
+  button->setAccessibleName(toolTip);
+  button->setIcon(LoadIcon(icon));
+  button->setIconSize({24, 24});
+  button->setGeometry(QRect(corner, QSize(Px(420), Px(405))));
+  button->setFocusPolicy(Qt::StrongFocus);
+  connect(button, &QToolButton::clicked, this, [this, name] { emit ButtonClicked(name); });
+  return button;
+}
+
 void LeftColumn::ShowState() {
-  wallButton_->setIcon(LoadIcon(FaceOf(palette_)));
-  mode_->setText(TextOf(palette_.ModeCaption()));
+  const QString mode = TextOf(palette_.ModeCaption());
+  if (mode_->text() != mode) {
+    mode_->setText(mode);
+    wallButton_->setIcon(LoadIcon(FaceOf(palette_)));
+  }
   tile_->setText(TextOf(palette_.Label2));
   stamp_->ShowState();
   tileSet_->setCurrentIndex(palette_.TileSetSelector.ListIndex);

@@ -23,11 +23,15 @@ class LeftColumn : public QObject {
 
  signals:
   void TileSetChosen(int ListIndex);
+  /// One of the five buttons was clicked; its name is the system's.
+  void ButtonClicked(const QString& name);
 
  private:
   void AddModeBox(QWidget* window);
   void AddStampBox(QWidget* window);
   void AddTileSetRow(QWidget* window);
+  QToolButton* AddButton(QWidget* window, const char* name, const char* toolTip, const char* icon,
+                         const QPoint& corner);
 
   Palette& palette_;
   QToolButton* wallButton_ = nullptr;

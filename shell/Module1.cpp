@@ -28,6 +28,9 @@ int RunMorvane(int argc, char** argv) {
   // Map pixels stay square and sharp: only whole-number scale factors.
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
   QApplication application(argc, argv);
+  // Strokes are as dense as the mouse reports them. The window system's plugin has just switched
+  // compression on.
+  QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
   QApplication::setApplicationName(kProgramName);
 
   frmSplash splash;

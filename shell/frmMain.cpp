@@ -9,6 +9,7 @@
 #include "document/NewMap.h"
 #include "document/Undo.h"
 #include "palette/PalettePages.h"
+#include "palette/StampTurn.h"
 #include "palette/TileSelection.h"
 #include "shell/ArtSheets.h"
 #include "shell/CanvasView.h"
@@ -23,7 +24,9 @@
 #include "shell/TabStrip.h"
 #include "shell/Text.h"
 #include "shell/ToolBar.h"
+#include "tools/CanvasKeyboard.h"
 #include "tools/CanvasMouse.h"
+#include "tools/ToolModes.h"
 
 namespace morvane {
 namespace {
@@ -41,6 +44,11 @@ Qt::CursorShape ShapeOf(Pointer pointer) {
   }
 }
 
+void ShowPointer(QWidget* widget, Pointer pointer) {
+  const Qt::CursorShape shape = ShapeOf(pointer);
+  if (widget->cursor().shape() != shape) widget->setCursor(shape);
+}
+
 }  // namespace
 
 frmMain::frmMain(MainForm& form)
@@ -52,13 +60,14 @@ frmMain::frmMain(MainForm& form)
       leftColumn_(new LeftColumn(form.palette, client_)),
       palette_(new PaletteView(form.palette, client_)),
       frame5_(new CustomFrame(form.palette, client_)),
-      canvas_(new CanvasView(form.document.Canvas, client_)) {
+      canvas_(new CanvasView(form.document.Canvas, form.palette.Shape1, client_)) {
   setObjectName("frmMain");
   setWindowIcon(LoadIcon("morvane"));
   setCentralWidget(client_);
   canvas_->move(Px(2520), Px(480));
   canvas_->setFocus();
   ConnectEvents();
+  ConnectCanvas();
   WatchHover();
   form_.Form_Initialize();
   ShowState();
@@ -88,8 +97,28 @@ void frmMain::ConnectEvents() {
     Item_Click(form_.palette, item);
     ShowState();
   });
+  connect(leftColumn_, &LeftColumn::ButtonClicked, this, [this](const QString& name) {
+    static const std::map<QString, void (*)(Palette&)> kClicks = {
+        {"WallButton", &WallButton_Click},     {"FlipHorizontal", &FlipHorizontal_Click},
+        {"FlipVertical", &FlipVertical_Click}, {"Rotate", &Rotate_Click},
+        {"RotateLeft", &RotateLeft_Click},
+    };
+    kClicks.at(name)(form_.palette);
+    ShowState();
+  });
+}
+
+void frmMain::ConnectCanvas() {
   connect(canvas_, &CanvasView::Pressed, this, [this](int Button, float X, float Y) {
     Canvas_MouseDown(form_.palette, Button, X, Y);
+    ShowState();
+  });
+  connect(canvas_, &CanvasView::Moved, this, [this](int Button, float X, float Y) {
+    Canvas_MouseMove(form_.palette, Button, X, Y);
+    ShowState();
+  });
+  connect(canvas_, &CanvasView::KeyPressed, this, [this](int Key, int Modifiers, bool& handled) {
+    handled = Canvas_KeyDown(form_.palette, Key, Modifiers);
     ShowState();
   });
 }
@@ -108,7 +137,10 @@ void frmMain::WatchHover() {
   reset->WatchAlone(frame5_);
   reset->Watch(frame5_->File1());
   for (TabStrip* strip : palette_->Strips()) reset->Watch(strip);
-  connect(reset, &HoverReset::Moved, this, [this] { HideOutline(form_.palette); });
+  connect(reset, &HoverReset::Moved, this, [this] {
+    HideOutline(form_.palette);
+    canvas_->ShowState();
+  });
 }
 
 void frmMain::RunCommand(const QString& name) {
@@ -139,8 +171,8 @@ void frmMain::Form_Resize() {
 void frmMain::ShowState() {
   Document& document = form_.document;
   setWindowTitle(TextOf(document.Caption));
-  setCursor(ShapeOf(document.MousePointer));
-  canvas_->setCursor(ShapeOf(document.Canvas.MousePointer));
+  ShowPointer(this, document.MousePointer);
+  ShowPointer(canvas_, document.Canvas.MousePointer);
   menu_->SetUndoEnabled(document.mnuEditUndoEnabled);
   menu_->SetStatusBarChecked(form_.StatusBarVisible);
   tbToolBar_->SetUndoEnabled(document.UndoButtonEnabled);

@@ -9,7 +9,6 @@
 #include "tests/support/Sample.h"
 #include "tools/Buttons.h"
 #include "tools/CanvasMouse.h"
-#include "tools/GridTests.h"
 
 namespace morvane {
 namespace {
@@ -25,25 +24,6 @@ struct TilePathTest : testing::Test, Editor {
     return palette.pictures.Of(*FindItem(control));
   }
 };
-
-/// The search as it is told: every index in turn, without an early exit.
-int ScannedSnap(float v, int extent) {
-  int snap = 0;
-  for (int i = 0; i <= extent / 20; ++i) {
-    if (v > static_cast<float>(20 * i - 1) && v < static_cast<float>(20 * (i + 1) - 1)) {
-      snap = 20 * i;
-    }
-  }
-  return snap;
-}
-
-TEST(Grid, CellSearchEqualsTheScan) {
-  for (const int extent : {0, 19, 20, 599, 600, 619}) {
-    for (float v = -45; v < 700; v += 0.25F) {
-      ASSERT_EQ(FindCell(v, extent).value_or(0) * 20, ScannedSnap(v, extent)) << v << " " << extent;
-    }
-  }
-}
 
 TEST_F(TilePathTest, PressesLandOrAreRefusedByTheTable) {
   struct Row {

@@ -1,6 +1,8 @@
 #include <QAbstractScrollArea>
 #include <QAction>
 #include <QFrame>
+#include <QLabel>
+#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QToolBar>
 
@@ -78,6 +80,64 @@ TEST_F(CanvasForm, TheScreenShowsTheMapAndRepaintsOnlyWhatChanged) {
       ASSERT_EQ(shown.pixel(x + 2, y + 2), form.document.Canvas.Image().Row(y)[x]);
     }
   }
+}
+
+TEST_F(CanvasForm, TheOutlineLiesOverTheMapInItsExactColour) {
+  NewMap();
+  QTest::mouseClick(Find("pb4040"), Qt::LeftButton);
+  Move(Find("Canvas"), {2 + 105, 2 + 65});
+  const QImage shown = Find("Canvas")->grab().toImage();
+  const QRgb outline = qRgb(0, 106, 236);
+  const QRect outer(102, 62, 40, 40);
+  for (int y = 50; y < 120; ++y) {
+    for (int x = 90; x < 160; ++x) {
+      const bool on = outer.contains(x, y) && !outer.adjusted(2, 2, -2, -2).contains(x, y);
+      ASSERT_EQ(shown.pixel(x, y), on ? outline : qRgb(0, 0, 0)) << x << "," << y;
+    }
+  }
+  EXPECT_EQ(At(100, 60), 0U);
+  PaintWatch watch(Find("Canvas"));
+  Move(Find("Canvas"), {2 + 125, 2 + 65});
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !watch.painted.isEmpty(); }));
+  EXPECT_FALSE(watch.painted.contains(QPoint(132, 82)));  // inside both outlines
+}
+
+TEST_F(CanvasForm, HeldButtonsArriveAsAMaskAndKeepReportingOutside) {
+  NewMap();
+  auto* canvas = Find("Canvas");
+  const auto drag = [canvas](QPoint pixel, Qt::MouseButtons held) {
+    QMouseEvent move(QEvent::MouseMove, QPointF(pixel + QPoint(2, 2)),
+                     canvas->mapToGlobal(QPointF(pixel + QPoint(2, 2))), Qt::NoButton, held, {});
+    QCoreApplication::sendEvent(canvas, &move);
+  };
+  drag({-30, 100}, Qt::LeftButton);
+  EXPECT_EQ(At(0, 100), GetPixel(Floor(), 0, 0));
+  drag({300, 100}, Qt::LeftButton | Qt::RightButton);
+  EXPECT_EQ(At(300, 100), 0U);
+  QTest::mouseClick(Find("WallButton"), Qt::LeftButton);
+  QTest::mouseClick(Find("WallButton"), Qt::LeftButton);
+  const auto* secret =
+      form.palette.pictures.Of(kAbandonedCathedral, Edge::SecretDoor, Direction::Vertical);
+  drag({201, 110}, Qt::LeftButton | Qt::RightButton);
+  EXPECT_EQ(At(197, 102), GetPixel(secret->View(), 0, 0));
+  drag({241, 110}, Qt::MiddleButton);
+  EXPECT_EQ(At(237, 102), GetPixel(secret->View(), 0, 0));
+}
+
+TEST_F(CanvasForm, KeysActOnlyWhileTheMapHasTheFocus) {
+  auto* mode = Find<QLabel>("lbMode");
+  Find("Canvas")->setFocus();
+  QTest::keyClick(Find("Canvas"), Qt::Key_M, Qt::ControlModifier);
+  EXPECT_EQ(mode->text(), "Wall");
+  QTest::mouseClick(Find("pbbed"), Qt::LeftButton);
+  EXPECT_EQ(mode->text(), "Tile");
+  QTest::keyClick(Find("Canvas"), Qt::Key_Right);
+  EXPECT_EQ(Find("Picture1")->size(), QSize(20, 40));
+  QTest::mouseClick(Find("Rotate"), Qt::LeftButton);
+  EXPECT_EQ(Find("Picture1")->size(), QSize(40, 20));
+  EXPECT_TRUE(Find("Rotate")->hasFocus());
+  QTest::keyClick(Find("Rotate"), Qt::Key_M, Qt::ControlModifier);
+  EXPECT_EQ(mode->text(), "Tile");
 }
 
 TEST_F(CanvasForm, TheOutlineVanishesOverTheNamedControlsWithAllThatTheyHold) {

@@ -26,7 +26,8 @@ bool WaitFor(const std::function<bool()>& condition) {
 
 VirtualDisplay::VirtualDisplay() {
   server_.setStandardErrorFile(QProcess::nullDevice());
-  server_.start("Xvfb", {"-displayfd", "1", "-screen", "0", "1280x900x24", "-nolisten", "tcp"});
+  server_.start("Xvfb",
+                {"-displayfd", "1", "-screen", "0", "1280x900x24", "-nolisten", "tcp", "-noreset"});
   if (!server_.waitForStarted() || !server_.waitForReadyRead(kPatience)) return;
   name_ = ":" + QString::fromLatin1(server_.readLine()).trimmed();
   windowManager_ = Start("openbox", QDir::tempPath());
@@ -81,6 +82,21 @@ QSize VirtualDisplay::SizeOf(const QString& window) const {
 void VirtualDisplay::Click(const QString& window, const QPoint& place, int button) const {
   Ask({"mousemove", "--window", window, QString::number(place.x()), QString::number(place.y()),
        "click", QString::number(button)});
+}
+
+void VirtualDisplay::Drag(const QString& window, const QPoint& from, const QPoint& to,
+                          int button) const {
+  constexpr int kPixels = 5;
+  const auto move = [&window](const QPoint& place) {
+    return QStringList{
+        "mousemove", "--window", window, QString::number(place.x()), QString::number(place.y()),
+        "sleep",     "0.02"};
+  };
+  QStringList steps = move(from) + QStringList{"mousedown", QString::number(button)};
+  const QPoint way = to - from;
+  const int count = std::max(1, way.manhattanLength() / kPixels);
+  for (int i = 1; i <= count; ++i) steps += move(from + way * i / count);
+  Ask(steps + QStringList{"mouseup", QString::number(button)});
 }
 
 void VirtualDisplay::Key(const QString& key) const {

@@ -1,0 +1,62 @@
+#include "tools/EdgePath.h"
+
+#include "document/Blit.h"
+#include "document/Grid.h"
+#include "tools/Buttons.h"
+#include "tools/EdgeSearch.h"
+#include "tools/Placing.h"
+
+namespace morvane {
+namespace {
+
+/// Where a vertical piece lies against its grid index and its cell, and how much of it is copied. A
+/// horizontal one has the axes exchanged.
+struct Offsets {
+  int across;
+  int along;
+  Size size;
+};
+
+constexpr Offsets kWallOffsets = {-2, -1, {4, 22}};
+constexpr Offsets kDoorOffsets = {-3, 2, {6, 16}};
+
+Edge EdgeOf(const Palette& palette, int Button) {
+  if (palette.WallMode) return Edge::Wall;
+  return Button == kLeftButton ? Edge::Door : Edge::SecretDoor;
+}
+
+/// The plain colour between the posts of a fence, read from the picture itself.
+Color FenceKey(const PictureView& fence, Direction direction) {
+  return direction == Direction::Vertical ? GetPixel(fence, 0, 4) : GetPixel(fence, 4, 0);
+}
+
+}  // namespace
+
+void EdgePath(Palette& palette, Gesture gesture, int Button, float X, float Y) {
+  if (palette.WallMode && Button != kLeftButton) return;
+  Document& document = palette.document;
+  const Size map = {document.Canvas.ScaleWidth(), document.Canvas.ScaleHeight()};
+  const std::optional<CellSide> side = FindCellSide(X, Y, map);
+  if (!side) return;
+  const int set = palette.TileSetSelector.ListIndex;
+  const Edge edge = EdgeOf(palette, Button);
+  const Picture* picture = palette.pictures.Of(set, edge, side->direction);
+  if (picture == nullptr) return;
+
+  const Offsets& offsets = edge == Edge::Wall ? kWallOffsets : kDoorOffsets;
+  int SnapX = side->index * kCellSize + offsets.across;
+  int SnapY = side->cell * kCellSize + offsets.along;
+  Size size = offsets.size;
+  if (side->direction == Direction::Horizontal) {
+    std::swap(SnapX, SnapY);
+    std::swap(size.width, size.height);
+  }
+  if (set == kClassicVillage && edge == Edge::Wall) {
+    const Color key = FenceKey(picture->View(), side->direction);
+    Place(document, gesture, SnapX, SnapY, size, picture->View(), &key);
+  } else {
+    Place(document, gesture, SnapX, SnapY, size, picture->View());
+  }
+}
+
+}  // namespace morvane

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <optional>
+
+#include "document/Rect.h"
+#include "palette/Catalogue.h"
+
+namespace morvane {
+
+/// One side of a cell: a grid index, and the cell along it.
+struct CellSide {
+  Direction direction;
+  int index;  ///< of the grid line across; 0 is the edge of the map
+  int cell;
+  friend bool operator==(const CellSide&, const CellSide&) = default;
+};
+
+/// The side that a pointer place is near: close to one grid line and well inside the cell along it.
+/// Near a crossing, or inside a cell, there is none.
+std::optional<CellSide> FindCellSide(float X, float Y, Size map);
+
+}  // namespace morvane

@@ -1,0 +1,19 @@
+#include "tools/Placing.h"
+
+#include "document/Blit.h"
+#include "document/Snapshot.h"
+
+namespace morvane {
+
+void Place(Document& document, Gesture gesture, int SnapX, int SnapY, Size size,
+           const PictureView& source, const Color* transparent) {
+  if (gesture == Gesture::Press) TakeSnapshot(document);
+  const Surface map = document.Canvas.hDC();
+  if (transparent == nullptr) {
+    BitBlt(map, SnapX, SnapY, size.width, size.height, source, 0, 0);
+  } else {
+    TransparentBlt(map, SnapX, SnapY, size.width, size.height, source, 0, 0, *transparent);
+  }
+}
+
+}  // namespace morvane
