@@ -95,8 +95,8 @@ TEST_F(Tools, WhatDrawsNothingKeepsNothingButOffersUndo) {
 
 TEST_F(Tools, AStrokeIsOneStepOfUndoAndErasesWithItsOwnLimit) {
   const Picture blank = Map();
-  Press(kLeftButton, 45, 33);
-  for (float X = 45; X < 300; X += 7) Move(kLeftButton, X, 33);
+  Press(kLeftButton, 5, 33);
+  for (float X = 5; X < 300; X += 7) Move(kLeftButton, X, 33);
   const Picture stroke = Map();
   EXPECT_EQ(platform.snapshots, 2);
   Move(kRightButton, 39, 33);  // a press there would erase the first cell
