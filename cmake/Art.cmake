@@ -15,9 +15,9 @@ set(MORVANE_TILE_SHEETS
 )
 set(MORVANE_ICONS
   mode-tile mode-wall mode-door flip-horizontal flip-vertical rotate-left rotate-right
-  new open save print undo redo cut copy paste morvane
+  new open save print undo redo cut copy paste morvane secret
 )
-set(MORVANE_JPEGS splash)
+set(MORVANE_JPEGS splash about)
 
 # Renders one sheet at a zoom into the file `out` below the build's art folder.
 function(morvane_render svg out zoom)

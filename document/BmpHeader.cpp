@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstdlib>
 
 #include "document/LittleEndian.h"
+#include "document/Picture.h"
 
 namespace morvane {
 namespace {
@@ -13,9 +15,6 @@ constexpr std::uint32_t kCoreHeaderSize = 12;
 constexpr std::uint32_t kInfoHeaderSize = 40;
 constexpr std::uint32_t kShortestOs2Header = 16;
 constexpr std::uint32_t kOs2HeaderSize = 64;
-/// Larger pictures are refused: they would take all memory before a single pixel is looked at.
-constexpr long long kMaxPixels = 100'000'000;
-
 constexpr const char* kTooShort = "The file ends too early.";
 constexpr const char* kContradicts = "The file's header contradicts itself.";
 constexpr const char* kUnknownForm = "The file is a form of BMP that isn't known.";
@@ -76,7 +75,7 @@ class HeaderReader {
     header_.topDown = height < 0;
     height = std::abs(height);
     if (width <= 0 || height == 0) return "The picture has no size.";
-    if (width * height > kMaxPixels) return "The picture is too large.";
+    if (width * height > kMostPixels) return kTooLarge;
     header_.width = static_cast<int>(width);
     header_.height = static_cast<int>(height);
     constexpr std::array<int, 7> kDepths = {1, 2, 4, 8, 16, 24, 32};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "document/PictureBox.h"
@@ -8,7 +9,7 @@
 
 namespace morvane {
 
-/// The map, its blank twin and all that belongs to it.
+/// The map and its blank twin, its file, and what the main window shows of them.
 struct Document {
   explicit Document(Platform& thePlatform) : platform(thePlatform), settings(thePlatform) {
     Canvas.MousePointer = Pointer::Cross;
@@ -23,6 +24,13 @@ struct Document {
   PictureBox pbclear{617, 484, PictureBox::Border::None};
   /// Pointer of the main window.
   Pointer MousePointer = Pointer::Standard;
+
+  /// Work picture that text is drawn on.
+  PictureBox pbTempText{513, 353, PictureBox::Border::Sunken};
+  std::string TextToInsert;  ///< rich text of the last dialog that was accepted
+  bool TextAccepted = false;
+  std::int16_t TextX = 0;  ///< place of the press that opened the dialog
+  std::int16_t TextY = 0;
 
   std::string CurrentFile;  ///< full path; keeps its text when a new map has no file yet
   bool HasCurrentFile = false;

@@ -58,16 +58,15 @@ FailedSave SaveAs(Document& document) {
 }
 
 void Tell(Document& document, const FailedSave& failed) {
-  if (failed.Happened()) TellFailure(document.platform, kNotSaved, failed.path, failed.reason);
+  if (failed.Happened()) TellFileFailure(document.platform, kNotSaved, failed.path, failed.reason);
 }
 
 /// The window goes away whatever happens, so the map is put somewhere first.
 void Rescue(Document& document, const FailedSave& failed) {
   const std::string path = WriteRescueCopy(document);
   const std::string outcome = path.empty() ? "It could not be written to any other folder either."
-                                           : "A rescue copy was saved as " + path;
-  TellFailure(document.platform, std::string(kNotSaved) + " " + outcome, failed.path,
-              failed.reason);
+                                           : "A rescue copy was saved as\n" + path;
+  TellFileFailure(document.platform, kNotSaved, failed.path, failed.reason + "\n\n" + outcome);
 }
 
 }  // namespace
@@ -84,7 +83,7 @@ void mnuFileOpen_Click(Document& document) {
   if (path.empty()) return;
   Result<Picture> picture = LoadPicture(document.platform, path);
   if (!picture.Ok()) {
-    TellFailure(document.platform, "The map could not be opened.", path, picture.Reason());
+    TellFileFailure(document.platform, "The map could not be opened.", path, picture.Reason());
     return;
   }
   document.CurrentFile = path;

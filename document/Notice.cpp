@@ -2,11 +2,13 @@
 
 namespace morvane {
 
-void TellFailure(Platform& platform, const std::string& what, const std::string& file,
-                 const Failure& reason) {
-  std::string text = what;
-  if (!file.empty()) text += "\n\n" + file;
-  platform.MsgBox(text + "\n\n" + reason, BoxStyle::OkExclamation, kProgramName);
+void TellFailure(Platform& platform, const std::string& what, const Failure& reason) {
+  platform.MsgBox(what + "\n\n" + reason, BoxStyle::OkExclamation, kProgramName);
+}
+
+void TellFileFailure(Platform& platform, const std::string& what, const std::string& file,
+                     const Failure& reason) {
+  TellFailure(platform, what + "\n\n" + file, reason);
 }
 
 }  // namespace morvane

@@ -6,8 +6,11 @@
 
 namespace morvane {
 
-/// Tells the user what failed, with which file, and the system's reason.
-void TellFailure(Platform& platform, const std::string& what, const std::string& file,
-                 const Failure& reason);
+/// Tells the user what failed, and the system's reason.
+void TellFailure(Platform& platform, const std::string& what, const Failure& reason);
+
+/// The same for what failed with a file.
+void TellFileFailure(Platform& platform, const std::string& what, const std::string& file,
+                     const Failure& reason);
 
 }  // namespace morvane

@@ -8,6 +8,10 @@
 
 namespace morvane {
 
+/// Pictures with more pixels are refused: they would take all memory before one is looked at.
+inline constexpr long long kMostPixels = 100'000'000;
+inline constexpr const char* kTooLarge = "The picture is too large.";
+
 /// Pixels to read, owned by somebody else.
 struct PictureView {
   const Pixel* pixels = nullptr;
@@ -41,7 +45,6 @@ class Picture {
 
   int Width() const { return width_; }
   int Height() const { return height_; }
-  bool IsEmpty() const { return width_ == 0 || height_ == 0; }
 
   Pixel* Row(int y) { return pixels_.data() + static_cast<std::ptrdiff_t>(y) * width_; }
   PictureView View() const { return {pixels_.data(), width_, height_, width_}; }

@@ -58,8 +58,8 @@ Surface PictureBox::hDC() {
 }
 
 void PictureBox::SetPicture(Picture picture) {
-  picture_ = std::move(picture);
-  store_ = Enlarged(picture_.View(), ScaleWidth(), ScaleHeight());
+  const bool fills = picture.Width() >= ScaleWidth() && picture.Height() >= ScaleHeight();
+  store_ = fills ? std::move(picture) : Enlarged(picture.View(), ScaleWidth(), ScaleHeight());
   image_ = {store_.Width(), store_.Height()};
   ExposeAll();
 }

@@ -34,8 +34,6 @@ class PictureBox {
   /// For drawing into the image.
   Surface hDC();
 
-  /// The picture last assigned; drawing doesn't change it.
-  const Picture& GetPicture() const { return picture_; }
   /// Puts the picture in the place of the image, at the top left corner and at its natural size, on
   /// white. The box keeps its size.
   void SetPicture(Picture picture);
@@ -64,8 +62,7 @@ class PictureBox {
 
   int width_;
   int height_;
-  int border_;  ///< pixels a side
-  Picture picture_;
+  int border_;     ///< pixels a side
   Picture store_;  ///< the image and its reserve
   Size image_;     ///< the part of store_ that is the image
   Rect damage_;    ///< drawn, but not yet on the screen

@@ -17,10 +17,18 @@ bool IsBlank(char c) {
 
 }  // namespace
 
+std::string Settings::Path() const {
+  return WithTrailingBackslash(StartDir) + kFileName;
+}
+
 std::string Settings::GetINIFileString(const std::string& section, const std::string& key,
                                        const std::string& dv) const {
-  return platform_.GetPrivateProfileString(section, key, dv, kBufferSize,
-                                           WithTrailingBackslash(StartDir) + kFileName);
+  return platform_.GetPrivateProfileString(section, key, dv, kBufferSize, Path());
+}
+
+Failure Settings::Write(const std::string& section, const std::string& key,
+                        const std::string& value) const {
+  return platform_.WritePrivateProfileString(section, key, value, Path());
 }
 
 std::string WithTrailingBackslash(const std::string& aString) {

@@ -15,15 +15,20 @@ class Settings {
   /// The directory that was current at start; the file lives there.
   std::string StartDir;
 
+  std::string Path() const;
+
   /// The text of a key; dv where the file, the section or the key is missing.
   std::string GetINIFileString(const std::string& section, const std::string& key,
                                const std::string& dv) const;
+
+  /// Sets the text of a key; the file comes into being with the first one.
+  Failure Write(const std::string& section, const std::string& key, const std::string& value) const;
 
  private:
   Platform& platform_;
 };
 
-/// The folder with exactly the separator that a file name can be put behind.
+/// The folder with one separator at its end.
 std::string WithTrailingBackslash(const std::string& aString);
 
 /// The number at the start of a text, blanks ignored; 0 where there is none.

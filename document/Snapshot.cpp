@@ -10,7 +10,7 @@ void TakeSnapshot(Document& document) {
   if (failure.empty() || document.SnapshotFailureTold) return;
   document.SnapshotFailureTold = true;
   TellFailure(document.platform,
-              "The map could not be kept for Undo. Drawing goes on, but can't be taken back.", "",
+              "The map could not be kept for Undo. Drawing goes on, but can't be taken back.",
               failure);
 }
 

@@ -34,7 +34,7 @@ void mnuEditUndo_Click(Document& document) {
   document.MousePointer = windowPointer;
   document.Canvas.MousePointer = canvasPointer;
   if (!snapshot.Ok()) {
-    TellFailure(document.platform, "The last change can't be taken back.", "", snapshot.Reason());
+    TellFailure(document.platform, "The last change can't be taken back.", snapshot.Reason());
   }
 }
 

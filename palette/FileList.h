@@ -25,4 +25,26 @@ class FileList {
   std::vector<std::string> files_;
 };
 
+/// The list of folders: the way from the root to the present one, then what it holds.
+class FolderList {
+ public:
+  struct Row {
+    std::string name;
+    std::string path;
+    int depth;  ///< below the root
+    bool isOnTheWay;
+    friend bool operator==(const Row&, const Row&) = default;
+  };
+
+  const std::string& Path() const { return path_; }
+  const std::vector<Row>& Rows() const { return rows_; }
+
+  /// Shows another folder; one that doesn't exist is refused and the list stays.
+  void SetPath(Platform& platform, const std::string& path);
+
+ private:
+  std::string path_;
+  std::vector<Row> rows_;
+};
+
 }  // namespace morvane

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 #include "document/Document.h"
 #include "palette/FileList.h"
@@ -17,6 +16,9 @@ struct Outline {
   int Height = 20;
   bool Visible = false;
 };
+
+/// The tools of the hand. Label and face of the mode button follow.
+enum class Mode { Tile, Wall, Door };
 
 /// The palette on the left side and the current stamp.
 struct Palette {
@@ -34,22 +36,31 @@ struct Palette {
   int CurFrame1 = 1;
   int CurFrame3 = 1;
   int CurFrame4 = 1;
+  FolderList Dir1;
   FileList File1;
 
   PictureBox Picture1{60, 60, PictureBox::Border::None};  ///< the stamp
-  PictureBox Custom{20, 20, PictureBox::Border::None};    ///< the stamp while the set is "Custom"
+  /// The picture last assigned to Picture1; a reduced preview is drawn, not assigned.
+  Picture Picture1Picture;
+  PictureBox Custom{20, 20, PictureBox::Border::None};  ///< the stamp while the set is "Custom"
   Outline Shape1;
   std::string Label2;  ///< name of the current tile
   std::string Label5;  ///< dimensions of a custom tile
 
-  /// The tool mode; Tile mode is both false.
   bool WallMode = false;
   bool DoorMode = false;
 
-  /// Caption of lbMode, after which the face of WallButton goes too.
-  std::string_view ModeCaption() const {
-    if (WallMode) return "Wall";
-    return DoorMode ? "Door" : "Tile";
+  Mode CurrentMode() const {
+    if (WallMode) return Mode::Wall;
+    return DoorMode ? Mode::Door : Mode::Tile;
+  }
+  void LeaveToTileMode() { WallMode = DoorMode = false; }
+  /// Assigns a picture to the stamp, which shows and paints its top left part of that size.
+  void SetPicture1(const Picture& picture, Size size) {
+    Picture1Picture = picture;
+    Picture1.SetPicture(picture);
+    Picture1.SetWidth(size.width);
+    Picture1.SetHeight(size.height);
   }
 };
 

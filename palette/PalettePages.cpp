@@ -1,41 +1,39 @@
 #include "palette/PalettePages.h"
 
 namespace morvane {
+namespace {
+
+/// Where a set keeps its current page; null where it has one page only.
+template <typename AnyPalette>
+auto* PageVariable(AnyPalette& palette, int set) {
+  switch (set) {
+    case kAbandonedCathedral:
+      return &palette.CurFrame1;
+    case kGraveDungeon:
+      return &palette.CurFrame3;
+    case kClassicVillage:
+      return &palette.CurFrame4;
+    default:
+      return static_cast<decltype(&palette.CurFrame1)>(nullptr);
+  }
+}
+
+}  // namespace
 
 void TileSetSelector_Click(Palette& palette, int ListIndex) {
   palette.TileSetSelector.ListIndex = ListIndex;
   if (ListIndex != kCustomSet) return;
-  palette.Custom.SetPictureAndSize(palette.Picture1.GetPicture());
+  palette.Custom.SetPictureAndSize(palette.Picture1Picture);
   palette.File1.Refresh(palette.document.platform);
 }
 
 void TabStrip_Click(Palette& palette, int set, int tab) {
-  switch (set) {
-    case kAbandonedCathedral:
-      palette.CurFrame1 = tab;
-      break;
-    case kGraveDungeon:
-      palette.CurFrame3 = tab;
-      break;
-    case kClassicVillage:
-      palette.CurFrame4 = tab;
-      break;
-    default:
-      break;
-  }
+  if (int* page = PageVariable(palette, set)) *page = tab;
 }
 
 int CurrentPage(const Palette& palette, int set) {
-  switch (set) {
-    case kAbandonedCathedral:
-      return palette.CurFrame1;
-    case kGraveDungeon:
-      return palette.CurFrame3;
-    case kClassicVillage:
-      return palette.CurFrame4;
-    default:
-      return 1;
-  }
+  const int* page = PageVariable(palette, set);
+  return page == nullptr ? 1 : *page;
 }
 
 bool IsPageVisible(const Palette& palette, int set, int page) {

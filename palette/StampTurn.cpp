@@ -5,23 +5,25 @@
 namespace morvane {
 namespace {
 
-/// Turns what the box shows, and lets the outline take the box's size.
-void TurnBox(PictureBox& box, Transform transform, Outline& Shape1) {
+/// What the box shows, turned.
+Picture TurnedImage(const PictureBox& box, Transform transform) {
   PictureView shown = box.Image();
   shown.width = box.ScaleWidth();
   shown.height = box.ScaleHeight();
-  box.SetPictureAndSize(Transformed(shown, transform));
-  Shape1.Width = box.ScaleWidth();
-  Shape1.Height = box.ScaleHeight();
+  return Transformed(shown, transform);
 }
 
 void Turn(Palette& palette, Transform transform, const char* done) {
-  TurnBox(palette.Picture1, transform, palette.Shape1);
+  const Picture stamp = TurnedImage(palette.Picture1, transform);
+  Size size = {stamp.Width(), stamp.Height()};
+  palette.SetPicture1(stamp, size);
   if (palette.TileSetSelector.ListIndex == kCustomSet) {
-    TurnBox(palette.Custom, transform, palette.Shape1);
+    palette.Custom.SetPictureAndSize(TurnedImage(palette.Custom, transform));
+    size = {palette.Custom.ScaleWidth(), palette.Custom.ScaleHeight()};
   }
-  palette.WallMode = false;
-  palette.DoorMode = false;
+  palette.Shape1.Width = size.width;
+  palette.Shape1.Height = size.height;
+  palette.LeaveToTileMode();
   palette.document.StatusText = palette.Label2 + done;
 }
 

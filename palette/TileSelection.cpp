@@ -6,8 +6,7 @@ namespace {
 void EnterTileMode(Palette& palette) {
   palette.Shape1.Width = palette.Picture1.Width();
   palette.Shape1.Height = palette.Picture1.Height();
-  palette.WallMode = false;
-  palette.DoorMode = false;
+  palette.LeaveToTileMode();
   palette.document.StatusText = palette.Label2 + " tile selected";
   palette.Label5.clear();
   palette.document.Canvas.SetFocus();
@@ -15,12 +14,13 @@ void EnterTileMode(Palette& palette) {
 
 }  // namespace
 
-void Item_Click(Palette& palette, const Item& item) {
-  const Size stamp = StampSize(item);
+void ShowStamp(Palette& palette, const Item& item) {
   palette.Label2 = item.caption;
-  palette.Picture1.SetPicture(palette.pictures.Of(item));
-  palette.Picture1.SetWidth(stamp.width);
-  palette.Picture1.SetHeight(stamp.height);
+  palette.SetPicture1(palette.pictures.Of(item), StampSize(item));
+}
+
+void Item_Click(Palette& palette, const Item& item) {
+  ShowStamp(palette, item);
   EnterTileMode(palette);
 }
 

@@ -4,6 +4,9 @@
 
 namespace morvane {
 
+/// Makes the picture of an item the stamp, and nothing else.
+void ShowStamp(Palette& palette, const Item& item);
+
 /// A click on an item makes it the current stamp and returns to Tile mode.
 void Item_Click(Palette& palette, const Item& item);
 

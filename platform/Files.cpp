@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QSaveFile>
+#include <QStorageInfo>
 #include <algorithm>
 
 namespace morvane {
@@ -17,6 +18,19 @@ Failure WhyNotNormal(const QFileInfo& info) {
   if (info.isDir()) return "This is a folder, not a file.";
   if (info.isFile()) return info.size() > kMostBytes ? "The file is too large." : Failure();
   return info.exists() ? "This is not a normal file." : "There is no such file.";
+}
+
+std::vector<std::string> InNaturalOrder(QStringList names) {
+  // The plain "C" locale knows no natural order.
+  const bool plain = QLocale().language() == QLocale::C;
+  QCollator natural(plain ? QLocale(QLocale::English) : QLocale());
+  natural.setNumericMode(true);
+  natural.setCaseSensitivity(Qt::CaseInsensitive);
+  std::sort(names.begin(), names.end(), natural);
+  std::vector<std::string> result;
+  result.reserve(static_cast<std::size_t>(names.size()));
+  for (const QString& name : names) result.push_back(name.toStdString());
+  return result;
 }
 
 }  // namespace
@@ -48,20 +62,26 @@ Failure ReplaceFile(const std::string& path, const Bytes& content) {
   return done ? Failure() : file.errorString().toStdString();
 }
 
+std::vector<std::string> FoldersIn(const std::string& folder) {
+  return InNaturalOrder(
+      QDir(QString::fromStdString(folder)).entryList(QDir::Dirs | QDir::NoDotAndDotDot));
+}
+
+std::vector<std::string> MountedVolumes() {
+  std::vector<std::string> roots = {"/"};
+  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
+    const std::string root = volume.rootPath().toStdString();
+    const bool isOfPeople = root.starts_with("/media/") || root.starts_with("/mnt/") ||
+                            root.starts_with("/run/media/") || root.starts_with("/home");
+    if (isOfPeople && volume.isReady()) roots.push_back(root);
+  }
+  return roots;
+}
+
 std::vector<std::string> MatchingFiles(const std::string& folder, const std::string& pattern) {
   const QStringList patterns = QString::fromStdString(pattern).split(';');
-  QStringList names = QDir(QString::fromStdString(folder))
-                          .entryList(patterns, QDir::Files | QDir::Hidden, QDir::NoSort);
-  // The plain "C" locale knows no natural order.
-  const bool plain = QLocale().language() == QLocale::C;
-  QCollator natural(plain ? QLocale(QLocale::English) : QLocale());
-  natural.setNumericMode(true);
-  natural.setCaseSensitivity(Qt::CaseInsensitive);
-  std::sort(names.begin(), names.end(), natural);
-  std::vector<std::string> result;
-  result.reserve(static_cast<std::size_t>(names.size()));
-  for (const QString& name : names) result.push_back(name.toStdString());
-  return result;
+  return InNaturalOrder(
+      QDir(QString::fromStdString(folder)).entryList(patterns, QDir::Files | QDir::Hidden));
 }
 
 }  // namespace morvane

@@ -14,7 +14,13 @@ Result<Bytes> ReadNormalFile(const std::string& path);
 /// links are followed and the file's mode is kept.
 Failure ReplaceFile(const std::string& path, const Bytes& content);
 
-/// The names in a folder that match one of "*.a;*.b", case ignored, in natural order.
+/// The names of the folders in a folder, in natural order.
+std::vector<std::string> FoldersIn(const std::string& folder);
+
+/// The roots of the mounted volumes that hold files of people, the system's first.
+std::vector<std::string> MountedVolumes();
+
+/// The names of the files in a folder that match one of "*.a;*.b", case ignored, in natural order.
 std::vector<std::string> MatchingFiles(const std::string& folder, const std::string& pattern);
 
 }  // namespace morvane

@@ -9,6 +9,7 @@
 namespace morvane {
 
 class Picture;
+struct PictureView;
 
 using Bytes = std::vector<std::uint8_t>;
 
@@ -79,6 +80,10 @@ class Platform {
   virtual Result<Bytes> ReadFile(const std::string& path) = 0;
   /// Puts the bytes in the place of a file, all or nothing: after a failure the old file is intact.
   virtual Failure WriteFile(const std::string& path, const Bytes& content) = 0;
+  /// The names of the folders in a folder, in natural order. One that can't be read has none.
+  virtual std::vector<std::string> ListFolders(const std::string& folder) = 0;
+  /// The roots of the mounted volumes, that of the system first.
+  virtual std::vector<std::string> ListDrives() = 0;
   /// The names of the files in a folder that match one of the patterns "*.a;*.b", case ignored,
   /// in natural order. A folder that can't be read has none.
   virtual std::vector<std::string> ListFiles(const std::string& folder,
@@ -91,6 +96,10 @@ class Platform {
                                               const std::string& dv, std::size_t size,
                                               const std::string& path) = 0;
 
+  /// Sets one value of a private-profile file and leaves its other lines alone.
+  virtual Failure WritePrivateProfileString(const std::string& section, const std::string& key,
+                                            const std::string& value, const std::string& path) = 0;
+
   /// Replaces the one snapshot of this process. After a failure there is none.
   virtual Failure WriteSnapshot(const Bytes& content) = 0;
   virtual Result<Bytes> ReadSnapshot() = 0;
@@ -98,6 +107,21 @@ class Platform {
 
   /// Decodes a picture of any format but BMP, laid over white.
   virtual Result<Picture> DecodePicture(const Bytes& content) = 0;
+
+  /// Lets the user edit rich text. Returns whether it was accepted; text then holds the new one.
+  virtual bool EditText(std::string& text) = 0;
+  /// Draws rich text from the top left of a picture, wrapped at its width, in full colours only.
+  virtual void DrawText(const std::string& text, Picture& picture) = 0;
+
+  /// Prints one page with the picture at its top left, 96 pixels to the inch.
+  virtual Failure Print(const PictureView& picture) = 0;
+  /// Lets the user choose the printer of the next prints.
+  virtual void ShowPrinterSetup(const std::string& title) = 0;
+
+  /// Lets the user choose a folder; empty after a cancel.
+  virtual std::string BrowseForFolder(const std::string& title) = 0;
+  /// Lets the user choose a colour 0xBBGGRR; it stays as it is after a cancel.
+  virtual void ShowColor(std::uint32_t& color) = 0;
 };
 
 }  // namespace morvane

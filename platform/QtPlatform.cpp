@@ -1,45 +1,28 @@
 #include "platform/QtPlatform.h"
 
-#include <QBuffer>
+#include <QApplication>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
-#include <QImageReader>
-#include <QMessageBox>
-#include <QPainter>
 #include <QStandardPaths>
 #include <utility>
 
-#include "document/Picture.h"
 #include "platform/Files.h"
+#include "platform/PictureDecoding.h"
 #include "platform/PrivateProfile.h"
+#include "platform/QtDialogs.h"
+#include "platform/TextDrawing.h"
 
 namespace morvane {
 namespace {
 
-QMessageBox::StandardButtons ButtonsOf(BoxStyle style) {
-  switch (style) {
-    case BoxStyle::YesNoCancelQuestion:
-      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
-    case BoxStyle::YesNoQuestion:
-    case BoxStyle::YesNoExclamation:
-      return QMessageBox::Yes | QMessageBox::No;
-    default:
-      return QMessageBox::Ok;
-  }
+std::string TextOf(const Bytes& bytes) {
+  return {bytes.begin(), bytes.end()};
 }
 
-QMessageBox::Icon IconOf(BoxStyle style) {
-  switch (style) {
-    case BoxStyle::YesNoCancelQuestion:
-    case BoxStyle::YesNoQuestion:
-      return QMessageBox::Question;
-    case BoxStyle::OkExclamation:
-    case BoxStyle::YesNoExclamation:
-      return QMessageBox::Warning;
-    default:
-      return QMessageBox::NoIcon;
-  }
+/// A dialog that a form has opened belongs to that form, not to the main window behind it.
+QWidget* OwnerAbove(QWidget* window) {
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal != nullptr ? modal : window;
 }
 
 }  // namespace
@@ -49,54 +32,35 @@ void QtPlatform::SetWindow(QWidget* window, std::function<void()> showState) {
   showState_ = std::move(showState);
 }
 
+void QtPlatform::SetTextForm(std::function<bool(std::string& text)> showTextForm) {
+  showTextForm_ = std::move(showTextForm);
+}
+
 void QtPlatform::ShowState() {
   if (showState_) showState_();
 }
 
 Answer QtPlatform::MsgBox(const std::string& text, BoxStyle style, const std::string& title) {
   ShowState();
-  QMessageBox box(IconOf(style), QString::fromStdString(title), QString::fromStdString(text),
-                  ButtonsOf(style), window_);
-  box.setTextFormat(Qt::PlainText);
-  box.setDefaultButton(box.button(QMessageBox::Yes) != nullptr ? QMessageBox::Yes
-                                                               : QMessageBox::Ok);
-  switch (box.exec()) {
-    case QMessageBox::Yes:
-      return Answer::Yes;
-    case QMessageBox::No:
-      return Answer::No;
-    case QMessageBox::Ok:
-      return Answer::Ok;
-    default:
-      return Answer::Cancel;
-  }
+  return ShowMessage(OwnerAbove(window_), text, style, title);
 }
 
 std::string QtPlatform::ShowOpen(const FileDialog& dialog) {
-  return ShowFileDialog(dialog, FileMode::Open);
+  ShowState();
+  std::string path = AskForFile(window_, dialog, FileDialogMode::Open, FirstFolder(dialog));
+  if (!path.empty()) lastFolder_ = QFileInfo(QString::fromStdString(path)).path().toStdString();
+  return path;
 }
 
 std::string QtPlatform::ShowSave(const FileDialog& dialog) {
-  return ShowFileDialog(dialog, FileMode::Save);
+  ShowState();
+  std::string path = AskForFile(window_, dialog, FileDialogMode::Save, FirstFolder(dialog));
+  if (!path.empty()) lastFolder_ = QFileInfo(QString::fromStdString(path)).path().toStdString();
+  return path;
 }
 
-std::string QtPlatform::ShowFileDialog(const FileDialog& dialog, FileMode mode) {
-  ShowState();
-  const bool known = FolderExists(dialog.InitDir);
-  const QString folder = QString::fromStdString(known ? dialog.InitDir : lastFolder_);
-  QFileDialog box(window_, QString::fromStdString(dialog.DialogTitle), folder,
-                  QString::fromStdString(dialog.Filter).section('|', 0, 0));
-  box.setOption(QFileDialog::DontUseNativeDialog);
-  // Whether to write over a file is the rules' own question.
-  box.setOption(QFileDialog::DontConfirmOverwrite);
-  const bool saves = mode == FileMode::Save;
-  box.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-  box.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-  if (!dialog.FileName.empty()) box.selectFile(QString::fromStdString(dialog.FileName));
-  if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return {};
-  const QString path = box.selectedFiles().constFirst();
-  lastFolder_ = QFileInfo(path).path().toStdString();
-  return path.toStdString();
+std::string QtPlatform::FirstFolder(const FileDialog& dialog) {
+  return FolderExists(dialog.InitDir) ? dialog.InitDir : lastFolder_;
 }
 
 std::string QtPlatform::CurrentDirectory() {
@@ -119,6 +83,14 @@ Failure QtPlatform::WriteFile(const std::string& path, const Bytes& content) {
   return ReplaceFile(path, content);
 }
 
+std::vector<std::string> QtPlatform::ListFolders(const std::string& folder) {
+  return FoldersIn(folder);
+}
+
+std::vector<std::string> QtPlatform::ListDrives() {
+  return MountedVolumes();
+}
+
 std::vector<std::string> QtPlatform::ListFiles(const std::string& folder,
                                                const std::string& pattern) {
   return MatchingFiles(folder, pattern);
@@ -134,7 +106,20 @@ std::string QtPlatform::GetPrivateProfileString(const std::string& section, cons
                                                 const std::string& dv, std::size_t size,
                                                 const std::string& path) {
   Result<Bytes> file = ReadNormalFile(path);
-  return CutText(file.Ok() ? FindProfileValue(file.Value(), section, key, dv) : dv, size - 1);
+  if (!file.Ok()) return CutText(dv, size - 1);
+  return CutText(FindProfileValue(TextOf(file.Value()), section, key, dv), size - 1);
+}
+
+Failure QtPlatform::WritePrivateProfileString(const std::string& section, const std::string& key,
+                                              const std::string& value, const std::string& path) {
+  std::string text;
+  if (QFileInfo::exists(QString::fromStdString(path))) {
+    Result<Bytes> file = ReadNormalFile(path);
+    if (!file.Ok()) return file.Reason();
+    text = TextOf(file.Value());
+  }
+  const std::string changed = WithProfileValue(text, section, key, value);
+  return ReplaceFile(path, Bytes(changed.begin(), changed.end()));
 }
 
 Failure QtPlatform::WriteSnapshot(const Bytes& content) {
@@ -150,21 +135,33 @@ void QtPlatform::DeleteSnapshot() {
 }
 
 Result<Picture> QtPlatform::DecodePicture(const Bytes& content) {
-  QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char*>(content.data()),
-                                             static_cast<qsizetype>(content.size()));
-  QBuffer buffer(&bytes);
-  QImageReader reader(&buffer);
-  reader.setDecideFormatFromContent(true);
-  const QImage image = reader.read();
-  if (image.isNull()) {
-    return Result<Picture>::Failed(
-        "This is not a picture that can be read: " + reader.errorString().toStdString() + ".");
-  }
-  Picture picture(image.width(), image.height());
-  QImage onWhite(reinterpret_cast<uchar*>(picture.Row(0)), image.width(), image.height(),
-                 image.width() * static_cast<qsizetype>(sizeof(Pixel)), QImage::Format_RGB32);
-  QPainter(&onWhite).drawImage(0, 0, image);
-  return picture;
+  return DecodeForeignPicture(content);
+}
+
+bool QtPlatform::EditText(std::string& text) {
+  ShowState();
+  return showTextForm_ && showTextForm_(text);
+}
+
+void QtPlatform::DrawText(const std::string& text, Picture& picture) {
+  DrawRichText(text, picture);
+}
+
+Failure QtPlatform::Print(const PictureView& picture) {
+  return printer_.Print(picture);
+}
+
+void QtPlatform::ShowPrinterSetup(const std::string& title) {
+  ShowState();
+  printer_.ShowSetup(window_, title);
+}
+
+std::string QtPlatform::BrowseForFolder(const std::string& title) {
+  return AskForFolder(OwnerAbove(window_), title);
+}
+
+void QtPlatform::ShowColor(std::uint32_t& color) {
+  AskForColor(OwnerAbove(window_), color);
 }
 
 }  // namespace morvane

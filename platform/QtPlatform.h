@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "platform/MapPrinter.h"
 #include "platform/Platform.h"
 #include "platform/SnapshotFile.h"
 
@@ -14,6 +15,8 @@ class QtPlatform : public Platform {
  public:
   /// The main window, once there is one: owner of all dialogs, and how it shows the state.
   void SetWindow(QWidget* window, std::function<void()> showState);
+  /// The form in which rich text is edited: changes the text and returns whether it was accepted.
+  void SetTextForm(std::function<bool(std::string& text)> showTextForm);
 
   void ShowState() override;
   Answer MsgBox(const std::string& text, BoxStyle style, const std::string& title) override;
@@ -24,25 +27,37 @@ class QtPlatform : public Platform {
   bool FolderExists(const std::string& path) override;
   Result<Bytes> ReadFile(const std::string& path) override;
   Failure WriteFile(const std::string& path, const Bytes& content) override;
+  std::vector<std::string> ListFolders(const std::string& folder) override;
+  std::vector<std::string> ListDrives() override;
   std::vector<std::string> ListFiles(const std::string& folder,
                                      const std::string& pattern) override;
   std::vector<std::string> RescueFolders() override;
   std::string GetPrivateProfileString(const std::string& section, const std::string& key,
                                       const std::string& dv, std::size_t size,
                                       const std::string& path) override;
+  Failure WritePrivateProfileString(const std::string& section, const std::string& key,
+                                    const std::string& value, const std::string& path) override;
   Failure WriteSnapshot(const Bytes& content) override;
   Result<Bytes> ReadSnapshot() override;
   void DeleteSnapshot() override;
   Result<Picture> DecodePicture(const Bytes& content) override;
+  bool EditText(std::string& text) override;
+  void DrawText(const std::string& text, Picture& picture) override;
+  Failure Print(const PictureView& picture) override;
+  void ShowPrinterSetup(const std::string& title) override;
+  std::string BrowseForFolder(const std::string& title) override;
+  void ShowColor(std::uint32_t& color) override;
 
  private:
-  enum class FileMode { Open, Save };
-  std::string ShowFileDialog(const FileDialog& dialog, FileMode mode);
+  /// Where a file dialog begins: the wished folder if it exists, else that of the last file.
+  std::string FirstFolder(const FileDialog& dialog);
 
   QWidget* window_ = nullptr;
   std::function<void()> showState_;
+  std::function<bool(std::string&)> showTextForm_;
   std::string lastFolder_;  ///< of the last file that was chosen
   SnapshotFile snapshot_;
+  MapPrinter printer_;
 };
 
 }  // namespace morvane

@@ -16,8 +16,8 @@ namespace {
 
 constexpr const char* kName = "/mvtmp.~mp";
 
-Failure SystemReason() {
-  return std::strerror(errno);
+Failure SystemReason(const std::string& path) {
+  return path + ": " + std::strerror(errno);
 }
 
 /// Whether the file is one that this user made for nothing else: a planted or linked one is not.
@@ -38,7 +38,7 @@ Failure SnapshotFile::Write(const Bytes& content) {
     if (!failure.empty()) return failure;
   }
   Failure failure = Overwrite(content);
-  if (!failure.empty() && privateFolder_.empty()) {
+  if (!failure.empty() && !isPrivate_) {
     // A full disk here may not be full there.
     Delete();
     if (!OpenInPrivateFolder().empty()) return failure;
@@ -56,7 +56,7 @@ Result<Bytes> SnapshotFile::Read() const {
     const ssize_t read =
         pread(file_, content.data() + done, size_ - done, static_cast<off_t>(done));
     if (read < 0 && errno == EINTR) continue;
-    if (read < 0) return Result<Bytes>::Failed(SystemReason());
+    if (read < 0) return Result<Bytes>::Failed(SystemReason(path_));
     if (read == 0) return Result<Bytes>::Failed("The snapshot file was cut short.");
     done += static_cast<std::size_t>(read);
   }
@@ -72,8 +72,7 @@ void SnapshotFile::Delete() {
                           held.st_ino == named.st_ino && held.st_dev == named.st_dev;
   if (stillThere) unlink(path_.c_str());
   close(std::exchange(file_, -1));
-  if (!privateFolder_.empty()) rmdir(privateFolder_.c_str());
-  privateFolder_.clear();
+  isPrivate_ = false;
 }
 
 Failure SnapshotFile::OpenInCurrentDirectory() {
@@ -82,23 +81,22 @@ Failure SnapshotFile::OpenInCurrentDirectory() {
 
 Failure SnapshotFile::OpenInPrivateFolder() {
   std::string folder = QDir::tempPath().toStdString() + "/morvane-XXXXXX";
-  if (mkdtemp(folder.data()) == nullptr) return SystemReason();
+  if (mkdtemp(folder.data()) == nullptr) return SystemReason(folder);
   Failure failure = Open(folder + kName);
-  if (failure.empty()) {
-    privateFolder_ = folder;
-  } else {
-    rmdir(folder.c_str());
-  }
+  // Nobody else needs the name, and so nothing is left behind however the process ends.
+  if (failure.empty()) unlink(path_.c_str());
+  rmdir(folder.c_str());
+  isPrivate_ = failure.empty();
   return failure;
 }
 
 Failure SnapshotFile::Open(const std::string& path) {
   const int file = open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK, 0600);
-  if (file < 0) return SystemReason();
+  if (file < 0) return SystemReason(path);
   struct stat status {};
   if (fstat(file, &status) != 0 || !IsOurs(status) || flock(file, LOCK_EX | LOCK_NB) != 0) {
     close(file);
-    return "The name is in use.";
+    return path + " is in use.";
   }
   file_ = file;
   path_ = path;
@@ -111,10 +109,11 @@ Failure SnapshotFile::Overwrite(const Bytes& content) const {
     const ssize_t written =
         pwrite(file_, content.data() + done, content.size() - done, static_cast<off_t>(done));
     if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return SystemReason();
+    if (written < 0) return SystemReason(path_);
     done += static_cast<std::size_t>(written);
   }
-  return ftruncate(file_, static_cast<off_t>(content.size())) == 0 ? Failure() : SystemReason();
+  return ftruncate(file_, static_cast<off_t>(content.size())) == 0 ? Failure()
+                                                                   : SystemReason(path_);
 }
 
 }  // namespace morvane

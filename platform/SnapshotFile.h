@@ -30,8 +30,8 @@ class SnapshotFile {
 
   int file_ = -1;
   std::string path_;
-  std::string privateFolder_;
-  std::size_t size_ = 0;  ///< of the snapshot; 0 where there is none
+  bool isPrivate_ = false;  ///< then nothing bears its name any more
+  std::size_t size_ = 0;    ///< of the snapshot; 0 where there is none
 };
 
 }  // namespace morvane

@@ -12,6 +12,13 @@ Picture LoadArtSheet(const std::string& name) {
                              static_cast<int>(image.bytesPerLine() / qsizetype{sizeof(Pixel)})});
 }
 
+QPixmap LoadPhoto(const char* name, double devicePixelRatio) {
+  const bool fine = devicePixelRatio > 1;
+  QPixmap picture(QString(fine ? ":/ui/%1@2x.jpg" : ":/ui/%1.jpg").arg(name));
+  picture.setDevicePixelRatio(fine ? 2 : 1);
+  return picture;
+}
+
 QIcon LoadIcon(const char* name) {
   return QIcon(QString(":/ui/%1.png").arg(name));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QIcon>
+#include <QPixmap>
 #include <string>
 
 #include "document/Picture.h"
@@ -12,5 +13,8 @@ Picture LoadArtSheet(const std::string& name);
 
 /// A picture of the user interface, with its twin for fine displays.
 QIcon LoadIcon(const char* name);
+
+/// One of the large pictures, in the fineness of the display.
+QPixmap LoadPhoto(const char* name, double devicePixelRatio);
 
 }  // namespace morvane

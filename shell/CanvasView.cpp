@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QtMath>
 
 #include "tools/Buttons.h"
 #include "tools/CanvasKeyboard.h"
@@ -19,6 +20,11 @@ int ButtonMask(Qt::MouseButtons buttons) {
   if (buttons.testFlag(Qt::RightButton)) mask |= kRightButton;
   if (buttons.testFlag(Qt::MiddleButton)) mask |= kMiddleButton;
   return mask;
+}
+
+/// On fine displays a position may lie inside a pixel; it belongs to that one, not to the next.
+QPoint PixelAt(const QPointF& position) {
+  return {qFloor(position.x()), qFloor(position.y())};
 }
 
 int ModifierMask(Qt::KeyboardModifiers modifiers) {
@@ -78,7 +84,7 @@ void CanvasView::paintEvent(QPaintEvent* event) {
 
 void CanvasView::mousePressEvent(QMouseEvent* event) {
   const int button = ButtonMask(event->button());
-  const QPoint place = event->position().toPoint();
+  const QPoint place = PixelAt(event->position());
   if (button == 0 || !contentsRect().contains(place)) return;
   const QPoint pixel = place - contentsRect().topLeft();
   emit Pressed(button, static_cast<float>(pixel.x()), static_cast<float>(pixel.y()));
@@ -91,7 +97,7 @@ void CanvasView::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void CanvasView::mouseMoveEvent(QMouseEvent* event) {
   const int held = ButtonMask(event->buttons());
-  const QPoint place = event->position().toPoint();
+  const QPoint place = PixelAt(event->position());
   if (held == 0 && !contentsRect().contains(place)) return;
   const QPoint pixel = place - contentsRect().topLeft();
   emit Moved(held, static_cast<float>(pixel.x()), static_cast<float>(pixel.y()));

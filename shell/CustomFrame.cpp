@@ -8,21 +8,9 @@
 #include "shell/Text.h"
 
 namespace morvane {
-namespace {
-
-/// Fills a list anew only if it differs, so that scroll bar and selection stay.
-void ShowRows(QListWidget* list, const QStringList& rows) {
-  QStringList shown;
-  for (int i = 0; i < list->count(); ++i) shown << list->item(i)->text();
-  if (shown == rows) return;
-  list->clear();
-  list->addItems(rows);
-}
-
-}  // namespace
 
 CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
-    : QGroupBox("Custom Tiles", window),
+    : GroupFrame("Custom Tiles", window),
       palette_(palette),
       drive_(new QComboBox(this)),
       dimensions_(new QLabel(this)),
@@ -34,7 +22,9 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   drive_->setObjectName("Drive1");
   drive_->setAccessibleName("Drive");
   drive_->setGeometry(PlaceOf(120, 240, 1095, 315));
-  drive_->addItem("/");
+  for (const std::string& root : palette.document.platform.ListDrives()) {
+    drive_->addItem(TextOf(root));
+  }
   dimensions_->setObjectName("Label5");
   dimensions_->setGeometry(PlaceOf(1320, 300, 855, 255));
   dimensions_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -44,16 +34,52 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   files_->setObjectName("File1");
   files_->setAccessibleName("Custom tile pictures");
   files_->setGeometry(PlaceOf(120, 1800, 2055, 2820));
+  files_->setUniformItemSizes(true);
+
+  connect(drive_, &QComboBox::textActivated, this, &CustomFrame::DriveChosen);
+  // Double click and Enter both open a folder.
+  connect(folders_, &QListWidget::itemActivated, this, [this](const QListWidgetItem* item) {
+    emit FolderOpened(item->data(Qt::UserRole).toString());
+  });
+  connect(files_, &QListWidget::itemClicked, this,
+          [this](const QListWidgetItem* item) { emit FileClicked(item->text()); });
+  connect(files_, &QListWidget::itemActivated, this,
+          [this](const QListWidgetItem* item) { emit FileClicked(item->text()); });
 }
 
 void CustomFrame::ShowState() {
   setVisible(palette_.TileSetSelector.ListIndex == kCustomSet);
   if (isHidden()) return;
   dimensions_->setText(TextOf(palette_.Label5));
-  QStringList files;
-  for (const std::string& file : palette_.File1.Files()) files << TextOf(file);
-  ShowRows(files_, files);
-  ShowRows(folders_, {TextOf(palette_.File1.Path())});
+  ShowFolders();
+  ShowFiles();
+}
+
+void CustomFrame::ShowFolders() {
+  if (shownFolders_ == palette_.Dir1.Rows()) return;
+  shownFolders_ = palette_.Dir1.Rows();
+  folders_->clear();
+  constexpr int kIndent = 2;
+  int present = 0;
+  for (const FolderList::Row& row : shownFolders_) {
+    auto* item = new QListWidgetItem(
+        style()->standardIcon(row.isOnTheWay ? QStyle::SP_DirOpenIcon : QStyle::SP_DirIcon),
+        QString(row.depth * kIndent, ' ') + TextOf(row.name), folders_);
+    item->setData(Qt::UserRole, TextOf(row.path));
+    item->setToolTip(TextOf(row.path));
+    if (row.isOnTheWay) present = folders_->row(item);
+  }
+  folders_->setCurrentRow(present);
+  folders_->scrollToItem(folders_->item(present), QAbstractItemView::PositionAtCenter);
+}
+
+void CustomFrame::ShowFiles() {
+  if (shownFiles_ == palette_.File1.Files()) return;
+  shownFiles_ = palette_.File1.Files();
+  QStringList names;
+  for (const std::string& name : shownFiles_) names << TextOf(name);
+  files_->clear();
+  files_->addItems(names);
 }
 
 QWidget* CustomFrame::File1() const {

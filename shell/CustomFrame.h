@@ -1,17 +1,17 @@
 #pragma once
 
-#include <QGroupBox>
-
 #include "palette/Palette.h"
+#include "shell/GroupFrame.h"
 
 class QComboBox;
 class QLabel;
 class QListWidget;
+class QListWidgetItem;
 
 namespace morvane {
 
-/// The frame "Custom Tiles" in the place of the palette pages.
-class CustomFrame : public QGroupBox {
+/// The frame "Custom Tiles" in the place of the palette pages: drives, folders and picture files.
+class CustomFrame : public GroupFrame {
   Q_OBJECT
 
  public:
@@ -22,12 +22,22 @@ class CustomFrame : public QGroupBox {
   /// The list of files, over which no outline belongs on the map.
   QWidget* File1() const;
 
+ signals:
+  void DriveChosen(const QString& root);
+  void FolderOpened(const QString& path);
+  void FileClicked(const QString& name);
+
  private:
+  void ShowFolders();
+  void ShowFiles();
+
   const Palette& palette_;
   QComboBox* drive_;
   QLabel* dimensions_;
   QListWidget* folders_;
   QListWidget* files_;
+  std::vector<FolderList::Row> shownFolders_;
+  std::vector<std::string> shownFiles_;
 };
 
 }  // namespace morvane

@@ -4,6 +4,7 @@
 #include <QToolButton>
 
 #include "shell/ArtSheets.h"
+#include "shell/FittedLabel.h"
 #include "shell/Layout.h"
 #include "shell/PictureBoxView.h"
 #include "shell/Text.h"
@@ -12,20 +13,35 @@
 namespace morvane {
 namespace {
 
-QLabel* AddLabel(QWidget* window, const char* name, const char* text, const QRect& place,
-                 const QFont& font) {
-  auto* label = new QLabel(text, window);
+void SetUpLabel(QLabel* label, const char* name, const QRect& place, const QFont& font) {
   label->setObjectName(name);
   label->setGeometry(place);
   label->setFont(font);
   label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   label->setTextFormat(Qt::PlainText);
+}
+
+QLabel* AddLabel(QWidget* window, const char* name, const char* text, const QRect& place,
+                 const QFont& font) {
+  auto* label = new QLabel(text, window);
+  SetUpLabel(label, name, place, font);
   return label;
 }
 
-const char* FaceOf(const Palette& palette) {
-  if (palette.WallMode) return "mode-wall";
-  return palette.DoorMode ? "mode-door" : "mode-tile";
+struct ModeLook {
+  const char* caption;
+  const char* face;
+};
+
+ModeLook LookOf(Mode mode) {
+  switch (mode) {
+    case Mode::Wall:
+      return {"Wall", "mode-wall"};
+    case Mode::Door:
+      return {"Door", "mode-door"};
+    default:
+      return {"Tile", "mode-tile"};
+  }
 }
 
 }  // namespace
@@ -43,7 +59,9 @@ void LeftColumn::AddModeBox(QWidget* window) {
   AddLabel(window, "Label4", "Mode:", PlaceOf(630, 600, 615, 255), heading);
   mode_ = AddLabel(window, "lbMode", "Tile", PlaceOf(630, 840, 495, 255), text);
   AddLabel(window, "Label1", "Selected Tile:", PlaceOf(1290, 600, 1335, 255), heading);
-  tile_ = AddLabel(window, "Label2", "Floor", PlaceOf(1290, 840, 1770, 255), text);
+  // The map covers the right end of this label.
+  tile_ = new FittedLabel(Px(2520) - Px(1290) - 2, window);
+  SetUpLabel(tile_, "Label2", PlaceOf(1290, 840, 1770, 255), text);
 }
 
 void LeftColumn::AddStampBox(QWidget* window) {
@@ -58,7 +76,8 @@ void LeftColumn::AddStampBox(QWidget* window) {
 }
 
 void LeftColumn::AddTileSetRow(QWidget* window) {
-  AddLabel(window, "Label3", "Tileset:", PlaceOf(120, 2475, 735, 255), ArialFont(kLabelText, true));
+  AddLabel(window, "Label3", "Tileset:", PlaceOf(120, 2475, 735, 255), ArialFont(kLabelText, true))
+      ->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   tileSet_ = new TileSetCombo(window);
   tileSet_->setObjectName("TileSetSelector");
   tileSet_->setAccessibleName("Tileset");
@@ -84,12 +103,12 @@ QToolButton* LeftColumn::AddButton(QWidget* window, const char* name, const char
 }
 
 void LeftColumn::ShowState() {
-  const QString mode = TextOf(palette_.ModeCaption());
-  if (mode_->text() != mode) {
-    mode_->setText(mode);
-    wallButton_->setIcon(LoadIcon(FaceOf(palette_)));
+  const ModeLook look = LookOf(palette_.CurrentMode());
+  if (mode_->text() != look.caption) {
+    mode_->setText(look.caption);
+    wallButton_->setIcon(LoadIcon(look.face));
   }
-  tile_->setText(TextOf(palette_.Label2));
+  tile_->ShowText(TextOf(palette_.Label2));
   stamp_->ShowState();
   tileSet_->setCurrentIndex(palette_.TileSetSelector.ListIndex);
 }

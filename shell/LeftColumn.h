@@ -10,6 +10,7 @@ class QToolButton;
 
 namespace morvane {
 
+class FittedLabel;
 class PictureBoxView;
 
 /// Mode box, selected tile box, stamp box and tile set row.
@@ -22,6 +23,7 @@ class LeftColumn : public QObject {
   void ShowState();
 
  signals:
+  /// An entry of the selector was chosen, maybe the one already chosen; entries count from 0.
   void TileSetChosen(int ListIndex);
   /// One of the five buttons was clicked; its name is the system's.
   void ButtonClicked(const QString& name);
@@ -36,7 +38,7 @@ class LeftColumn : public QObject {
   Palette& palette_;
   QToolButton* wallButton_ = nullptr;
   QLabel* mode_ = nullptr;
-  QLabel* tile_ = nullptr;
+  FittedLabel* tile_ = nullptr;
   PictureBoxView* stamp_ = nullptr;
   QComboBox* tileSet_ = nullptr;
 };

@@ -2,12 +2,15 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QThread>
 
 #include "platform/QtPlatform.h"
 #include "shell/ArtSheets.h"
 #include "shell/frmMain.h"
 #include "shell/frmSplash.h"
+#include "shell/frmText.h"
 
 namespace morvane {
 namespace {
@@ -22,6 +25,13 @@ void Count() {
   }
 }
 
+/// The toolkit's dialogs would visit the folders of earlier runs before ours, and hang on one that
+/// is gone from the network. Nothing but the settings file outlives a run.
+void ForgetDialogHistory() {
+  static const QTemporaryDir kThrownAway;
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, kThrownAway.path());
+}
+
 }  // namespace
 
 int RunMorvane(int argc, char** argv) {
@@ -32,6 +42,8 @@ int RunMorvane(int argc, char** argv) {
   // compression on.
   QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
   QApplication::setApplicationName(kProgramName);
+  QApplication::setWindowIcon(LoadIcon("morvane"));
+  ForgetDialogHistory();
 
   frmSplash splash;
   splash.ShowAtOnce();
@@ -42,6 +54,12 @@ int RunMorvane(int argc, char** argv) {
   MainForm form(platform, &LoadArtSheet);
   frmMain window(form);
   platform.SetWindow(&window, [&window] { window.ShowState(); });
+  platform.SetTextForm([&window](std::string& text) {
+    frmText dialog(text, &window);
+    if (dialog.exec() != QDialog::Accepted) return false;
+    text = dialog.TextRTF();
+    return true;
+  });
 
   Count();
   const qint64 rest = kShortestSplash - shown.elapsed();

@@ -9,6 +9,9 @@
 namespace morvane {
 namespace {
 
+constexpr int kStripLeft = 120;
+constexpr int kStripTop = 2880;
+
 /// Designed sizes in twips, by set and page.
 constexpr std::array<Size, kBuiltInSets> kStripSizes = {
     {{2310, 3135}, {2295, 3135}, {2310, 3135}, {2310, 3855}}};
@@ -35,7 +38,8 @@ void PaletteView::AddSet(int set, QWidget* window) {
   }
   auto* strip = new TabStrip(captions, window);
   strip->setObjectName(TextOf(tileSet.tabStrip));
-  strip->setGeometry(PlaceOf(120, 2880, kStripSizes[set].width, kStripSizes[set].height));
+  strip->setGeometry(
+      PlaceOf(kStripLeft, kStripTop, kStripSizes[set].width, kStripSizes[set].height));
   connect(strip, &TabStrip::TabChosen, this, [this, set](int tab) { emit TabClicked(set, tab); });
   strips_[set] = strip;
 
@@ -57,6 +61,7 @@ void PaletteView::AddItems() {
 
 void PaletteView::ShowState() {
   for (int set = 0; set < kBuiltInSets; ++set) {
+    strips_[set]->SelectTab(CurrentPage(palette_, set));
     strips_[set]->setVisible(palette_.TileSetSelector.ListIndex == set);
     for (int page = 1; page <= TileSets()[set].pageCount; ++page) {
       frames_[set][page - 1]->setVisible(IsPageVisible(palette_, set, page));

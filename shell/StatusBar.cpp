@@ -1,8 +1,6 @@
 #include "shell/StatusBar.h"
 
-#include <QDateTime>
 #include <QLabel>
-#include <QLocale>
 
 #include "shell/Layout.h"
 
@@ -14,10 +12,9 @@ StatusBar::StatusBar(QWidget* parent) : QFrame(parent), line_(new QLabel(this)) 
   line_->setObjectName("SimpleText");
   line_->setTextFormat(Qt::PlainText);
   line_->setAccessibleName("Status");
-  const QDateTime now = QDateTime::currentDateTime();
   AddPanel("Status", "Status");
-  AddPanel("Date", QLocale().toString(now.date(), QLocale::ShortFormat));
-  AddPanel("Time", QLocale().toString(now.time(), QLocale::ShortFormat));
+  AddPanel("Date", {});
+  AddPanel("Time", {});
 }
 
 void StatusBar::SetSimpleText(const QString& text) {

@@ -12,6 +12,9 @@ class TabStrip : public QWidget {
  public:
   TabStrip(const QStringList& captions, QWidget* parent);
 
+  /// Selects a tab; tabs count from 1.
+  void SelectTab(int index) { tabs_->setCurrentIndex(index - 1); }
+
  signals:
   /// Another tab was chosen; tabs count from 1.
   void TabChosen(int index);

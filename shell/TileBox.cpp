@@ -39,7 +39,7 @@ void TileBox::paintEvent(QPaintEvent* /*event*/) {
   QPen pen(palette().color(QPalette::Highlight), 2);
   pen.setJoinStyle(Qt::MiterJoin);
   painter.setPen(pen);
-  painter.drawRect(place.adjusted(1, 1, 1, 1));
+  painter.drawRect(place.adjusted(1, 1, -1, -1));
 }
 
 }  // namespace morvane

@@ -7,11 +7,12 @@
 
 #include "document/MapFiles.h"
 #include "document/NewMap.h"
+#include "document/Printing.h"
 #include "document/Undo.h"
+#include "palette/CustomTiles.h"
 #include "palette/PalettePages.h"
 #include "palette/StampTurn.h"
 #include "palette/TileSelection.h"
-#include "shell/ArtSheets.h"
 #include "shell/CanvasView.h"
 #include "shell/ClientArea.h"
 #include "shell/CustomFrame.h"
@@ -24,8 +25,11 @@
 #include "shell/TabStrip.h"
 #include "shell/Text.h"
 #include "shell/ToolBar.h"
+#include "shell/frmAbout.h"
+#include "shell/frmOptions.h"
 #include "tools/CanvasKeyboard.h"
 #include "tools/CanvasMouse.h"
+#include "tools/TextInsertion.h"
 #include "tools/ToolModes.h"
 
 namespace morvane {
@@ -62,16 +66,16 @@ frmMain::frmMain(MainForm& form)
       frame5_(new CustomFrame(form.palette, client_)),
       canvas_(new CanvasView(form.document.Canvas, form.palette.Shape1, client_)) {
   setObjectName("frmMain");
-  setWindowIcon(LoadIcon("morvane"));
   setCentralWidget(client_);
   canvas_->move(Px(2520), Px(480));
   canvas_->setFocus();
   ConnectEvents();
   ConnectCanvas();
+  ConnectCustomFrame();
   WatchHover();
   form_.Form_Initialize();
   ShowState();
-  resize(Px(11805), Px(8055) + menuBar()->sizeHint().height());
+  resize(kClientSize.width, kClientSize.height + menuBar()->sizeHint().height());
 }
 
 void frmMain::ConnectEvents() {
@@ -104,6 +108,21 @@ void frmMain::ConnectEvents() {
         {"RotateLeft", &RotateLeft_Click},
     };
     kClicks.at(name)(form_.palette);
+    ShowState();
+  });
+}
+
+void frmMain::ConnectCustomFrame() {
+  connect(frame5_, &CustomFrame::DriveChosen, this, [this](const QString& root) {
+    Drive1_Change(form_.palette, root.toStdString());
+    ShowState();
+  });
+  connect(frame5_, &CustomFrame::FolderOpened, this, [this](const QString& path) {
+    Dir1_Change(form_.palette, path.toStdString());
+    ShowState();
+  });
+  connect(frame5_, &CustomFrame::FileClicked, this, [this](const QString& name) {
+    File1_Click(form_.palette, name.toStdString());
     ShowState();
   });
 }
@@ -145,15 +164,25 @@ void frmMain::WatchHover() {
 
 void frmMain::RunCommand(const QString& name) {
   static const std::map<QString, void (*)(Document&)> kDocumentCommands = {
-      {"mnuFileNew", &mnuFileNew_Click},   {"mnuFileOpen", &mnuFileOpen_Click},
-      {"mnuFileSave", &mnuFileSave_Click}, {"mnuFileSaveAs", &mnuFileSaveAs_Click},
+      {"mnuFileNew", &mnuFileNew_Click},
+      {"mnuFileOpen", &mnuFileOpen_Click},
+      {"mnuFileSave", &mnuFileSave_Click},
+      {"mnuFileSaveAs", &mnuFileSaveAs_Click},
       {"mnuEditUndo", &mnuEditUndo_Click},
+      {"mnuFilePrint", &mnuFilePrint_Click},
+      {"mnuFilePageSetup", &mnuFilePageSetup_Click},
+      {"mnuToolsInsertText", &mnuToolsInsertText_Click},
   };
   const auto found = kDocumentCommands.find(name);
   if (found != kDocumentCommands.end()) {
     found->second(form_.document);
   } else if (name == "mnuViewStatusBar") {
     form_.mnuViewStatusBar_Click();
+  } else if (name == "mnuToolsOptions") {
+    frmOptions(form_.document, this).exec();
+    ShowStoredFolder(form_.palette);
+  } else if (name == "mnuHelpAbout") {
+    frmAbout(form_.document.platform, this).exec();
   } else if (name == "mnuFileExit") {
     close();
   }
@@ -161,9 +190,9 @@ void frmMain::RunCommand(const QString& name) {
 }
 
 void frmMain::Form_Resize() {
-  tbToolBar_->setGeometry(0, 0, client_->width(), Px(420));
-  const int barHeight = Px(270);
-  sbStatusBar_->setGeometry(0, client_->height() - barHeight, client_->width(), barHeight);
+  tbToolBar_->setGeometry(0, 0, client_->width(), kToolBarHeight);
+  sbStatusBar_->setGeometry(0, client_->height() - kStatusBarHeight, client_->width(),
+                            kStatusBarHeight);
   form_.Form_Resize(client_->width(), client_->height());
   ShowState();
 }

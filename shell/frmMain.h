@@ -31,6 +31,7 @@ class frmMain : public QMainWindow {
  private:
   void ConnectEvents();
   void ConnectCanvas();
+  void ConnectCustomFrame();
   void WatchHover();
   /// Runs the command of a menu entry or of the tool bar button that stands for it.
   void RunCommand(const QString& name);

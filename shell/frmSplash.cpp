@@ -10,22 +10,11 @@
 #include "shell/Layout.h"
 
 namespace morvane {
-namespace {
-
-constexpr QSize kDesigned = {6825, 2925};  // twips
-
-}  // namespace
-
-QSize SplashSize(int ScaleWidth, const QSize& designed) {
-  return ScaleWidth == 6828 ? QSize(5462, 2342) : designed;
-}
 
 frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint) {
   setObjectName("frmSplash");
-  const QSize size = SplashSize(kDesigned.width(), kDesigned);
-  setFixedSize(Px(size.width()), Px(size.height()));
-  const bool fine = devicePixelRatioF() > 1;
-  picture_ = QPixmap(fine ? ":/ui/splash@2x.jpg" : ":/ui/splash.jpg");
+  setFixedSize(Px(6825), Px(2925));
+  picture_ = LoadPhoto("splash", devicePixelRatioF());
   const QRect display = screen()->geometry();
   move(display.center() - rect().center());
 }

@@ -21,8 +21,4 @@ class frmSplash : public QWidget {
   QPixmap picture_;
 };
 
-/// The outer size in twips that the splash window is cut to, given the inner width that it came up
-/// with. Displays with 12 twips to the pixel make it too wide by a fifth.
-QSize SplashSize(int ScaleWidth, const QSize& designed);
-
 }  // namespace morvane

@@ -4,22 +4,15 @@
 #include "document/Undo.h"
 #include "tools/EdgePath.h"
 #include "tools/GridTests.h"
+#include "tools/TextInsertion.h"
 #include "tools/TilePath.h"
 
 namespace morvane {
 namespace {
 
-bool IsTextArmed(const Palette& palette) {
-  return palette.document.Canvas.MousePointer == Pointer::IBeam;
-}
-
-bool IsTileMode(const Palette& palette) {
-  return !palette.WallMode && !palette.DoorMode;
-}
-
 /// Paints by the mode.
 void Paint(Palette& palette, Gesture gesture, int Button, float X, float Y) {
-  if (IsTileMode(palette)) {
+  if (palette.CurrentMode() == Mode::Tile) {
     TilePath(palette, gesture, Button, X, Y);
   } else {
     EdgePath(palette, gesture, Button, X, Y);
@@ -45,16 +38,20 @@ void Hover(Palette& palette, float X, float Y) {
 
 void Canvas_MouseDown(Palette& palette, int Button, float X, float Y) {
   palette.Shape1.Visible = false;
-  if (!IsTextArmed(palette)) Paint(palette, Gesture::Press, Button, X, Y);
+  if (IsTextArmed(palette.document)) {
+    PlaceText(palette.document, X, Y);
+  } else {
+    Paint(palette, Gesture::Press, Button, X, Y);
+  }
   ClosingSteps(palette.document);
 }
 
 void Canvas_MouseMove(Palette& palette, int Button, float X, float Y) {
-  if (IsTextArmed(palette)) return;
+  if (IsTextArmed(palette.document)) return;
   if (Button != 0) {
     Paint(palette, Gesture::Stroke, Button, X, Y);
     ClosingSteps(palette.document);
-  } else if (IsTileMode(palette)) {
+  } else if (palette.CurrentMode() == Mode::Tile) {
     Hover(palette, X, Y);
   }
 }

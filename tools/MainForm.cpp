@@ -3,14 +3,9 @@
 #include "document/MapFiles.h"
 #include "document/Snapshot.h"
 #include "palette/PalettePages.h"
+#include "palette/TileSelection.h"
 
 namespace morvane {
-namespace {
-
-constexpr int kTabStripRight = 8 + 154;
-constexpr int kToolBarBottom = 28;
-
-}  // namespace
 
 void MainForm::Form_Initialize() {
   Form_Load();
@@ -19,13 +14,11 @@ void MainForm::Form_Initialize() {
 
 void MainForm::Form_Load() {
   Platform& platform = document.platform;
+  palette.Dir1.SetPath(platform, platform.CurrentDirectory());
   palette.File1.SetPath(platform, platform.CurrentDirectory());
 
-  palette.Label2 = "Floor";
   TileSetSelector_Click(palette, kAbandonedCathedral);
-  palette.Picture1.SetPicture(palette.pictures.Of(*FindItem("pbfloor")));
-  palette.Picture1.SetWidth(20);
-  palette.Picture1.SetHeight(20);
+  ShowStamp(palette, *FindItem("pbfloor"));
   document.pbclear.SetWidth(document.Canvas.Width());
   document.pbclear.SetHeight(document.Canvas.Height());
   TakeSnapshot(document);
@@ -33,18 +26,17 @@ void MainForm::Form_Load() {
 }
 
 void MainForm::Form_Resize(int ScaleWidth, int ScaleHeight) {
-  scaleWidth_ = ScaleWidth;
-  scaleHeight_ = ScaleHeight;
+  scale_ = {ScaleWidth, ScaleHeight};
   PictureBox& Canvas = document.Canvas;
   Canvas.SetWidth(ScaleWidth - (kTabStripRight + 4) - 2);
-  Canvas.SetHeight(ScaleHeight - kToolBarBottom - (StatusBarVisible ? 22 : 4));
+  Canvas.SetHeight(ScaleHeight - kToolBarHeight - (StatusBarVisible ? 22 : 4));
   document.pbclear.SetWidth(Canvas.Width());
   document.pbclear.SetHeight(Canvas.Height());
 }
 
 void MainForm::mnuViewStatusBar_Click() {
   StatusBarVisible = !StatusBarVisible;
-  Form_Resize(scaleWidth_, scaleHeight_);
+  Form_Resize(scale_.width, scale_.height);
 }
 
 bool MainForm::Form_Unload() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "palette/Palette.h"
+#include "tools/WindowLayout.h"
 
 namespace morvane {
 
@@ -31,8 +32,7 @@ struct MainForm {
  private:
   void Form_Load();
 
-  int scaleWidth_ = 787;
-  int scaleHeight_ = 537;
+  Size scale_ = kClientSize;
 };
 
 }  // namespace morvane

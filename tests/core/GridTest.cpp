@@ -35,8 +35,8 @@ TEST(Grid, SearchesEqualTheScansForEveryCoordinate) {
 TEST(Grid, CellSidesByTheRemaindersOfBothAxes) {
   const auto nearLine = [](int r) { return r >= 18 || r <= 2; };
   const auto inBody = [](int r) { return r >= 4 && r <= 16; };
-  for (int x = 0; x < 200; ++x) {
-    for (int y = 0; y < 200; ++y) {
+  for (int x = 0; x < 615; ++x) {
+    for (int y = 0; y < 483; ++y) {
       std::optional<CellSide> expected;
       if (nearLine(x % 20) && inBody(y % 20)) {
         expected = {Direction::Vertical, (x + 2) / 20, y / 20};

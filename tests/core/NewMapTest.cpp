@@ -83,13 +83,6 @@ TEST_F(NewMap, GrowingShowsTheGridDrawnAheadOnWhiteOutToItsExtent) {
   });
 }
 
-TEST_F(NewMap, WithoutGridGrowthIsWhite) {
-  ChooseNew(false);
-  form.Form_Resize(900, 600);
-  ExpectMap(document.Canvas.Image(),
-            [](int x, int y) { return x < 615 && y < 483 ? kBackground : kWhite; });
-}
-
 TEST_F(NewMap, HiddenPixelsOfTheOldMapNeverComeBack) {
   form.Form_Resize(1000, 800);
   FillBox(document.Canvas.hDC(), {0, 0, 2000, 2000}, 0x0000FF);

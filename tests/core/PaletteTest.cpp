@@ -20,11 +20,11 @@ TEST_F(PaletteTest, EveryItemBecomesTheStamp) {
     ASSERT_EQ(palette.Label2, item.caption);
     ASSERT_EQ(palette.Picture1.Width(), stamp.width);
     ASSERT_EQ(palette.Picture1.Height(), stamp.height);
-    ASSERT_EQ(palette.Picture1.GetPicture(), palette.pictures.Of(item));
+    ASSERT_EQ(palette.Picture1Picture, palette.pictures.Of(item));
     ASSERT_EQ(palette.Shape1.Width, stamp.width);
     ASSERT_EQ(palette.Shape1.Height, stamp.height);
     ASSERT_TRUE(palette.Shape1.Visible);
-    ASSERT_EQ(palette.ModeCaption(), "Tile");
+    ASSERT_EQ(palette.CurrentMode(), Mode::Tile);
     ASSERT_EQ(palette.Label5, "");
     ASSERT_EQ(document.StatusText, std::string(item.caption) + " tile selected");
     ASSERT_TRUE(document.Canvas.TakeFocus());
@@ -40,7 +40,7 @@ TEST_F(PaletteTest, AChangeOfSetLeavesTheStamp) {
   for (int set = 4; set >= 0; --set) TileSetSelector_Click(palette, set);
   EXPECT_EQ(palette.Label2, "Bed");
   EXPECT_EQ(palette.Picture1.Width(), 40);
-  EXPECT_EQ(palette.ModeCaption(), "Door");
+  EXPECT_EQ(palette.CurrentMode(), Mode::Door);
   EXPECT_EQ(document.StatusText, status);
   EXPECT_FALSE(document.Canvas.TakeFocus());
 }
@@ -56,7 +56,7 @@ TEST_F(PaletteTest, EnteringCustomTakesTheStoredPictureAndReadsTheFolder) {
   platform.files.clear();
   Item_Click(palette, *FindItem("pgbed"));
   TileSetSelector_Click(palette, kCustomSet);  // the entry already chosen
-  EXPECT_EQ(palette.Custom.GetPicture(), palette.pictures.Of(*FindItem("pgbed")));
+  EXPECT_EQ(Picture(palette.Custom.Image()), palette.pictures.Of(*FindItem("pgbed")));
   EXPECT_TRUE(palette.File1.Files().empty());
 }
 

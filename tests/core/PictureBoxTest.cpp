@@ -35,18 +35,6 @@ TEST(PictureBox, ShrinkingHidesButLosesNothing) {
   EXPECT_EQ(GetPixel(box.Image(), 9, 5), GetPixel(drawn.View(), 9, 5));
 }
 
-TEST(PictureBox, GrowingAddsWhite) {
-  PictureBox box = SunkenBox();
-  FillBox(box.hDC(), {0, 0, 40, 30}, 0);
-  box.SetWidth(54);
-  box.SetHeight(35);
-  ASSERT_EQ(box.Image().width, 50);
-  ASSERT_EQ(box.Image().height, 31);
-  EXPECT_EQ(GetPixel(box.Image(), 39, 29), 0U);
-  EXPECT_EQ(GetPixel(box.Image(), 40, 29), kWhite);
-  EXPECT_EQ(GetPixel(box.Image(), 39, 30), kWhite);
-}
-
 TEST(PictureBox, APictureReplacesTheImageAtItsNaturalSize) {
   PictureBox box = SunkenBox();
   FillBox(box.hDC(), {0, 0, 40, 30}, 0);
@@ -57,24 +45,6 @@ TEST(PictureBox, APictureReplacesTheImageAtItsNaturalSize) {
   EXPECT_TRUE(Holds(box.Image(), 0, 0, {60, 10}, narrow.View()));
   EXPECT_EQ(GetPixel(box.Image(), 5, 10), kWhite);
   EXPECT_EQ(box.Width(), 44);
-  // Drawing leaves the picture that was assigned as it was.
-  FillBox(box.hDC(), {0, 0, 40, 30}, 0);
-  EXPECT_EQ(box.GetPicture(), narrow);
-}
-
-TEST(PictureBox, ATrimmedImageKeepsItsReserveForGrowth) {
-  PictureBox box = SunkenBox();
-  box.SetWidth(104);
-  FillBox(box.hDC(), {0, 0, 100, 30}, 0x0000FF);
-  box.SetWidth(44);
-  box.TrimImage();
-  EXPECT_EQ(box.Image().width, 40);
-  box.SetWidth(64);
-  ASSERT_EQ(box.Image().width, 60);
-  EXPECT_EQ(GetPixel(box.Image(), 59, 0), 0x0000FFU);
-  box.Cls();
-  box.SetWidth(104);
-  EXPECT_EQ(GetPixel(box.Image(), 80, 0), kWhite);
 }
 
 TEST(PictureBox, NothingIsExposedBeforeRefresh) {

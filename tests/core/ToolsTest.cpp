@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "document/Bmp.h"
 #include "document/Transform.h"
 #include "document/Undo.h"
 #include "palette/PalettePages.h"
@@ -9,6 +10,7 @@
 #include "tools/Buttons.h"
 #include "tools/CanvasKeyboard.h"
 #include "tools/CanvasMouse.h"
+#include "tools/TextInsertion.h"
 #include "tools/ToolModes.h"
 
 namespace morvane {
@@ -17,8 +19,8 @@ namespace {
 struct Tools : testing::Test, Editor {
   void Press(int button, float X, float Y) { Canvas_MouseDown(palette, button, X, Y); }
   void Move(int button, float X, float Y) { Canvas_MouseMove(palette, button, X, Y); }
-  void EnterMode(const char* mode) {
-    while (palette.ModeCaption() != mode) WallButton_Click(palette);
+  void EnterMode(Mode mode) {
+    while (palette.CurrentMode() != mode) WallButton_Click(palette);
   }
 };
 
@@ -30,24 +32,24 @@ TEST_F(Tools, TheModeCycleWithItsTexts) {
     TileSetSelector_Click(palette, set);
     palette.Shape1.Visible = true;
     WallButton_Click(palette);
-    EXPECT_EQ(palette.ModeCaption(), "Wall");
+    EXPECT_EQ(palette.CurrentMode(), Mode::Wall);
     EXPECT_EQ(document.StatusText, "Wall Mode selected");
     EXPECT_FALSE(palette.Shape1.Visible);
     WallButton_Click(palette);
-    EXPECT_EQ(palette.ModeCaption(), "Door");
+    EXPECT_EQ(palette.CurrentMode(), Mode::Door);
     EXPECT_EQ(document.StatusText, set == kClassicVillage ? "Door Mode selected" : secret);
     TileSetSelector_Click(palette, kClassicVillage);
     EXPECT_NE(document.StatusText, "");
     EXPECT_FALSE(palette.Shape1.Visible);
     WallButton_Click(palette);
-    EXPECT_EQ(palette.ModeCaption(), "Tile");
+    EXPECT_EQ(palette.CurrentMode(), Mode::Tile);
     EXPECT_EQ(document.StatusText, "Tile Mode selected");
     EXPECT_TRUE(palette.Shape1.Visible);
   }
 }
 
 TEST_F(Tools, WallsAndDoorsOfTheWorkedExamples) {
-  EnterMode("Wall");
+  EnterMode(Mode::Wall);
   Press(kLeftButton, 41, 50);
   Press(kLeftButton, 50, 60);
   Press(kLeftButton, 1, 110);
@@ -59,7 +61,7 @@ TEST_F(Tools, WallsAndDoorsOfTheWorkedExamples) {
   EXPECT_TRUE(Holds(map, 39, 58, {22, 4}, art(Edge::Wall, Direction::Horizontal)));
   EXPECT_TRUE(Holds(map, 38, 39, {4, 19}, wall));
   EXPECT_EQ(Cut(map, {0, 99, 2, 121}), Cut(wall, {2, 0, 4, 22}));
-  EnterMode("Door");
+  EnterMode(Mode::Door);
   Press(kMiddleButton, 41, 250);
   Press(kRightButton, 150, 260);
   Press(kLeftButton, 10, 1);
@@ -71,15 +73,15 @@ TEST_F(Tools, WallsAndDoorsOfTheWorkedExamples) {
 
 TEST_F(Tools, WhatDrawsNothingKeepsNothingButOffersUndo) {
   struct Row {
-    const char* mode;
+    Mode mode;
     int set, button;
     float X, Y;
   };
   const std::vector<Row> rows = {
-      {"Wall", 0, kRightButton, 41, 50}, {"Wall", 0, kLeftButton, 41, 60},
-      {"Wall", 0, kLeftButton, 43, 50},  {"Wall", 4, kLeftButton, 41, 50},
-      {"Door", 0, kLeftButton, 41, 60},  {"Door", 3, kRightButton, 41, 50},
-      {"Door", 4, kLeftButton, 41, 50},  {"Tile", 0, kMiddleButton, 41, 50}};
+      {Mode::Wall, 0, kRightButton, 41, 50}, {Mode::Wall, 0, kLeftButton, 41, 60},
+      {Mode::Wall, 0, kLeftButton, 43, 50},  {Mode::Wall, 4, kLeftButton, 41, 50},
+      {Mode::Door, 0, kLeftButton, 41, 60},  {Mode::Door, 3, kRightButton, 41, 50},
+      {Mode::Door, 4, kLeftButton, 41, 50},  {Mode::Tile, 0, kMiddleButton, 41, 50}};
   const int snapshots = platform.snapshots;
   for (const Row& row : rows) {
     TileSetSelector_Click(palette, row.set);
@@ -87,8 +89,8 @@ TEST_F(Tools, WhatDrawsNothingKeepsNothingButOffersUndo) {
     document.mnuEditUndoEnabled = false;
     Press(row.button, row.X, row.Y);
     EXPECT_TRUE(document.mnuEditUndoEnabled);
-    EXPECT_EQ(palette.ModeCaption(), row.mode);
-    EXPECT_EQ(platform.snapshots, snapshots) << row.mode << " " << row.set;
+    EXPECT_EQ(palette.CurrentMode(), row.mode);
+    EXPECT_EQ(platform.snapshots, snapshots) << "set " << row.set << " at " << row.X;
   }
   EXPECT_EQ(Difference(Map(), Picture(615, 483, kWhite)), "");
 }
@@ -123,26 +125,58 @@ TEST_F(Tools, TheOutlineFollowsCellByCellOnEachAxis) {
   Press(kLeftButton, 100, 100);
   Move(kLeftButton, 130, 100);
   EXPECT_FALSE(palette.Shape1.Visible);
-  EnterMode("Wall");
+  EnterMode(Mode::Wall);
   Move(0, 200, 200);
   EXPECT_FALSE(palette.Shape1.Visible);
   EXPECT_EQ(at(), std::pair(40, 40));
 }
 
-TEST_F(Tools, ArmedTextComesBeforeEveryMode) {
-  const Picture before = Map();
-  for (const char* mode : {"Tile", "Wall", "Door"}) {
+TEST_F(Tools, TextIsPlacedByAnyButtonInAnyMode) {
+  Picture word(12, 6, kWhite);
+  FillBox(word.Draw(), {2, 2, 10, 4}, 0xFEFEFE);
+  platform.drawnTexts["word"] = word;
+  FillBox(document.Canvas.hDC(), {0, 0, 615, 483}, 0x102030);
+  Picture expected = Map();
+  const std::map<Mode, int> rows = {
+      {Mode::Tile, kRightButton}, {Mode::Wall, kMiddleButton}, {Mode::Door, kLeftButton}};
+  for (const auto& [mode, button] : rows) {
     EnterMode(mode);
+    mnuToolsInsertText_Click(document);
+    EXPECT_TRUE(document.Canvas.TakeFocus());
     palette.Shape1.Visible = true;
-    document.Canvas.MousePointer = Pointer::IBeam;
     Move(0, 50, 50);
     Move(kLeftButton, 41, 50);
     EXPECT_TRUE(palette.Shape1.Visible);
-    Press(kLeftButton, 41, 50);
+    platform.typedTexts = {"word"};
+    const Bytes before = WriteBmp(document.Canvas.Image());
+    const int x = 41 + 50 * button;
+    Press(button, static_cast<float>(x), 50);
+    FillBox(expected.Draw(), {x, 44, x + 8, 46}, 0xFEFEFE);
+    EXPECT_EQ(Difference(Map(), expected), "");
+    EXPECT_EQ(platform.snapshot, before);
+    EXPECT_EQ(palette.CurrentMode(), mode);
+    EXPECT_EQ(document.Canvas.MousePointer, Pointer::Cross);
     EXPECT_FALSE(palette.Shape1.Visible);
-    EXPECT_EQ(palette.ModeCaption(), mode);
   }
-  EXPECT_EQ(Difference(Map(), before), "");
+  EXPECT_EQ(document.TextToInsert, "word");
+}
+
+TEST_F(Tools, ACancelledTextLeavesTheMapAndTheOlderText) {
+  document.TextToInsert = "older";
+  mnuToolsInsertText_Click(document);
+  const int snapshots = platform.snapshots;
+  Press(kLeftButton, 0, 0);
+  EXPECT_EQ(platform.snapshots, snapshots);
+  EXPECT_FALSE(document.TextAccepted);
+  EXPECT_EQ(document.TextToInsert, "older");
+  EXPECT_TRUE(document.mnuEditUndoEnabled);
+  EXPECT_EQ(Difference(Map(), Picture(615, 483, kWhite)), "");
+  mnuToolsInsertText_Click(document);
+  platform.drawnTexts["edge"] = Speckled(509, 349);
+  platform.typedTexts = {"edge"};
+  Press(kLeftButton, 0, 0);
+  EXPECT_TRUE(Cut(document.Canvas.Image(), {0, 0, 507, 341}) ==
+              Cut(platform.drawnTexts["edge"].View(), {2, 8, 509, 349}));
 }
 
 TEST_F(Tools, TurnsGiveEveryPixelBack) {
@@ -167,15 +201,15 @@ TEST_F(Tools, TurnsGiveEveryPixelBack) {
 TEST_F(Tools, ATurnReturnsToTileModeAndNamesTheTile) {
   Item_Click(palette, *FindItem("ptaltar"));
   palette.Label5 = "39x19";
-  EnterMode("Door");
+  EnterMode(Mode::Door);
   document.Canvas.TakeFocus();
   Rotate_Click(palette);
-  EXPECT_EQ(palette.ModeCaption(), "Tile");
+  EXPECT_EQ(palette.CurrentMode(), Mode::Tile);
   EXPECT_EQ(document.StatusText, "Altar tile rotated");
   EXPECT_EQ(palette.Label5, "39x19");
   EXPECT_FALSE(document.Canvas.TakeFocus());
   EXPECT_EQ(palette.Picture1.Width(), 19);
-  EXPECT_EQ(palette.Picture1.GetPicture().Width(), 19);
+  EXPECT_EQ(palette.Picture1Picture.Width(), 19);
   FlipVertical_Click(palette);
   EXPECT_EQ(document.StatusText, "Altar tile flipped");
   TileSetSelector_Click(palette, kCustomSet);  // the cut picture is what goes there now
@@ -186,7 +220,7 @@ TEST_F(Tools, ATurnReturnsToTileModeAndNamesTheTile) {
 
 TEST_F(Tools, KeysActAsTheirButtons) {
   Item_Click(palette, *FindItem("pbbed"));
-  const Picture bed = palette.Picture1.GetPicture();
+  const Picture bed = palette.Picture1Picture;
   const std::map<int, Transform> turns = {{kKeyRight, Transform::RotateRight},
                                           {kKeyLeft, Transform::RotateLeft},
                                           {kKeyDown, Transform::FlipHorizontal},
@@ -194,15 +228,15 @@ TEST_F(Tools, KeysActAsTheirButtons) {
   for (const auto& [key, transform] : turns) {
     Item_Click(palette, *FindItem("pbbed"));
     EXPECT_TRUE(Canvas_KeyDown(palette, key, kCtrl));
-    EXPECT_EQ(palette.Picture1.GetPicture(), Transformed(bed.View(), transform));
+    EXPECT_EQ(palette.Picture1Picture, Transformed(bed.View(), transform));
   }
   document.Canvas.MousePointer = Pointer::IBeam;
   EXPECT_TRUE(Canvas_KeyDown(palette, kKeyEscape, 0));
   EXPECT_EQ(document.Canvas.MousePointer, Pointer::Cross);
   EXPECT_FALSE(Canvas_KeyDown(palette, kKeyM, kShift | kAlt));
-  EXPECT_EQ(palette.ModeCaption(), "Tile");
+  EXPECT_EQ(palette.CurrentMode(), Mode::Tile);
   EXPECT_TRUE(Canvas_KeyDown(palette, kKeyM, kCtrl | kShift));
-  EXPECT_EQ(palette.ModeCaption(), "Wall");
+  EXPECT_EQ(palette.CurrentMode(), Mode::Wall);
   EXPECT_TRUE(Canvas_KeyDown(palette, kKeyF11, 0));
   EXPECT_EQ(platform.dialogs.size(), 1U);
   EXPECT_FALSE(Canvas_KeyDown(palette, 65, 0));

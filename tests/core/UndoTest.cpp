@@ -22,15 +22,6 @@ struct Undo : testing::Test, Editor {
   }
 };
 
-TEST_F(Undo, AtStartOnlyTheToolBarOffersIt) {
-  EXPECT_FALSE(document.mnuEditUndoEnabled);
-  EXPECT_TRUE(document.UndoButtonEnabled);
-  FillBox(document.Canvas.hDC(), {0, 0, 100, 100}, 0);
-  mnuEditUndo_Click(document);
-  EXPECT_EQ(Difference(Map(), Picture(615, 483, kWhite)), "");
-  EXPECT_FALSE(Offered());
-}
-
 TEST_F(Undo, TakesBackTheLastPressOnly) {
   Press(5, 5);
   const Picture one = Map();

@@ -92,14 +92,5 @@ TEST(Art, TheFenceIsDrawnOnItsSeeThroughColourWithoutBlending) {
   }
 }
 
-TEST(Art, IconsComeInBothFinenesses) {
-  for (const char* name : {"new", "undo", "mode-tile", "rotate-left", "morvane"}) {
-    const QImage plain(QString(":/ui/%1.png").arg(name));
-    const QImage fine(QString(":/ui/%1@2x.png").arg(name));
-    ASSERT_FALSE(plain.isNull()) << name;
-    EXPECT_EQ(fine.size(), plain.size() * 2) << name;
-  }
-}
-
 }  // namespace
 }  // namespace morvane

@@ -59,6 +59,22 @@ TEST_F(CanvasForm, TheBorderIsNoPartOfTheMap) {
   EXPECT_FALSE(form.document.mnuEditUndoEnabled);
 }
 
+TEST_F(CanvasForm, OnFineDisplaysAPositionBelongsToThePixelThatItLiesIn) {
+  NewMap();
+  const auto pressAt = [this](double x, double y) {
+    QMouseEvent press(QEvent::MouseButtonPress, {x + 2, y + 2},
+                      Find("Canvas")->mapToGlobal(QPointF(x + 2, y + 2)), Qt::LeftButton,
+                      Qt::LeftButton, {});
+    QCoreApplication::sendEvent(Find("Canvas"), &press);
+  };
+  pressAt(98.5, 110);
+  EXPECT_EQ(At(80, 100), GetPixel(Floor(), 0, 0));
+  pressAt(219.5, 110);
+  EXPECT_EQ(At(220, 100), 0U);
+  pressAt(614.5, 482.5);
+  EXPECT_EQ(At(614, 482), GetPixel(Floor(), 14, 2));
+}
+
 TEST_F(CanvasForm, ASecondPressOfADoubleClickIsAPress) {
   Press(50, 50);
   QTest::mouseDClick(Find("Canvas"), Qt::LeftButton, {}, {52, 52});

@@ -160,16 +160,5 @@ TEST_F(Commands, ClosingAsksAndACancelKeepsEverything) {
   EXPECT_EQ(platform.boxes.size(), 2U);
 }
 
-TEST_F(Commands, TheStatusBarShowsOneLineAndKeepsItsPanelsBack) {
-  auto* bar = Find<StatusBar>("sbStatusBar");
-  EXPECT_FALSE(bar->findChild<QLabel*>("SimpleText")->text().isEmpty());
-  QTest::mouseClick(Find("pbchest"), Qt::LeftButton);
-  EXPECT_EQ(bar->findChild<QLabel*>("SimpleText")->text(), "Chest tile selected");
-  EXPECT_EQ(bar->findChild<QLabel*>("Status")->text(), "Status");
-  for (const char* panel : {"Status", "Date", "Time"}) {
-    EXPECT_FALSE(bar->findChild<QLabel*>(panel)->isVisible());
-  }
-}
-
 }  // namespace
 }  // namespace morvane

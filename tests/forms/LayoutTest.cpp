@@ -68,6 +68,10 @@ TEST_F(Layout, TextsFitTheirPlaces) {
     EXPECT_LE(label->sizeHint().width(), label->width()) << name;
     EXPECT_LE(label->fontMetrics().height(), label->height()) << name;
   }
+  QTest::mouseClick(Find("pgexplodedskeleton"), Qt::LeftButton);
+  auto* tile = Find<QLabel>("Label2");
+  EXPECT_EQ(tile->text(), "Exploded Skeleton");
+  EXPECT_LE(tile->x() + tile->sizeHint().width(), Find("Canvas")->x());
   for (const char* name : {"TabStrip1", "TabStrip3", "TabStrip4"}) {
     auto* tabs = Find(name)->findChild<QTabBar*>();
     EXPECT_LE(tabs->sizeHint().width(), Find(name)->width()) << name;
@@ -106,21 +110,12 @@ TEST_F(Layout, ResizingMovesOnlyTheMapAndTheBars) {
   EXPECT_EQ(Find("Canvas")->height(), 587);
 }
 
-TEST_F(Layout, AWindowSmallerThanTheColumnIsNoTrouble) {
-  window.resize(window.minimumSizeHint());
-  EXPECT_GE(form.document.Canvas.Width(), 0);
-  window.resize(1000, 700);
-  EXPECT_EQ(Find("Canvas")->width(), 1000 - 168);
-}
-
 TEST_F(Layout, TheMapLiesAboveTheLabelsThatReachUnderIt) {
   QWidget* at = Client()->childAt(172, 45);
   EXPECT_EQ(at, Find("Canvas"));
 }
 
-TEST(Splash, IsCutOnlyWhereTwelveTwipsMakeAPixel) {
-  EXPECT_EQ(SplashSize(6825, {6825, 2925}), QSize(6825, 2925));
-  EXPECT_EQ(SplashSize(6828, {6825, 2925}), QSize(5462, 2342));
+TEST(Splash, ShowsItsPicture) {
   frmSplash splash;
   splash.ShowAtOnce();
   EXPECT_EQ(splash.size(), QSize(455, 195));

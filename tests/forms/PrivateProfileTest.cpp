@@ -8,7 +8,7 @@ namespace morvane {
 namespace {
 
 std::string Value(const std::string& text, const char* section, const char* key) {
-  return FindProfileValue(Bytes(text.begin(), text.end()), section, key, "none");
+  return FindProfileValue(text, section, key, "none");
 }
 
 TEST(PrivateProfile, FindsKeysWithoutRegardToCase) {
@@ -22,12 +22,19 @@ TEST(PrivateProfile, FindsKeysWithoutRegardToCase) {
   EXPECT_EQ(Value(text, "Map", "Half"), "\"x");
   EXPECT_EQ(Value(text, "Map", "Canvas"), "none");
   EXPECT_EQ(Value(text, "Custom", "Dir"), "none");
+  EXPECT_EQ(Value("\xEF\xBB\xBF[a]\nb=1\nb=2\n[a]\nc=3", "A", "B"), "1");
 }
 
-TEST(PrivateProfile, NonsenseHasNoKeys) {
-  for (const char* text : {"", "[", "]]]", "=", "[Map", "\xFF\xFE\xFF", "no lines at all"}) {
-    EXPECT_EQ(Value(text, "Map", "Dir"), "none");
-  }
+TEST(PrivateProfile, SettingAValueLeavesAllOtherLines) {
+  const std::string text = "; mine\n\n[color]\n canvas = 1 ; old\n\n[Map]\nDir=/a";
+  EXPECT_EQ(WithProfileValue(text, "Color", "Canvas", "2"),
+            "; mine\n\n[color]\n canvas =2\n\n[Map]\nDir=/a");
+  EXPECT_EQ(WithProfileValue(text, "Color", "Grid", "3"),
+            "; mine\n\n[color]\n canvas = 1 ; old\nGrid=3\n\n[Map]\nDir=/a");
+  EXPECT_EQ(WithProfileValue(text, "Map", "Grid", "1"), text + "\nGrid=1\n");
+  EXPECT_EQ(WithProfileValue(text, "Custom", "Dir", "/c"), text + "\n\n[Custom]\nDir=/c\n");
+  EXPECT_EQ(WithProfileValue("", "Map", "Dir", "/m"), "[Map]\r\nDir=/m\r\n");
+  EXPECT_EQ(WithProfileValue("[Map]\r\nDir=x\r\n", "Map", "Dir", ""), "[Map]\r\nDir=\r\n");
 }
 
 TEST(PrivateProfile, LongValuesAreCutToTheBuffer) {

@@ -3,12 +3,13 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "document/Picture.h"
+#include "document/Blit.h"
 #include "platform/Platform.h"
 
 namespace morvane {
@@ -21,32 +22,69 @@ struct SeenBox {
   friend bool operator==(const SeenBox&, const SeenBox&) = default;
 };
 
-/// A desktop in memory: answers are scripted, and what happened is written down.
-class FakePlatform : public Platform {
- public:
-  std::deque<Answer> answers;           ///< to the next message boxes; Ok when none is left
-  std::deque<std::string> chosenFiles;  ///< from the next file dialogs; a cancel when none is left
-  std::map<std::string, Bytes> files;
-  std::set<std::string> folders = {"/start", "/maps", "/custom"};
-  std::map<std::string, std::string> settings;  ///< by "section/key"
-  std::set<std::string> unwritable;             ///< beginnings of paths
-  bool snapshotFails = false;
-
+/// Answers to the next dialogs, and what was asked.
+struct DialogScript {
+  std::deque<Answer> answers;           ///< Ok when none is left
+  std::deque<std::string> chosenFiles;  ///< files and folders; a cancel when none is left
+  std::deque<std::string> typedTexts;   ///< rich texts; a cancel when none is left
+  std::deque<std::uint32_t> colors;     ///< a cancel when none is left
   std::vector<SeenBox> boxes;
   std::vector<FileDialog> dialogs;
+  std::vector<std::string> titles;  ///< of folder and printer dialogs
+
+  Answer Box(const std::string& text, BoxStyle style, const std::string& title) {
+    boxes.push_back({text, style, title});
+    return Next(answers).value_or(Answer::Ok);
+  }
+  std::string File(const FileDialog& dialog) {
+    dialogs.push_back(dialog);
+    return Next(chosenFiles).value_or("");
+  }
+  std::string Folder(const std::string& title) {
+    titles.push_back(title);
+    return Next(chosenFiles).value_or("");
+  }
+  bool Text(std::string& text) {
+    const auto typed = Next(typedTexts);
+    if (typed) text = *typed;
+    return typed.has_value();
+  }
+  void Color(std::uint32_t& color) { color = Next(colors).value_or(color); }
+
+ private:
+  template <typename T>
+  static std::optional<T> Next(std::deque<T>& queue) {
+    if (queue.empty()) return std::nullopt;
+    T next = std::move(queue.front());
+    queue.pop_front();
+    return next;
+  }
+};
+
+/// A desktop in memory.
+class FakePlatform : public Platform, public DialogScript {
+ public:
+  std::map<std::string, Bytes> files;
+  std::set<std::string> folders = {"/", "/start", "/maps", "/custom", "/custom/more"};
+  std::map<std::string, std::string> settings;  ///< by "section/key"
+  std::set<std::string> unwritable;             ///< beginnings of paths
+  std::map<std::string, Picture> drawnTexts;    ///< what each rich text looks like
+  std::string profilePath;                      ///< of the last setting that was used
+  bool snapshotFails = false;
   int snapshots = 0;  ///< written so far
   Bytes snapshot;
+  Failure printFailure;
+  std::vector<Picture> printed;
   std::function<void()> onShowState;
 
   void ShowState() override {
     if (onShowState) onShowState();
   }
   Answer MsgBox(const std::string& text, BoxStyle style, const std::string& title) override {
-    boxes.push_back({text, style, title});
-    return Next(answers, Answer::Ok);
+    return Box(text, style, title);
   }
-  std::string ShowOpen(const FileDialog& dialog) override { return Choose(dialog); }
-  std::string ShowSave(const FileDialog& dialog) override { return Choose(dialog); }
+  std::string ShowOpen(const FileDialog& dialog) override { return File(dialog); }
+  std::string ShowSave(const FileDialog& dialog) override { return File(dialog); }
   std::string CurrentDirectory() override { return "/start"; }
   bool FileExists(const std::string& path) override { return files.contains(path); }
   bool FolderExists(const std::string& path) override { return folders.contains(path); }
@@ -61,12 +99,14 @@ class FakePlatform : public Platform {
     files[path] = content;
     return {};
   }
+  std::vector<std::string> ListDrives() override { return {"/"}; }
+  std::vector<std::string> ListFolders(const std::string& folder) override {
+    return NamesIn(folder, folders);
+  }
   std::vector<std::string> ListFiles(const std::string& folder, const std::string&) override {
-    std::vector<std::string> names;
-    for (const auto& [path, content] : files) {
-      if (path.starts_with(folder + "/")) names.push_back(path.substr(folder.size() + 1));
-    }
-    return names;
+    std::set<std::string> paths;
+    for (const auto& [path, content] : files) paths.insert(path);
+    return NamesIn(folder, paths);
   }
   std::vector<std::string> RescueFolders() override { return {"/home", "/tmp"}; }
   std::string GetPrivateProfileString(const std::string& section, const std::string& key,
@@ -75,6 +115,12 @@ class FakePlatform : public Platform {
     profilePath = path;
     const auto found = settings.find(section + "/" + key);
     return found == settings.end() ? dv : found->second;
+  }
+  Failure WritePrivateProfileString(const std::string& section, const std::string& key,
+                                    const std::string& value, const std::string& path) override {
+    if (unwritable.contains(path)) return "Permission denied";
+    settings[section + "/" + key] = value;
+    return {};
   }
   Failure WriteSnapshot(const Bytes& content) override {
     snapshot.clear();
@@ -91,20 +137,30 @@ class FakePlatform : public Platform {
   Result<Picture> DecodePicture(const Bytes&) override {
     return Result<Picture>::Failed("This is not a picture that can be read.");
   }
-
-  std::string profilePath;  ///< of the last setting that was read
+  bool EditText(std::string& text) override { return Text(text); }
+  void DrawText(const std::string& text, Picture& picture) override {
+    const Picture& drawn = drawnTexts[text];
+    BitBlt(picture.Draw(), 0, 0, drawn.Width(), drawn.Height(), drawn.View(), 0, 0);
+  }
+  Failure Print(const PictureView& picture) override {
+    printed.emplace_back(picture);
+    return printFailure;
+  }
+  void ShowPrinterSetup(const std::string& title) override { titles.push_back(title); }
+  std::string BrowseForFolder(const std::string& title) override { return Folder(title); }
+  void ShowColor(std::uint32_t& color) override { Color(color); }
 
  private:
-  template <typename T>
-  static T Next(std::deque<T>& queue, T otherwise) {
-    if (queue.empty()) return otherwise;
-    T next = std::move(queue.front());
-    queue.pop_front();
-    return next;
-  }
-  std::string Choose(const FileDialog& dialog) {
-    dialogs.push_back(dialog);
-    return Next(chosenFiles, std::string());
+  static std::vector<std::string> NamesIn(const std::string& folder,
+                                          const std::set<std::string>& paths) {
+    const std::string beginning = folder.ends_with('/') ? folder : folder + '/';
+    std::vector<std::string> names;
+    for (const std::string& path : paths) {
+      if (!path.starts_with(beginning) || path == beginning) continue;
+      const std::string name = path.substr(beginning.size());
+      if (name.find('/') == std::string::npos) names.push_back(name);
+    }
+    return names;
   }
 };
 

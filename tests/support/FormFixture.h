@@ -17,30 +17,16 @@
 namespace morvane {
 
 /// The real platform, but dialogs are answered by a script.
-class ScriptedPlatform : public QtPlatform {
+class ScriptedPlatform : public QtPlatform, public DialogScript {
  public:
-  std::deque<Answer> answers;
-  std::deque<std::string> chosenFiles;
-  std::vector<SeenBox> boxes;
-
   Answer MsgBox(const std::string& text, BoxStyle style, const std::string& title) override {
     ShowState();
-    boxes.push_back({text, style, title});
-    if (answers.empty()) return Answer::Ok;
-    const Answer answer = answers.front();
-    answers.pop_front();
-    return answer;
+    return Box(text, style, title);
   }
-  std::string ShowOpen(const FileDialog&) override { return Choose(); }
-  std::string ShowSave(const FileDialog&) override { return Choose(); }
-
- private:
-  std::string Choose() {
-    if (chosenFiles.empty()) return {};
-    std::string path = chosenFiles.front();
-    chosenFiles.pop_front();
-    return path;
-  }
+  std::string ShowOpen(const FileDialog& dialog) override { return File(dialog); }
+  std::string ShowSave(const FileDialog& dialog) override { return File(dialog); }
+  std::string BrowseForFolder(const std::string& title) override { return Folder(title); }
+  void ShowColor(std::uint32_t& color) override { Color(color); }
 };
 
 /// A folder of its own as the current directory, as long as it lives.

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+#include "document/Document.h"
+
+namespace morvane {
+
+/// The Options dialog: what its fields hold while it is open, and its events.
+class Options {
+ public:
+  explicit Options(Document& document) : document_(document) {}
+
+  std::string TextMapDir;
+  std::string TextCustomDir;
+  Color ColorBox = 0;
+  Color GridColorBox = 0;
+  int GridCheck = 0;
+
+  /// Fills the fields from the settings.
+  void Form_Load();
+  void ButtonMapDir_Click();
+  void ButtonCustomDir_Click();
+  void PaletteButton_Click();
+  void GridPaletteButton_Click();
+  /// Writes the fields into the settings. Returns whether the dialog may close: settings that can't
+  /// be written are told, and the fields stay.
+  bool cmdOK_Click();
+
+ private:
+  void Browse(const char* title, std::string& field);
+  void PickColor(Color& box);
+
+  Document& document_;
+  /// What the colour dialog holds, black at first; it serves both boxes, also after a cancel.
+  Color commonColor_ = 0;
+};
+
+}  // namespace morvane

@@ -1,0 +1,18 @@
+#include "document/Printing.h"
+
+#include "document/Notice.h"
+
+namespace morvane {
+
+void mnuFilePrint_Click(Document& document) {
+  const Failure failure = document.platform.Print(document.Canvas.Image());
+  if (!failure.empty()) {
+    TellFailure(document.platform, "The map could not be printed.", failure);
+  }
+}
+
+void mnuFilePageSetup_Click(Document& document) {
+  document.platform.ShowPrinterSetup("Print Setup");
+}
+
+}  // namespace morvane

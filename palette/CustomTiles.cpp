@@ -1,0 +1,80 @@
+#include "palette/CustomTiles.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "document/Blit.h"
+#include "document/PictureFile.h"
+
+namespace morvane {
+namespace {
+
+constexpr int kMostPreview = 60;
+
+int Scaled(int side, int otherSide) {
+  // Halves go to the even number, as everywhere in the system.
+  return std::max(1, static_cast<int>(std::nearbyint(double{kMostPreview} * side / otherSide)));
+}
+
+void ShowPreview(Palette& palette) {
+  PictureBox& Picture1 = palette.Picture1;
+  const Size full = {palette.Custom.ScaleWidth(), palette.Custom.ScaleHeight()};
+  const Size preview = PreviewSize(full);
+  if (preview == full) {
+    palette.SetPicture1(Picture(palette.Custom.Image()), full);
+    return;
+  }
+  Picture1.SetWidth(preview.width);
+  Picture1.SetHeight(preview.height);
+  StretchBlt(Picture1.hDC(), 0, 0, preview.width, preview.height, palette.Custom.Image(), 0, 0,
+             full.width, full.height);
+  Picture1.Refresh();
+}
+
+}  // namespace
+
+void Drive1_Change(Palette& palette, const std::string& drive) {
+  palette.Dir1.SetPath(palette.document.platform, drive);
+  Dir1_Change(palette, palette.Dir1.Path());
+}
+
+void Dir1_Change(Palette& palette, const std::string& path) {
+  Platform& platform = palette.document.platform;
+  palette.Dir1.SetPath(platform, path);
+  palette.File1.SetPath(platform, palette.Dir1.Path());
+}
+
+void File1_Click(Palette& palette, const std::string& FileName) {
+  Document& document = palette.document;
+  const std::string path = WithTrailingBackslash(palette.File1.Path()) + FileName;
+  Result<Picture> picture = LoadPicture(document.platform, path);
+  if (!picture.Ok()) {
+    document.StatusText = FileName + " can't be used as a tile: " + picture.Reason();
+    return;
+  }
+  palette.Custom.SetPictureAndSize(std::move(picture.Value()));
+  const Size size = {palette.Custom.ScaleWidth(), palette.Custom.ScaleHeight()};
+  palette.Label2 = FileName.substr(FileName.rfind('/') + 1);
+  ShowPreview(palette);
+  palette.Shape1.Width = size.width;
+  palette.Shape1.Height = size.height;
+  palette.Label5 = std::to_string(size.width) + "x" + std::to_string(size.height);
+  document.StatusText = "Custom tile selected: " + palette.Label2;
+  palette.LeaveToTileMode();
+  document.Canvas.SetFocus();
+}
+
+void ShowStoredFolder(Palette& palette) {
+  Platform& platform = palette.document.platform;
+  palette.File1.SetPath(platform, palette.document.settings.GetINIFileString("Custom", "Dir", ""));
+  Dir1_Change(palette, palette.File1.Path());
+}
+
+Size PreviewSize(Size picture) {
+  const auto [W, H] = picture;
+  if (W <= kMostPreview && H <= kMostPreview) return picture;
+  if (W > kMostPreview && W > H) return {kMostPreview, Scaled(H, W)};
+  return {Scaled(W, H), kMostPreview};
+}
+
+}  // namespace morvane

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <memory>
+
+#include "document/Picture.h"
+#include "platform/Platform.h"
+
+class QPrinter;
+class QWidget;
+
+namespace morvane {
+
+/// The printer of the program, kept from one print to the next.
+class MapPrinter {
+ public:
+  MapPrinter();
+  MapPrinter(const MapPrinter&) = delete;
+  MapPrinter& operator=(const MapPrinter&) = delete;
+  ~MapPrinter();
+
+  /// Prints one page with the picture at the top left of the printable area.
+  Failure Print(const PictureView& picture);
+
+  /// Prints go into a PDF file from now on, as after choosing one in the setup.
+  void UseFile(const std::string& path);
+
+  /// Lets the user choose the printer, or a PDF file in its place.
+  void ShowSetup(QWidget* owner, const std::string& title);
+
+ private:
+  QPrinter& Printer();
+
+  std::unique_ptr<QPrinter> printer_;  ///< made at the first use, as that asks the print system
+};
+
+}  // namespace morvane

@@ -1,0 +1,51 @@
+#include "platform/TextDrawing.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QImage>
+#include <QPainter>
+#include <QTextCursor>
+
+namespace morvane {
+namespace {
+
+constexpr int kDotsPerMetre = 3780;  // 96 dpi
+
+void HardenLetters(QTextDocument& document) {
+  QTextCharFormat hard;
+  hard.setFontStyleStrategy(
+      static_cast<QFont::StyleStrategy>(QFont::NoAntialias | QFont::NoSubpixelAntialias));
+  QTextCursor all(&document);
+  all.select(QTextCursor::Document);
+  all.mergeCharFormat(hard);
+}
+
+}  // namespace
+
+QVariant ClosedDocument::loadResource(int /*type*/, const QUrl& /*name*/) {
+  return {};
+}
+
+void DrawRichText(const std::string& text, Picture& picture) {
+  const Surface surface = picture.Draw();
+  QImage image(reinterpret_cast<uchar*>(surface.pixels), surface.width, surface.height,
+               surface.stride * static_cast<qsizetype>(sizeof(Pixel)), QImage::Format_RGB32);
+  image.setDotsPerMeterX(kDotsPerMetre);
+  image.setDotsPerMeterY(kDotsPerMetre);
+
+  ClosedDocument document;
+  document.setDocumentMargin(0);
+  document.setHtml(QString::fromStdString(text));
+  HardenLetters(document);
+  document.documentLayout()->setPaintDevice(&image);
+  document.setTextWidth(surface.width);
+
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::TextAntialiasing, false);
+  QAbstractTextDocumentLayout::PaintContext context;
+  context.clip = QRectF(image.rect());
+  context.palette.setColor(QPalette::Text, Qt::black);
+  painter.setClipRect(image.rect());
+  document.documentLayout()->draw(&painter, context);
+}
+
+}  // namespace morvane

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QTextDocument>
+
+#include "document/Picture.h"
+
+namespace morvane {
+
+/// A document that never fetches anything: pictures and style sheets that its text names stay out.
+class ClosedDocument : public QTextDocument {
+ public:
+  using QTextDocument::QTextDocument;
+
+ protected:
+  QVariant loadResource(int type, const QUrl& name) override;
+};
+
+/// Draws rich text from the top left of a picture at 96 dpi, wrapped at its width. Letters have
+/// hard edges, so that no pale rim is left where white drops out.
+void DrawRichText(const std::string& text, Picture& picture);
+
+}  // namespace morvane

@@ -1,0 +1,73 @@
+#include "shell/FontDialog.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <array>
+
+namespace morvane {
+namespace {
+
+struct NamedColor {
+  const char* name;
+  QRgb color;
+};
+
+constexpr std::array<NamedColor, 16> kColors = {{
+    {"Black", 0x000000},
+    {"Maroon", 0x800000},
+    {"Green", 0x008000},
+    {"Olive", 0x808000},
+    {"Navy", 0x000080},
+    {"Purple", 0x800080},
+    {"Teal", 0x008080},
+    {"Gray", 0x808080},
+    {"Silver", 0xC0C0C0},
+    {"Red", 0xFF0000},
+    {"Lime", 0x00FF00},
+    {"Yellow", 0xFFFF00},
+    {"Blue", 0x0000FF},
+    {"Fuchsia", 0xFF00FF},
+    {"Aqua", 0x00FFFF},
+    {"White", 0xFFFFFF},
+}};
+
+constexpr int kFirstSize = 10;  // points
+
+QIcon Swatch(const QColor& color) {
+  QPixmap swatch(24, 12);
+  swatch.fill(color);
+  return swatch;
+}
+
+}  // namespace
+
+FontDialog::FontDialog(QWidget* owner) : QFontDialog(owner), colors_(new QComboBox(this)) {
+  setOption(QFontDialog::DontUseNativeDialog);
+  setWindowTitle("Font");
+  setCurrentFont(QFont("Arial", kFirstSize));
+  colors_->setObjectName("Color");
+  colors_->setIconSize({24, 12});
+  for (const NamedColor& row : kColors) {
+    colors_->addItem(Swatch(QColor::fromRgb(row.color)), row.name, QColor::fromRgb(row.color));
+  }
+  auto* label = new QLabel("&Color", this);
+  label->setBuddy(colors_);
+  if (auto* grid = qobject_cast<QGridLayout*>(layout())) {
+    const int row = grid->rowCount();
+    grid->addWidget(label, row, 0);
+    grid->addWidget(colors_, row, 2, 1, 3);
+    // The buttons stay below everything else.
+    if (auto* buttons = findChild<QDialogButtonBox*>()) {
+      grid->removeWidget(buttons);
+      grid->addWidget(buttons, row + 1, 0, 1, grid->columnCount());
+    }
+  }
+}
+
+QColor FontDialog::Color() const {
+  return colors_->currentData().value<QColor>();
+}
+
+}  // namespace morvane

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QGroupBox>
+
+namespace morvane {
+
+/// A frame whose upper line runs through the middle of its title, so that its inside begins where
+/// it was designed to.
+class GroupFrame : public QGroupBox {
+ public:
+  using QGroupBox::QGroupBox;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
+}  // namespace morvane

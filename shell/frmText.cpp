@@ -1,0 +1,71 @@
+#include "shell/frmText.h"
+
+#include <QPushButton>
+
+#include "shell/FontDialog.h"
+#include "shell/Layout.h"
+#include "shell/RichTextBox.h"
+
+namespace morvane {
+namespace {
+
+constexpr double kFirstPointSize = 9.75;
+
+QFont FirstFont() {
+  QFont font("Arial");
+  font.setPointSizeF(kFirstPointSize);
+  return font;
+}
+
+}  // namespace
+
+frmText::frmText(const std::string& text, QWidget* owner)
+    : QDialog(owner, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
+      RichTextBox1_(new RichTextBox(this)) {
+  setObjectName("frmText");
+  setWindowTitle("Insert Text");
+  setFixedSize(Px(4680), Px(1650));
+
+  RichTextBox1_->setObjectName("RichTextBox1");
+  RichTextBox1_->setAccessibleName("Text");
+  RichTextBox1_->setGeometry(PlaceOf(0, 0, 4695, 1095));
+  RichTextBox1_->document()->setDefaultFont(FirstFont());
+  RichTextBox1_->setHtml(QString::fromStdString(text));
+
+  auto* cmdOK = new QPushButton("OK", this);
+  cmdOK->setObjectName("cmdOK");
+  cmdOK->setGeometry(PlaceOf(3600, 1200, 975, 375));
+  auto* cmdFont = new QPushButton("Font...", this);
+  cmdFont->setObjectName("cmdFont");
+  cmdFont->setGeometry(PlaceOf(2520, 1200, 975, 375));
+  for (QPushButton* button : {cmdOK, cmdFont}) {
+    button->setFont(ArialFont(kSmallText));
+    button->setAutoDefault(false);
+  }
+  setTabOrder(RichTextBox1_, cmdOK);
+  setTabOrder(cmdOK, cmdFont);
+  connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
+  connect(cmdFont, &QPushButton::clicked, this, &frmText::cmdFont_Click);
+  RichTextBox1_->setFocus();
+}
+
+std::string frmText::TextRTF() const {
+  return RichTextBox1_->toHtml().toStdString();
+}
+
+void frmText::cmdFont_Click() {
+  FontDialog dialog(this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  const QFont font = dialog.selectedFont();
+  QTextCharFormat format;
+  format.setFontFamilies({font.family()});
+  format.setFontPointSize(font.pointSizeF());
+  format.setFontWeight(font.bold() ? QFont::Bold : QFont::Normal);
+  format.setFontItalic(font.italic());
+  format.setFontStrikeOut(font.strikeOut());
+  format.setFontUnderline(font.underline());
+  format.setForeground(dialog.Color());
+  RichTextBox1_->mergeCurrentCharFormat(format);
+}
+
+}  // namespace morvane

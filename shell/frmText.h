@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QDialog>
+
+namespace morvane {
+
+class RichTextBox;
+
+/// The dialog in which text for the map is typed and formatted. There is no Cancel button: closing
+/// the window is the way out.
+class frmText : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// Opens with that rich text.
+  frmText(const std::string& text, QWidget* owner);
+
+  /// The whole formatted document.
+  std::string TextRTF() const;
+
+ private:
+  void cmdFont_Click();
+
+  RichTextBox* RichTextBox1_;
+};
+
+}  // namespace morvane

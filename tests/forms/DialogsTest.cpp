@@ -1,0 +1,198 @@
+#include <sys/stat.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTimer>
+#include <set>
+
+#include "document/Blit.h"
+#include "platform/TextDrawing.h"
+#include "shell/FontDialog.h"
+#include "shell/RichTextBox.h"
+#include "shell/frmAbout.h"
+#include "shell/frmOptions.h"
+#include "shell/frmText.h"
+#include "tests/support/FormFixture.h"
+
+namespace morvane {
+namespace {
+
+struct Dialogs : FormFixture {
+  using Places = std::map<const char*, QRect>;
+
+  static void ExpectPlaces(const QWidget& form, const QSize& size, const Places& places) {
+    EXPECT_EQ(form.size(), size);
+    for (const auto& [name, place] : places) {
+      const auto* control = form.findChild<QWidget*>(name);
+      ASSERT_NE(control, nullptr) << name;
+      EXPECT_EQ(control->geometry(), place) << name;
+    }
+  }
+  static void Click(const QWidget& form, const char* name) {
+    QTest::mouseClick(form.findChild<QWidget*>(name), Qt::LeftButton);
+  }
+};
+
+TEST_F(Dialogs, OptionsStandAtTheirPlacesAndWriteTheFile) {
+  frmOptions dialog(form.document, &window);
+  EXPECT_EQ(dialog.windowTitle(), "Options");
+  ExpectPlaces(dialog, {409, 230},
+               {{"Frame1", {8, 8, 393, 81}},
+                {"TextMapDir", {96, 24, 265, 19}},
+                {"ButtonCustomDir", {368, 48, 17, 17}},
+                {"Frame2", {8, 96, 393, 97}},
+                {"ColorBox", {104, 24, 25, 25}},
+                {"GridPaletteButton", {136, 56, 73, 25}},
+                {"GridCheck", {272, 64, 17, 17}},
+                {"cmdOK", {246, 201, 73, 25}},
+                {"cmdCancel", {328, 201, 73, 25}}});
+  dialog.show();
+  platform.chosenFiles = {folder.File("maps")};
+  platform.colors = {0x0000FF};
+  Click(dialog, "ButtonMapDir");
+  Click(dialog, "PaletteButton");
+  Click(dialog, "GridCheck");
+  EXPECT_TRUE(dialog.findChild<QLineEdit*>("TextMapDir")->isReadOnly());
+  EXPECT_EQ(dialog.findChild<QWidget*>("ColorBox")->palette().color(QPalette::Window), Qt::red);
+  QTest::keyClick(&dialog, Qt::Key_Return);  // no default button
+  EXPECT_TRUE(dialog.isVisible());
+  Click(dialog, "cmdOK");
+  EXPECT_FALSE(dialog.isVisible());
+  QFile file("Morvane.ini");
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  EXPECT_EQ(file.readAll(), QString("[Map]\r\nDir=%1\r\nGrid=1\r\n\r\n[Custom]\r\nDir=\r\n\r\n"
+                                    "[Color]\r\nCanvas=255\r\nGrid=12632256\r\n")
+                                .arg(QString::fromStdString(folder.File("maps")))
+                                .toUtf8());
+}
+
+TEST_F(Dialogs, AboutHidesAClick) {
+  frmAbout dialog(platform, &window);
+  EXPECT_EQ(dialog.windowTitle(), "About Morvane");
+  ExpectPlaces(dialog, {391, 230},
+               {{"picIcon", {2, 1, 383, 154}},
+                {"Picture1", {343, 114, 20, 20}},
+                {"lblDisclaimer", {12, 168, 279, 55}},
+                {"cmdOK", {299, 200, 82, 23}}});
+  auto* notice = dialog.findChild<QLabel*>("lblDisclaimer");
+  EXPECT_LE(notice->sizeHint().width(), notice->width());
+  dialog.show();
+  Click(dialog, "Picture1");
+  Click(dialog, "Picture1");
+  Click(dialog, "picIcon");
+  EXPECT_EQ(platform.boxes, (std::vector<SeenBox>(
+                                2, {"You found the secret tile!!", BoxStyle::OkOnly, "Morvane"})));
+  EXPECT_TRUE(dialog.isVisible());
+  QTest::keyClick(&dialog, Qt::Key_Return);
+  EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(Dialogs, TextKeepsItsFormatBetweenDialogs) {
+  std::string kept;
+  {
+    frmText dialog("", &window);
+    EXPECT_EQ(dialog.windowTitle(), "Insert Text");
+    ExpectPlaces(dialog, {312, 110},
+                 {{"RichTextBox1", {0, 0, 313, 73}},
+                  {"cmdOK", {240, 80, 65, 25}},
+                  {"cmdFont", {168, 80, 65, 25}}});
+    dialog.show();
+    auto* box = dialog.findChild<RichTextBox*>();
+    QTest::keyClicks(box, "plain ");
+    QTimer::singleShot(0, [] {
+      auto* fonts = qobject_cast<FontDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(fonts, nullptr);
+      QFont font("Liberation Sans", 20, QFont::Bold);
+      font.setUnderline(true);
+      fonts->setCurrentFont(font);
+      fonts->findChild<QComboBox*>("Color")->setCurrentText("Red");
+      fonts->accept();
+    });
+    Click(dialog, "cmdFont");
+    QTest::keyClicks(box, "loud");
+    Click(dialog, "cmdOK");
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    kept = dialog.TextRTF();
+  }
+  frmText again(kept, &window);
+  auto* box = again.findChild<RichTextBox*>();
+  EXPECT_EQ(box->toPlainText(), "plain loud");
+  box->moveCursor(QTextCursor::End);
+  const QTextCharFormat format = box->currentCharFormat();
+  EXPECT_EQ(format.fontPointSize(), 20);
+  EXPECT_EQ(format.fontWeight(), QFont::Bold);
+  EXPECT_TRUE(format.fontUnderline());
+  EXPECT_EQ(format.foreground().color(), Qt::red);
+}
+
+TEST_F(Dialogs, TextIsDrawnInFullColoursFromTheTopLeft) {
+  Picture picture(509, 349);
+  DrawRichText(
+      "<p style='margin:0'><span style='font-size:20pt;color:#ff0000'>Red </span>"
+      "<u><span style='font-size:60pt;color:#000000'>Black</span></u></p>",
+      picture);
+  std::set<Pixel> colors;
+  Rect drawn;
+  for (int y = 0; y < 349; ++y) {
+    for (int x = 0; x < 509; ++x) {
+      const Pixel pixel = picture.Row(y)[x];
+      colors.insert(pixel);
+      if (pixel != PixelOf(kWhite)) drawn = drawn.United({x, y, x + 1, y + 1});
+    }
+  }
+  EXPECT_EQ(colors, (std::set<Pixel>{0xFFFFFFFF, 0xFFFF0000, 0xFF000000}));
+  EXPECT_LT(drawn.left, 5);
+  EXPECT_LT(drawn.top, 40);
+  EXPECT_GT(drawn.right, 200);
+}
+
+TEST_F(Dialogs, PastedTextBringsNothingWithIt) {
+  QImage(8, 8, QImage::Format_RGB32).save("picture.png");
+  const QString url = "file://" + QDir::current().filePath("picture.png");
+  RichTextBox box(nullptr);
+  QMimeData pasted;
+  pasted.setHtml("<p>words<img src='" + url + "' width=8><link rel=stylesheet href='" + url + "'>");
+  struct Open : RichTextBox {
+    using RichTextBox::insertFromMimeData;
+  };
+  (box.*&Open::insertFromMimeData)(&pasted);
+  EXPECT_EQ(box.toPlainText(), "words");
+  EXPECT_FALSE(box.toHtml().contains("picture.png"));
+  EXPECT_TRUE(box.document()->resource(QTextDocument::ImageResource, url).isNull());
+  QMimeData huge;
+  huge.setHtml("<p>" + QString(10'000'000, 'x'));
+  huge.setText(QString(10'000'000, 'x'));
+  box.clear();
+  (box.*&Open::insertFromMimeData)(&huge);
+  EXPECT_EQ(box.toPlainText().size(), 20'000);
+}
+
+TEST_F(Dialogs, CustomPicturesAreChosenByClick) {
+  ASSERT_TRUE(QDir().mkdir("art"));
+  QImage tile(30, 20, QImage::Format_RGB32);
+  tile.fill(Qt::blue);
+  ASSERT_TRUE(tile.save("art/tile.jpg"));
+  ASSERT_EQ(mkfifo("art/pipe.gif", 0600), 0);
+  emit Find<QComboBox>("TileSetSelector")->activated(kCustomSet);
+  auto* folders = Find<QListWidget>("Dir1");
+  emit folders->itemActivated(folders->currentItem());  // reads the folder again
+  const auto found = folders->findItems("art", Qt::MatchContains);
+  ASSERT_FALSE(found.isEmpty());
+  emit folders->itemActivated(found.last());
+  auto* files = Find<QListWidget>("File1");
+  ASSERT_EQ(files->count(), 1);  // a pipe is no file to choose
+  QTest::mouseClick(files->viewport(), Qt::LeftButton, {},
+                    files->visualItemRect(files->item(0)).center());
+  EXPECT_EQ(Find<QLabel>("Label5")->text(), "30x20");
+  EXPECT_EQ(Find("Picture1")->size(), QSize(30, 20));
+  EXPECT_TRUE(Find("Canvas")->hasFocus());
+}
+
+}  // namespace
+}  // namespace morvane

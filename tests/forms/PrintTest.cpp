@@ -1,0 +1,61 @@
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPrinter>
+#include <QProcess>
+
+#include "document/Blit.h"
+#include "platform/MapPrinter.h"
+#include "tests/support/FormFixture.h"
+
+namespace morvane {
+namespace {
+
+/// A page as paper shows it, at 254 dots to the inch: ten to the millimetre.
+QImage Paper(const char* pdf) {
+  QProcess convert;
+  convert.start("pdftoppm", {"-r", "254", "-png", pdf, "page"});
+  EXPECT_TRUE(convert.waitForFinished());
+  const QStringList pages = QDir().entryList({"page*.png"});
+  EXPECT_EQ(pages.size(), 1);
+  return pages.isEmpty() ? QImage() : QImage(pages[0]);
+}
+
+TEST(Print, TheMapLiesAtTheTopLeftOfOnePageInItsNaturalSize) {
+  const StartFolder folder;
+  MapPrinter printer;
+  printer.UseFile(folder.File("map.pdf"));
+  const Picture map(192, 96, 0x0000FF);  // two inches by one
+  ASSERT_EQ(printer.Print(map.View()), "");
+  const QImage paper = Paper("map.pdf");
+  QRect red;
+  for (int y = 0; y < paper.height(); ++y) {
+    for (int x = 0; x < paper.width(); ++x) {
+      const QRgb pixel = paper.pixel(x, y);
+      if (qRed(pixel) > 200 && qGreen(pixel) < 100) red |= QRect(x, y, 1, 1);
+    }
+  }
+  EXPECT_NEAR(red.width(), 508, 3);
+  EXPECT_NEAR(red.height(), 254, 3);
+  EXPECT_LT(red.left(), 100) << "within a centimetre of the paper's edge";
+  EXPECT_LT(red.top(), 100);
+}
+
+TEST(Print, AMapLargerThanThePaperIsCutOffOnOnePage) {
+  const StartFolder folder;
+  MapPrinter printer;
+  printer.UseFile(folder.File("map.pdf"));
+  ASSERT_EQ(printer.Print(Picture(2000, 2000, 0x0000FF).View()), "");
+  EXPECT_FALSE(Paper("map.pdf").isNull());
+}
+
+TEST(Print, WithoutAPrinterItNamesPrintSetup) {
+  MapPrinter printer;
+  const Failure failure = printer.Print(Picture(10, 10).View());
+  EXPECT_NE(failure.find("File > Print Setup"), std::string::npos) << failure;
+  printer.UseFile("/proc/no/map.pdf");
+  EXPECT_NE(printer.Print(Picture(10, 10).View()), "");
+}
+
+}  // namespace
+}  // namespace morvane

@@ -1,0 +1,49 @@
+#include "tools/TextInsertion.h"
+
+#include <cmath>
+
+#include "document/Blit.h"
+#include "tools/Placing.h"
+
+namespace morvane {
+namespace {
+
+/// Puts the first line's middle at the pointer, whatever its font.
+constexpr int kLeftOfPointer = 2;
+constexpr int kAbovePointer = 8;
+
+void StampText(Document& document) {
+  std::string text = document.TextToInsert;
+  document.TextAccepted = document.platform.EditText(text);
+  if (document.TextAccepted) {
+    document.TextToInsert = std::move(text);
+    PictureBox& pbTempText = document.pbTempText;
+    Picture block(pbTempText.ScaleWidth(), pbTempText.ScaleHeight());
+    document.platform.DrawText(document.TextToInsert, block);
+    pbTempText.SetPicture(std::move(block));
+    const Color white = kWhite;
+    Place(document, Gesture::Press, document.TextX - kLeftOfPointer, document.TextY - kAbovePointer,
+          {pbTempText.ScaleWidth(), pbTempText.ScaleHeight()}, pbTempText.Image(), &white);
+    document.Canvas.Refresh();
+  }
+  document.Canvas.MousePointer = Pointer::Cross;
+}
+
+}  // namespace
+
+void mnuToolsInsertText_Click(Document& document) {
+  document.Canvas.MousePointer = Pointer::IBeam;
+  document.Canvas.SetFocus();
+}
+
+bool IsTextArmed(const Document& document) {
+  return document.Canvas.MousePointer == Pointer::IBeam;
+}
+
+void PlaceText(Document& document, float X, float Y) {
+  document.TextX = static_cast<std::int16_t>(std::lround(X));
+  document.TextY = static_cast<std::int16_t>(std::lround(Y));
+  StampText(document);
+}
+
+}  // namespace morvane
