@@ -14,6 +14,8 @@ void HardenLetters(QTextDocument& document) {
   QTextCharFormat hard;
   hard.setFontStyleStrategy(
       static_cast<QFont::StyleStrategy>(QFont::NoAntialias | QFont::NoSubpixelAntialias));
+  // Without grey steps letters keep their shape and distance only if they are fitted to the pixels.
+  hard.setFontHintingPreference(QFont::PreferFullHinting);
   QTextCursor all(&document);
   all.select(QTextCursor::Document);
   all.mergeCharFormat(hard);

@@ -29,10 +29,6 @@ RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent) {
   setTabChangesFocus(true);
 }
 
-QVariant RichTextBox::loadResource(int /*type*/, const QUrl& /*name*/) {
-  return {};
-}
-
 bool RichTextBox::canInsertFromMimeData(const QMimeData* source) const {
   return source->hasText() || source->hasHtml();
 }
