@@ -56,32 +56,6 @@ TEST_F(TilePathTest, PressesLandOrAreRefusedByTheTable) {
   }
 }
 
-TEST_F(TilePathTest, TheSnapshotIsTheMapDirectlyBeforeTheCopy) {
-  Canvas_MouseDown(palette, kLeftButton, 5, 5);
-  const Bytes before = WriteBmp(document.Canvas.Image());
-  Canvas_MouseDown(palette, kLeftButton, 45, 45);
-  EXPECT_EQ(platform.snapshot, before);
-}
-
-TEST_F(TilePathTest, AStampOfOnePixelLessLeavesTheClosingGridLine) {
-  Pick("ptaltar");
-  Canvas_MouseDown(palette, kLeftButton, 100, 100);
-  const PictureView map = document.Canvas.Image();
-  EXPECT_TRUE(Holds(map, 100, 100, {39, 19}, PictureOf("ptaltar").View()));
-  EXPECT_EQ(GetPixel(map, 139, 110), 255U);
-  EXPECT_EQ(GetPixel(map, 110, 119), 255U);
-}
-
-TEST_F(TilePathTest, AnEraseCoversTheStampNotWhatStandsThere) {
-  Pick("pb4040");
-  Canvas_MouseDown(palette, kLeftButton, 60, 60);
-  Pick("pbfloor");
-  Canvas_MouseDown(palette, kRightButton, 60, 60);
-  const PictureView map = document.Canvas.Image();
-  EXPECT_EQ(GetPixel(map, 79, 70), 255U);
-  EXPECT_EQ(GetPixel(map, 80, 80), GetPixel(PictureOf("pb4040").View(), 20, 20));
-}
-
 TEST_F(TilePathTest, StampsAreCutForGoodAtTheEdgeOfTheDrawing) {
   Pick("pb4040");
   Canvas_MouseDown(palette, kLeftButton, 614, 470);
@@ -90,19 +64,6 @@ TEST_F(TilePathTest, StampsAreCutForGoodAtTheEdgeOfTheDrawing) {
   EXPECT_EQ(GetPixel(map, 614, 482), GetPixel(PictureOf("pb4040").View(), 14, 22));
   EXPECT_EQ(GetPixel(map, 616, 482), kWhite);
   EXPECT_EQ(GetPixel(map, 610, 484), kWhite);
-}
-
-TEST_F(TilePathTest, TheSetOfTheMomentChoosesTheSource) {
-  Pick("ptchest");
-  TileSetSelector_Click(palette, kCustomSet);
-  Canvas_MouseDown(palette, kLeftButton, 100, 100);
-  EXPECT_TRUE(Holds(document.Canvas.Image(), 100, 100, {20, 20}, PictureOf("ptchest").View()));
-  Canvas_MouseDown(palette, kRightButton, 100, 100);
-  EXPECT_EQ(GetPixel(document.Canvas.Image(), 119, 100),
-            GetPixel(PictureOf("ptchest").View(), 19, 0));  // the outline is 19 x 19
-  TileSetSelector_Click(palette, kGraveDungeon);
-  Canvas_MouseDown(palette, kLeftButton, 200, 200);
-  EXPECT_EQ(GetPixel(document.Canvas.Image(), 219, 200), 255U);
 }
 
 TEST_F(TilePathTest, EveryPressRunsTheClosingStepsAndHidesTheOutline) {

@@ -111,38 +111,13 @@ TEST_F(Commands, ANewMapTakesItsColoursFromTheSettingsFile) {
   EXPECT_EQ(GetPixel(form.document.Canvas.Image(), 19, 0), 0U);
 }
 
-TEST_F(Commands, AMapTravelsThroughAFile) {
-  NewMap();
-  Press(50, 50);
-  const Picture saved = Map();
-  const std::string path = folder.File("first map.bmp");
-  platform.chosenFiles = {path};
-  Push("Save");
-  EXPECT_EQ(window.windowTitle(), "Morvane - first map.bmp");
-  NewMap();
-  EXPECT_EQ(window.windowTitle(), "Morvane");
-  platform.chosenFiles = {path};
-  QTest::keyClick(&window, Qt::Key_O, Qt::ControlModifier);
-  EXPECT_EQ(Difference(Map(), saved), "");
-  EXPECT_EQ(window.windowTitle(), "Morvane - first map.bmp");
-  Press(90, 50);
-  QTest::keyClick(&window, Qt::Key_S, Qt::ControlModifier);
-  EXPECT_EQ(platform.boxes.back().text, "Map saved as " + path);
-  Result<Picture> read = LoadPicture(platform, path);
-  ASSERT_TRUE(read.Ok());
-  EXPECT_EQ(read.Value(), Map());
-}
-
-TEST_F(Commands, AnyPictureOpensAsAMap) {
-  QImage picture(30, 20, QImage::Format_ARGB32);
-  picture.fill(Qt::transparent);
-  picture.setPixelColor(3, 4, QColor(10, 20, 30));
+TEST_F(Commands, AnyPictureOpensAsAMapButAFolderDoesNot) {
+  QImage picture(30, 20, QImage::Format_RGB32);
+  picture.fill(QColor(10, 20, 30));
   picture.save("map.png");
-  platform.chosenFiles = {folder.File("map.png")};
+  platform.chosenFiles = {folder.File("map.png"), folder.File("")};
   Choose("mnuFileOpen");
-  EXPECT_EQ(GetPixel(form.document.Canvas.Image(), 3, 4), 0x1E140AU);
-  EXPECT_EQ(GetPixel(form.document.Canvas.Image(), 0, 0), kWhite);
-  platform.chosenFiles = {folder.File("")};
+  EXPECT_EQ(GetPixel(form.document.Canvas.Image(), 29, 19), 0x1E140AU);
   Choose("mnuFileOpen");
   EXPECT_NE(platform.boxes.back().text.find("This is a folder"), std::string::npos);
   EXPECT_EQ(window.windowTitle(), "Morvane - map.png");

@@ -40,11 +40,6 @@ struct FirstMap : testing::Test {
 
   void Press(int x, int y, int button) { display.Click(window, map + QPoint(x, y), button); }
 
-  /// Drags along a line of pixels with a button held.
-  void Drag(QPoint from, QPoint to, int button) {
-    display.Drag(window, map + from, map + to, button);
-  }
-
   void Answer(const char* question, const char* key) {
     ASSERT_FALSE(display.WaitForWindow(question).isEmpty()) << question;
     display.Key(key);
@@ -73,15 +68,10 @@ struct FirstMap : testing::Test {
   }
 };
 
-Picture BlankMap() {
+Picture ExpectedMap() {
   Picture map(615, 483);
   for (int x = 19; x < 615; x += 20) DrawColumn(map.Draw(), x, 0xC0C0C0);
   for (int y = 19; y < 483; y += 20) DrawRow(map.Draw(), y, 0xC0C0C0);
-  return map;
-}
-
-Picture ExpectedMap() {
-  Picture map = BlankMap();
   const TilePictures pictures(&LoadArtSheet);
   const PictureView floor = pictures.Of(*FindItem("pbfloor")).View();
   for (const auto& [x, y] : {std::pair{40, 40}, {0, 0}, {300, 220}, {600, 480}}) {
@@ -125,44 +115,6 @@ TEST_F(FirstMap, IsPaintedSavedAndOpenedAgain) {
   EXPECT_EQ(program->exitCode(), 0);
   EXPECT_EQ(Difference(Load("second.bmp"), ExpectedMap()), "");
   EXPECT_FALSE(QFile::exists(folder.filePath("mvtmp.~mp")));
-}
-
-/// A room of 4 by 3 cells with a door in the west and a secret door in the south.
-Picture ExpectedRoom() {
-  Picture map = BlankMap();
-  const TilePictures pictures(&LoadArtSheet);
-  const auto put = [&](Edge edge, Direction direction, int x, int y) {
-    const PictureView picture = pictures.Of(0, edge, direction)->View();
-    BitBlt(map.Draw(), x, y, picture.width, picture.height, picture, 0, 0);
-  };
-  for (const int y : {98, 158}) {
-    for (int x = 99; x <= 159; x += 20) put(Edge::Wall, Direction::Horizontal, x, y);
-  }
-  for (const int x : {98, 178}) {
-    for (int y = 99; y <= 139; y += 20) put(Edge::Wall, Direction::Vertical, x, y);
-  }
-  put(Edge::Door, Direction::Vertical, 97, 122);
-  put(Edge::SecretDoor, Direction::Horizontal, 142, 157);
-  return map;
-}
-
-TEST_F(FirstMap, ARoomIsDrawnByDragging) {
-  ASSERT_NO_FATAL_FAILURE(StartProgram());
-  display.Key("ctrl+n");
-  ASSERT_NO_FATAL_FAILURE(Answer("New map", "y"));
-  Press(50, 45, 1);  // gives the map the focus
-  display.Key("ctrl+z");
-  display.Key("ctrl+m");
-  Drag({105, 100}, {175, 100}, 1);
-  Drag({105, 160}, {175, 160}, 1);
-  Drag({100, 105}, {100, 155}, 1);
-  Drag({180, 105}, {180, 155}, 1);
-  display.Key("ctrl+m");
-  Press(100, 130, 1);
-  Press(150, 160, 3);
-  display.Key("ctrl+s");
-  ASSERT_NO_FATAL_FAILURE(ChooseFile("Save As", "room.bmp"));
-  EXPECT_EQ(Difference(Load("room.bmp"), ExpectedRoom()), "");
 }
 
 }  // namespace

@@ -84,21 +84,6 @@ void VirtualDisplay::Click(const QString& window, const QPoint& place, int butto
        "click", QString::number(button)});
 }
 
-void VirtualDisplay::Drag(const QString& window, const QPoint& from, const QPoint& to,
-                          int button) const {
-  constexpr int kPixels = 5;
-  const auto move = [&window](const QPoint& place) {
-    return QStringList{
-        "mousemove", "--window", window, QString::number(place.x()), QString::number(place.y()),
-        "sleep",     "0.02"};
-  };
-  QStringList steps = move(from) + QStringList{"mousedown", QString::number(button)};
-  const QPoint way = to - from;
-  const int count = std::max(1, way.manhattanLength() / kPixels);
-  for (int i = 1; i <= count; ++i) steps += move(from + way * i / count);
-  Ask(steps + QStringList{"mouseup", QString::number(button)});
-}
-
 void VirtualDisplay::Key(const QString& key) const {
   Ask({"key", key});
 }

@@ -32,8 +32,6 @@ class VirtualDisplay {
 
   /// Clicks at a place inside a window.
   void Click(const QString& window, const QPoint& place, int button) const;
-  /// Drags from one place inside a window to another, in steps of 5 pixels.
-  void Drag(const QString& window, const QPoint& from, const QPoint& to, int button) const;
   void Key(const QString& key) const;
   void Type(const QString& text) const;
 
