@@ -36,15 +36,17 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   files_->setGeometry(PlaceOf(120, 1800, 2055, 2820));
   files_->setUniformItemSizes(true);
 
-  connect(drive_, &QComboBox::textActivated, this, &CustomFrame::DriveChosen);
+  connect(drive_, &QComboBox::textActivated, this,
+          [this](const QString& root) { emit DriveChosen(root.toStdString()); });
   // Double click and Enter both open a folder.
   connect(folders_, &QListWidget::itemActivated, this, [this](const QListWidgetItem* item) {
-    emit FolderOpened(item->data(Qt::UserRole).toString());
+    emit FolderOpened(item->data(Qt::UserRole).toString().toStdString());
   });
-  connect(files_, &QListWidget::itemClicked, this,
-          [this](const QListWidgetItem* item) { emit FileClicked(item->text()); });
-  connect(files_, &QListWidget::itemActivated, this,
-          [this](const QListWidgetItem* item) { emit FileClicked(item->text()); });
+  const auto click = [this](const QListWidgetItem* item) {
+    emit FileClicked(item->text().toStdString());
+  };
+  connect(files_, &QListWidget::itemClicked, this, click);
+  connect(files_, &QListWidget::itemActivated, this, click);
 }
 
 void CustomFrame::ShowState() {

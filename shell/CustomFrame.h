@@ -23,9 +23,12 @@ class CustomFrame : public GroupFrame {
   QWidget* File1() const;
 
  signals:
-  void DriveChosen(const QString& root);
-  void FolderOpened(const QString& path);
-  void FileClicked(const QString& name);
+  /// A drive was chosen, by its root.
+  void DriveChosen(const std::string& root);
+  /// A folder was opened by double click or Enter.
+  void FolderOpened(const std::string& path);
+  /// A file was chosen, by its name without the folder.
+  void FileClicked(const std::string& name);
 
  private:
   void ShowFolders();

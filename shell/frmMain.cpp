@@ -55,6 +55,14 @@ void ShowPointer(QWidget* widget, Pointer pointer) {
 
 }  // namespace
 
+template <typename Rule>
+auto frmMain::Event(Rule rule) {
+  return [this, rule](const auto&... arguments) {
+    rule(form_.palette, arguments...);
+    ShowState();
+  };
+}
+
 frmMain::frmMain(MainForm& form)
     : form_(form),
       client_(new ClientArea(this)),
@@ -70,8 +78,6 @@ frmMain::frmMain(MainForm& form)
   canvas_->move(Px(2520), Px(480));
   canvas_->setFocus();
   ConnectEvents();
-  ConnectCanvas();
-  ConnectCustomFrame();
   WatchHover();
   form_.Form_Initialize();
   ShowState();
@@ -89,16 +95,16 @@ void frmMain::ConnectEvents() {
     };
     RunCommand(kCommands.at(key));
   });
-  connect(leftColumn_, &LeftColumn::TileSetChosen, this, [this](int ListIndex) {
-    TileSetSelector_Click(form_.palette, ListIndex);
-    ShowState();
-  });
-  connect(palette_, &PaletteView::TabClicked, this, [this](int set, int tab) {
-    TabStrip_Click(form_.palette, set, tab);
-    ShowState();
-  });
-  connect(palette_, &PaletteView::ItemClicked, this, [this](const Item& item) {
-    Item_Click(form_.palette, item);
+  connect(leftColumn_, &LeftColumn::TileSetChosen, this, Event(&TileSetSelector_Click));
+  connect(palette_, &PaletteView::TabClicked, this, Event(&TabStrip_Click));
+  connect(palette_, &PaletteView::ItemClicked, this, Event(&Item_Click));
+  connect(frame5_, &CustomFrame::DriveChosen, this, Event(&Drive1_Change));
+  connect(frame5_, &CustomFrame::FolderOpened, this, Event(&Dir1_Change));
+  connect(frame5_, &CustomFrame::FileClicked, this, Event(&File1_Click));
+  connect(canvas_, &CanvasView::Pressed, this, Event(&Canvas_MouseDown));
+  connect(canvas_, &CanvasView::Moved, this, Event(&Canvas_MouseMove));
+  connect(canvas_, &CanvasView::KeyPressed, this, [this](int Key, int Modifiers, bool& handled) {
+    handled = Canvas_KeyDown(form_.palette, Key, Modifiers);
     ShowState();
   });
   connect(leftColumn_, &LeftColumn::ButtonClicked, this, [this](const QString& name) {
@@ -107,38 +113,7 @@ void frmMain::ConnectEvents() {
         {"FlipVertical", &FlipVertical_Click}, {"Rotate", &Rotate_Click},
         {"RotateLeft", &RotateLeft_Click},
     };
-    kClicks.at(name)(form_.palette);
-    ShowState();
-  });
-}
-
-void frmMain::ConnectCustomFrame() {
-  connect(frame5_, &CustomFrame::DriveChosen, this, [this](const QString& root) {
-    Drive1_Change(form_.palette, root.toStdString());
-    ShowState();
-  });
-  connect(frame5_, &CustomFrame::FolderOpened, this, [this](const QString& path) {
-    Dir1_Change(form_.palette, path.toStdString());
-    ShowState();
-  });
-  connect(frame5_, &CustomFrame::FileClicked, this, [this](const QString& name) {
-    File1_Click(form_.palette, name.toStdString());
-    ShowState();
-  });
-}
-
-void frmMain::ConnectCanvas() {
-  connect(canvas_, &CanvasView::Pressed, this, [this](int Button, float X, float Y) {
-    Canvas_MouseDown(form_.palette, Button, X, Y);
-    ShowState();
-  });
-  connect(canvas_, &CanvasView::Moved, this, [this](int Button, float X, float Y) {
-    Canvas_MouseMove(form_.palette, Button, X, Y);
-    ShowState();
-  });
-  connect(canvas_, &CanvasView::KeyPressed, this, [this](int Key, int Modifiers, bool& handled) {
-    handled = Canvas_KeyDown(form_.palette, Key, Modifiers);
-    ShowState();
+    Event(kClicks.at(name))();
   });
 }
 

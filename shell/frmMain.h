@@ -30,8 +30,9 @@ class frmMain : public QMainWindow {
 
  private:
   void ConnectEvents();
-  void ConnectCanvas();
-  void ConnectCustomFrame();
+  /// An event of the palette or the map: the rule runs, then the window shows the state.
+  template <typename Rule>
+  auto Event(Rule rule);
   void WatchHover();
   /// Runs the command of a menu entry or of the tool bar button that stands for it.
   void RunCommand(const QString& name);
