@@ -1,5 +1,7 @@
 #include <QFile>
 #include <QImage>
+#include <algorithm>
+#include <map>
 #include <set>
 
 #include "palette/TilePictures.h"
@@ -89,6 +91,72 @@ TEST(Art, TheFenceIsDrawnOnItsSeeThroughColourWithoutBlending) {
     }
     EXPECT_GT(seeThrough, 20);
     EXPECT_LT(seeThrough, 70);
+  }
+}
+
+using Strip = std::vector<Pixel>;
+
+/// The outermost pixels of an item on one side: 'l', 'r', 't' or 'b'.
+Strip StripOf(const TilePictures& pictures, const char* control, char side) {
+  const PictureView view = pictures.Of(*FindItem(control)).View();
+  const bool upright = side == 'l' || side == 'r';
+  Strip strip;
+  for (int i = 0; i < (upright ? view.height : view.width); ++i) {
+    const int x = side == 'r' ? view.width - 1 : 0;
+    const int y = side == 'b' ? view.height - 1 : 0;
+    strip.push_back(upright ? view.Row(i)[x] : view.Row(y)[i]);
+  }
+  return strip;
+}
+
+/// Whether two sides lie against each other without a seam: grains of a texture may differ, a line
+/// or another ground may not.
+bool Fits(const Strip& one, const Strip& other) {
+  const auto near = [](Pixel a, Pixel b) {
+    const int most = 44;
+    return std::abs(RedOf(a) - RedOf(b)) <= most && std::abs(GreenOf(a) - GreenOf(b)) <= most &&
+           std::abs(BlueOf(a) - BlueOf(b)) <= most;
+  };
+  return std::equal(one.begin(), one.end(), other.begin(), other.end(), near);
+}
+
+TEST(Art, VillagePiecesFitEdgeToEdgeInAllTurns) {
+  const TilePictures pictures(&LoadArtSheet);
+  /// Pieces with their sides that belong together.
+  using Group = std::vector<std::pair<const char*, std::string>>;
+  const std::map<std::string, Group> groups = {
+      {"road",
+       {{"pvtiles-5", "lr"},
+        {"pvtiles-6", "rb"},
+        {"pvtiles-4", "lrb"},
+        {"pvtiles-3", "lrtb"},
+        {"pvtiles-2", "r"},
+        {"pvtiles-18", "t"}}},
+      {"grass",
+       {{"pvtiles-0", "lrtb"},
+        {"pvtiles-5", "tb"},
+        {"pvtiles-6", "lt"},
+        {"pvtiles-4", "t"},
+        {"pvtiles-2", "ltb"},
+        {"pvtiles-10", "t"},
+        {"pvtiles-13", "t"}}},
+      {"dirt", {{"pvtiles-1", "lrtb"}, {"pvtiles-10", "b"}, {"pvtiles-18", "b"}}},
+      {"water", {{"pvtiles-17", "lrtb"}, {"pvtiles-13", "b"}, {"pvtiles-16", "rb"}}},
+      {"shore", {{"pvtiles-13", "lr"}}},
+      {"hedge", {{"pvvarious-9", "lr"}}},
+      {"wall", {{"pvvarious-19", "lr"}, {"pvvarious-21", "lr"}}},
+  };
+  for (const auto& [name, group] : groups) {
+    const Strip first = StripOf(pictures, group[0].first, group[0].second[0]);
+    for (const auto& [control, sides] : group) {
+      for (const char side : sides) {
+        Strip strip = StripOf(pictures, control, side);
+        EXPECT_TRUE(Fits(strip, first)) << name << ": " << control << " " << side;
+        if (name == "shore") continue;
+        std::reverse(strip.begin(), strip.end());  // flipped
+        EXPECT_TRUE(Fits(strip, first)) << name << ": " << control << " " << side << " flipped";
+      }
+    }
   }
 }
 
