@@ -96,12 +96,16 @@ TEST(Tour, PaintsItsMapThroughTheRealProgram) {
   tour.setProcessChannelMode(QProcess::ForwardedChannels);
   tour.start(MORVANE_TOUR, {folder.filePath("out")});
   ASSERT_TRUE(tour.waitForFinished(280'000));
+  ASSERT_EQ(tour.exitStatus(), QProcess::NormalExit);
   ASSERT_EQ(tour.exitCode(), 0);
 
   QtPlatform platform;
   Result<Picture> saved = LoadPicture(platform, folder.filePath("out/map.bmp").toStdString());
   ASSERT_TRUE(saved.Ok()) << saved.Reason();
   Picture& map = saved.Value();
+  Result<Picture> again = LoadPicture(platform, folder.filePath("out/again.bmp").toStdString());
+  ASSERT_TRUE(again.Ok()) << again.Reason();
+  EXPECT_EQ(Difference(again.Value(), map), "");
   const ExpectedTour expected;
   Picture rest(expected.form.document.Canvas.Image());
   // The custom picture and the text are looked at by themselves.
@@ -125,7 +129,7 @@ TEST(Tour, PaintsItsMapThroughTheRealProgram) {
   }
   EXPECT_EQ(Difference(map, rest), "");
   for (const char* picture : {"map", "window", "new-map", "options", "about", "insert-text", "font",
-                              "custom", "save-as", "save-question"}) {
+                              "custom", "open", "save-as", "save-question"}) {
     EXPECT_TRUE(QFile::exists(folder.filePath(QString("out/%1.png").arg(picture)))) << picture;
   }
 }
