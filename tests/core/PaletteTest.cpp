@@ -32,19 +32,6 @@ TEST_F(PaletteTest, EveryItemBecomesTheStamp) {
   }
 }
 
-TEST_F(PaletteTest, AChangeOfSetLeavesTheStamp) {
-  Item_Click(palette, *FindItem("pbbed"));
-  palette.DoorMode = true;
-  const std::string status = document.StatusText;
-  document.Canvas.TakeFocus();
-  for (int set = 4; set >= 0; --set) TileSetSelector_Click(palette, set);
-  EXPECT_EQ(palette.Label2, "Bed");
-  EXPECT_EQ(palette.Picture1.Width(), 40);
-  EXPECT_EQ(palette.CurrentMode(), Mode::Door);
-  EXPECT_EQ(document.StatusText, status);
-  EXPECT_FALSE(document.Canvas.TakeFocus());
-}
-
 TEST_F(PaletteTest, EnteringCustomTakesTheStoredPictureAndReadsTheFolder) {
   Item_Click(palette, *FindItem("ptpool"));
   platform.files["/start/later.bmp"] = {};

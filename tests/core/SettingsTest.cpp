@@ -7,20 +7,6 @@
 namespace morvane {
 namespace {
 
-TEST(Settings, AreReadAfreshFromTheStartDirectory) {
-  FakePlatform platform;
-  Settings settings(platform);
-  settings.StartDir = "/somewhere/";
-  EXPECT_EQ(settings.GetINIFileString("Map", "Dir", ""), "");
-  EXPECT_EQ(settings.GetINIFileString("Map", "Dir", "else"), "else");
-  EXPECT_EQ(platform.profilePath, "/somewhere/Morvane.ini");
-  platform.settings["Map/Dir"] = "/maps";
-  EXPECT_EQ(settings.GetINIFileString("Map", "Dir", ""), "/maps");
-  settings.StartDir = "/";
-  EXPECT_EQ(settings.GetINIFileString("Map", "Dir", ""), "/maps");
-  EXPECT_EQ(platform.profilePath, "/Morvane.ini");
-}
-
 TEST(Settings, TrailingSeparatorIsThereOnce) {
   EXPECT_EQ(WithTrailingBackslash(""), "/");
   EXPECT_EQ(WithTrailingBackslash("/"), "/");

@@ -22,19 +22,6 @@ struct Undo : testing::Test, Editor {
   }
 };
 
-TEST_F(Undo, TakesBackTheLastPressOnly) {
-  Press(5, 5);
-  const Picture one = Map();
-  Press(45, 45);
-  EXPECT_TRUE(Offered());
-  EXPECT_NE(Map(), one);
-  mnuEditUndo_Click(document);
-  EXPECT_EQ(Difference(Map(), one), "");
-  EXPECT_FALSE(Offered());
-  mnuEditUndo_Click(document);
-  EXPECT_EQ(Difference(Map(), one), "");
-}
-
 TEST_F(Undo, ARefusedPressOffersItButKeepsTheOlderSnapshot) {
   const Picture blank = Map();
   Press(5, 5);
