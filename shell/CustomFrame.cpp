@@ -61,7 +61,7 @@ void CustomFrame::ShowFolders() {
   if (shownFolders_ == palette_.Dir1.Rows()) return;
   shownFolders_ = palette_.Dir1.Rows();
   folders_->clear();
-  constexpr int kIndent = 2;
+  constexpr qsizetype kIndent = 2;
   int present = 0;
   for (const FolderList::Row& row : shownFolders_) {
     auto* item = new QListWidgetItem(

@@ -86,8 +86,8 @@ TEST_F(CustomTiles, ChangesTravelFromDriveToFolderToFiles) {
   const auto names = [this] {
     std::string all;
     for (const FolderList::Row& row : palette.Dir1.Rows()) {
-      all += std::string(static_cast<std::size_t>(row.depth), '>') + row.name +
-             (row.isOnTheWay ? "* " : " ");
+      all.append(static_cast<std::size_t>(row.depth), '>');
+      all.append(row.name).append(row.isOnTheWay ? "* " : " ");
     }
     return all;
   };
