@@ -28,6 +28,7 @@ class PictureBox {
   /// Inner size in pixels.
   int ScaleWidth() const;
   int ScaleHeight() const;
+  Size ScaleSize() const { return {ScaleWidth(), ScaleHeight()}; }
 
   /// The persistent image.
   PictureView Image() const;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "document/Blit.h"
 #include "document/PictureFile.h"
@@ -18,7 +19,7 @@ int Scaled(int side, int otherSide) {
 
 void ShowPreview(Palette& palette) {
   PictureBox& Picture1 = palette.Picture1;
-  const Size full = {palette.Custom.ScaleWidth(), palette.Custom.ScaleHeight()};
+  const Size full = palette.Custom.ScaleSize();
   const Size preview = PreviewSize(full);
   if (preview == full) {
     palette.SetPicture1(Picture(palette.Custom.Image()), full);
@@ -34,13 +35,14 @@ void ShowPreview(Palette& palette) {
 }  // namespace
 
 void Drive1_Change(Palette& palette, const std::string& drive) {
-  palette.Dir1.SetPath(palette.document.platform, drive);
-  Dir1_Change(palette, palette.Dir1.Path());
+  Dir1_Change(palette, drive);
 }
 
 void Dir1_Change(Palette& palette, const std::string& path) {
   Platform& platform = palette.document.platform;
-  palette.Dir1.SetPath(platform, path);
+  if (!palette.Dir1.SetPath(platform, path)) {
+    palette.document.StatusText = "The folder can't be opened: " + path;
+  }
   palette.File1.SetPath(platform, palette.Dir1.Path());
 }
 
@@ -53,7 +55,7 @@ void File1_Click(Palette& palette, const std::string& FileName) {
     return;
   }
   palette.Custom.SetPictureAndSize(std::move(picture.Value()));
-  const Size size = {palette.Custom.ScaleWidth(), palette.Custom.ScaleHeight()};
+  const Size size = palette.Custom.ScaleSize();
   palette.Label2 = FileName.substr(FileName.rfind('/') + 1);
   ShowPreview(palette);
   palette.Shape1.Width = size.width;
@@ -66,7 +68,10 @@ void File1_Click(Palette& palette, const std::string& FileName) {
 
 void ShowStoredFolder(Palette& palette) {
   Platform& platform = palette.document.platform;
-  palette.File1.SetPath(platform, palette.document.settings.GetINIFileString("Custom", "Dir", ""));
+  const std::string stored = palette.document.settings.GetINIFileString("Custom", "Dir", "");
+  if (!palette.File1.SetPath(platform, stored) && !stored.empty()) {
+    palette.document.StatusText = "The folder of custom tiles can't be opened: " + stored;
+  }
   Dir1_Change(palette, palette.File1.Path());
 }
 

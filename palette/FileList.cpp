@@ -1,21 +1,24 @@
 #include "palette/FileList.h"
 
+#include <algorithm>
+
 #include "document/Settings.h"
 
 namespace morvane {
 
-void FileList::SetPath(Platform& platform, const std::string& path) {
-  if (path.empty() || !platform.FolderExists(path)) return;
+bool FileList::SetPath(Platform& platform, const std::string& path) {
+  if (path.empty() || !platform.FolderExists(path)) return false;
   path_ = path;
   Refresh(platform);
+  return true;
 }
 
 void FileList::Refresh(Platform& platform) {
   files_ = platform.ListFiles(path_, Pattern);
 }
 
-void FolderList::SetPath(Platform& platform, const std::string& path) {
-  if (path.empty() || !platform.FolderExists(path)) return;
+bool FolderList::SetPath(Platform& platform, const std::string& path) {
+  if (path.empty() || !platform.FolderExists(path)) return false;
   path_ = path;
   rows_ = {{.name = "/", .path = "/", .depth = 0, .isOnTheWay = true}};
   for (std::size_t begin = 1; begin < path.size();) {
@@ -28,6 +31,7 @@ void FolderList::SetPath(Platform& platform, const std::string& path) {
   for (const std::string& name : platform.ListFolders(path)) {
     rows_.push_back({name, WithTrailingBackslash(path) + name, depth, false});
   }
+  return true;
 }
 
 }  // namespace morvane

@@ -15,8 +15,9 @@ class FileList {
   const std::string& Path() const { return path_; }
   const std::vector<std::string>& Files() const { return files_; }
 
-  /// Shows another folder; one that doesn't exist is refused and the list stays.
-  void SetPath(Platform& platform, const std::string& path);
+  /// Shows another folder. One that doesn't exist is refused: the list stays. Returns whether it
+  /// shows.
+  bool SetPath(Platform& platform, const std::string& path);
   /// Reads the folder again.
   void Refresh(Platform& platform);
 
@@ -39,8 +40,9 @@ class FolderList {
   const std::string& Path() const { return path_; }
   const std::vector<Row>& Rows() const { return rows_; }
 
-  /// Shows another folder; one that doesn't exist is refused and the list stays.
-  void SetPath(Platform& platform, const std::string& path);
+  /// Shows another folder. One that doesn't exist is refused: the list stays. Returns whether it
+  /// shows.
+  bool SetPath(Platform& platform, const std::string& path);
 
  private:
   std::string path_;

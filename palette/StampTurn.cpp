@@ -19,7 +19,7 @@ void Turn(Palette& palette, Transform transform, const char* done) {
   palette.SetPicture1(stamp, size);
   if (palette.TileSetSelector.ListIndex == kCustomSet) {
     palette.Custom.SetPictureAndSize(TurnedImage(palette.Custom, transform));
-    size = {palette.Custom.ScaleWidth(), palette.Custom.ScaleHeight()};
+    size = palette.Custom.ScaleSize();
   }
   palette.Shape1.Width = size.width;
   palette.Shape1.Height = size.height;

@@ -1,13 +1,15 @@
 #include "platform/Files.h"
 
+#include <mntent.h>
+
 #include <QCollator>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
 #include <QSaveFile>
-#include <QStorageInfo>
 #include <algorithm>
+#include <cstdio>
 
 namespace morvane {
 namespace {
@@ -69,19 +71,23 @@ std::vector<std::string> FoldersIn(const std::string& folder) {
 
 std::vector<std::string> MountedVolumes() {
   std::vector<std::string> roots = {"/"};
-  for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
-    const std::string root = volume.rootPath().toStdString();
-    const bool isOfPeople = root.starts_with("/media/") || root.starts_with("/mnt/") ||
-                            root.starts_with("/run/media/") || root.starts_with("/home");
-    if (isOfPeople && volume.isReady()) roots.push_back(root);
+  // The table of mounts answers at once, also where a volume behind it has gone.
+  std::FILE* table = setmntent("/proc/self/mounts", "r");
+  if (table == nullptr) return roots;
+  while (const mntent* mount = getmntent(table)) {
+    const std::string source = mount->mnt_fsname;
+    const bool isVolume = source.starts_with("/dev/") || source.find(":/") != std::string::npos ||
+                          source.starts_with("//");
+    const bool isKnown = std::find(roots.begin(), roots.end(), mount->mnt_dir) != roots.end();
+    if (isVolume && !isKnown) roots.emplace_back(mount->mnt_dir);
   }
+  endmntent(table);
   return roots;
 }
 
 std::vector<std::string> MatchingFiles(const std::string& folder, const std::string& pattern) {
   const QStringList patterns = QString::fromStdString(pattern).split(';');
-  return InNaturalOrder(
-      QDir(QString::fromStdString(folder)).entryList(patterns, QDir::Files | QDir::Hidden));
+  return InNaturalOrder(QDir(QString::fromStdString(folder)).entryList(patterns, QDir::Files));
 }
 
 }  // namespace morvane

@@ -17,7 +17,7 @@ Failure ReplaceFile(const std::string& path, const Bytes& content);
 /// The names of the folders in a folder, in natural order.
 std::vector<std::string> FoldersIn(const std::string& folder);
 
-/// The roots of the mounted volumes that hold files of people, the system's first.
+/// The roots of the mounted volumes, disks and network folders, the system's first.
 std::vector<std::string> MountedVolumes();
 
 /// The names of the files in a folder that match one of "*.a;*.b", case ignored, in natural order.

@@ -1,15 +1,29 @@
 #include "platform/MapPrinter.h"
 
-#include <QImage>
+#include <QAbstractButton>
+#include <QDialogButtonBox>
+#include <QFileInfo>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <algorithm>
+
+#include "platform/Images.h"
 
 namespace morvane {
 namespace {
 
 constexpr double kPixelsPerInch = 96;
+
+/// The toolkit doesn't tell when a disk is full, but then the end of the file is missing.
+bool IsWholePdf(const QString& path) {
+  constexpr qint64 kTail = 32;
+  QFile file(path);
+  if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) return false;
+  file.seek(std::max<qint64>(0, file.size() - kTail));
+  return file.readAll().contains("%%EOF");
+}
 
 }  // namespace
 
@@ -36,12 +50,15 @@ Failure MapPrinter::Print(const PictureView& picture) {
                                       : "The printer " + printer.printerName().toStdString();
     return target + " can't be used. Choose another with File > Print Setup.";
   }
-  const QImage image(reinterpret_cast<const uchar*>(picture.pixels), picture.width, picture.height,
-                     picture.stride * static_cast<qsizetype>(sizeof(Pixel)), QImage::Format_RGB32);
+  painter.setRenderHint(QPainter::LosslessImageRendering);
   const double scale = printer.resolution() / kPixelsPerInch;
   painter.scale(scale, scale);
-  painter.drawImage(0, 0, image);
-  return painter.end() ? Failure() : "The page could not be handed over to the printer.";
+  painter.drawImage(0, 0, ImageOver(picture));
+  const bool handedOver = painter.end() && printer.printerState() != QPrinter::Error;
+  if (toFile && !IsWholePdf(printer.outputFileName())) {
+    return "The PDF file could not be written: " + printer.outputFileName().toStdString();
+  }
+  return handedOver ? Failure() : "The page could not be handed over to the printer.";
 }
 
 void MapPrinter::UseFile(const std::string& path) {
@@ -52,6 +69,12 @@ void MapPrinter::UseFile(const std::string& path) {
 void MapPrinter::ShowSetup(QWidget* owner, const std::string& title) {
   QPrintDialog dialog(&Printer(), owner);
   dialog.setWindowTitle(QString::fromStdString(title));
+  // Nothing is printed from here.
+  if (auto* buttons = dialog.findChild<QDialogButtonBox*>()) {
+    for (QAbstractButton* button : buttons->buttons()) {
+      if (buttons->buttonRole(button) == QDialogButtonBox::AcceptRole) button->setText("&OK");
+    }
+  }
   dialog.exec();
 }
 

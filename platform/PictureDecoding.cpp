@@ -4,6 +4,8 @@
 #include <QImageReader>
 #include <QPainter>
 
+#include "platform/Images.h"
+
 namespace morvane {
 namespace {
 
@@ -29,8 +31,7 @@ Result<Picture> DecodeForeignPicture(const Bytes& content) {
         "This is not a picture that can be read: " + reader.errorString().toStdString() + ".");
   }
   Picture picture(image.width(), image.height());
-  QImage onWhite(reinterpret_cast<uchar*>(picture.Row(0)), image.width(), image.height(),
-                 image.width() * static_cast<qsizetype>(sizeof(Pixel)), QImage::Format_RGB32);
+  QImage onWhite = ImageOver(picture.Draw());
   QPainter(&onWhite).drawImage(QRect(QPoint(0, 0), image.size()), image);
   return picture;
 }

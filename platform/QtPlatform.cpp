@@ -9,13 +9,12 @@
 #include "platform/Files.h"
 #include "platform/PictureDecoding.h"
 #include "platform/PrivateProfile.h"
-#include "platform/QtDialogs.h"
 #include "platform/TextDrawing.h"
 
 namespace morvane {
 namespace {
 
-std::string TextOf(const Bytes& bytes) {
+std::string StringOf(const Bytes& bytes) {
   return {bytes.begin(), bytes.end()};
 }
 
@@ -46,21 +45,19 @@ Answer QtPlatform::MsgBox(const std::string& text, BoxStyle style, const std::st
 }
 
 std::string QtPlatform::ShowOpen(const FileDialog& dialog) {
-  ShowState();
-  std::string path = AskForFile(window_, dialog, FileDialogMode::Open, FirstFolder(dialog));
-  if (!path.empty()) lastFolder_ = QFileInfo(QString::fromStdString(path)).path().toStdString();
-  return path;
+  return ShowFileDialog(dialog, FileDialogMode::Open);
 }
 
 std::string QtPlatform::ShowSave(const FileDialog& dialog) {
-  ShowState();
-  std::string path = AskForFile(window_, dialog, FileDialogMode::Save, FirstFolder(dialog));
-  if (!path.empty()) lastFolder_ = QFileInfo(QString::fromStdString(path)).path().toStdString();
-  return path;
+  return ShowFileDialog(dialog, FileDialogMode::Save);
 }
 
-std::string QtPlatform::FirstFolder(const FileDialog& dialog) {
-  return FolderExists(dialog.InitDir) ? dialog.InitDir : lastFolder_;
+std::string QtPlatform::ShowFileDialog(const FileDialog& dialog, FileDialogMode mode) {
+  ShowState();
+  const std::string& folder = FolderExists(dialog.InitDir) ? dialog.InitDir : lastFolder_;
+  std::string path = AskForFile(window_, dialog, mode, folder);
+  if (!path.empty()) lastFolder_ = QFileInfo(QString::fromStdString(path)).path().toStdString();
+  return path;
 }
 
 std::string QtPlatform::CurrentDirectory() {
@@ -107,7 +104,7 @@ std::string QtPlatform::GetPrivateProfileString(const std::string& section, cons
                                                 const std::string& path) {
   Result<Bytes> file = ReadNormalFile(path);
   if (!file.Ok()) return CutText(dv, size - 1);
-  return CutText(FindProfileValue(TextOf(file.Value()), section, key, dv), size - 1);
+  return CutText(FindProfileValue(StringOf(file.Value()), section, key, dv), size - 1);
 }
 
 Failure QtPlatform::WritePrivateProfileString(const std::string& section, const std::string& key,
@@ -116,7 +113,7 @@ Failure QtPlatform::WritePrivateProfileString(const std::string& section, const 
   if (QFileInfo::exists(QString::fromStdString(path))) {
     Result<Bytes> file = ReadNormalFile(path);
     if (!file.Ok()) return file.Reason();
-    text = TextOf(file.Value());
+    text = StringOf(file.Value());
   }
   const std::string changed = WithProfileValue(text, section, key, value);
   return ReplaceFile(path, Bytes(changed.begin(), changed.end()));

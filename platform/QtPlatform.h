@@ -4,6 +4,7 @@
 
 #include "platform/MapPrinter.h"
 #include "platform/Platform.h"
+#include "platform/QtDialogs.h"
 #include "platform/SnapshotFile.h"
 
 class QWidget;
@@ -49,8 +50,8 @@ class QtPlatform : public Platform {
   void ShowColor(std::uint32_t& color) override;
 
  private:
-  /// Where a file dialog begins: the wished folder if it exists, else that of the last file.
-  std::string FirstFolder(const FileDialog& dialog);
+  /// Begins in the wished folder if it exists, else in that of the last file.
+  std::string ShowFileDialog(const FileDialog& dialog, FileDialogMode mode);
 
   QWidget* window_ = nullptr;
   std::function<void()> showState_;

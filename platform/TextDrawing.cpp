@@ -1,9 +1,10 @@
 #include "platform/TextDrawing.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QImage>
 #include <QPainter>
 #include <QTextCursor>
+
+#include "platform/Images.h"
 
 namespace morvane {
 namespace {
@@ -29,8 +30,7 @@ QVariant ClosedDocument::loadResource(int /*type*/, const QUrl& /*name*/) {
 
 void DrawRichText(const std::string& text, Picture& picture) {
   const Surface surface = picture.Draw();
-  QImage image(reinterpret_cast<uchar*>(surface.pixels), surface.width, surface.height,
-               surface.stride * static_cast<qsizetype>(sizeof(Pixel)), QImage::Format_RGB32);
+  QImage image = ImageOver(surface);
   image.setDotsPerMeterX(kDotsPerMetre);
   image.setDotsPerMeterY(kDotsPerMetre);
 
@@ -48,6 +48,10 @@ void DrawRichText(const std::string& text, Picture& picture) {
   context.palette.setColor(QPalette::Text, Qt::black);
   painter.setClipRect(image.rect());
   document.documentLayout()->draw(&painter, context);
+  painter.end();
+  for (int y = 0; y < surface.height; ++y) {
+    for (int x = 0; x < surface.width; ++x) surface.Row(y)[x] |= 0xFF000000U;
+  }
 }
 
 }  // namespace morvane

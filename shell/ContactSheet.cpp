@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "palette/TilePictures.h"
+#include "platform/Images.h"
 #include "shell/ArtSheets.h"
 #include "shell/Layout.h"
 #include "shell/Text.h"
@@ -20,12 +21,6 @@ constexpr int kCellHeight = 200;
 constexpr int kMargin = 10;
 
 enum class Naming { Captions, Numbers };
-
-QImage ImageOf(const PictureView& picture) {
-  return QImage(reinterpret_cast<const uchar*>(picture.pixels), picture.width, picture.height,
-                picture.stride * static_cast<qsizetype>(sizeof(Pixel)), QImage::Format_RGB32)
-      .copy();
-}
 
 /// One item: enlarged, at natural size beside it, and its name below.
 void DrawItem(QPainter& painter, const QPoint& corner, const QImage& picture, const QString& name) {
@@ -50,7 +45,7 @@ bool DrawPage(const TilePictures& pictures, int set, int page, Naming naming,
     const QPoint corner(i % kColumns * kCellWidth, i / kColumns * kCellHeight);
     const QString name =
         naming == Naming::Numbers ? QString::number(i + 1) : TextOf(items[i]->caption);
-    DrawItem(painter, corner, ImageOf(pictures.Of(*items[i]).View()), name);
+    DrawItem(painter, corner, ImageOver(pictures.Of(*items[i]).View()), name);
   }
   painter.end();
   const TileSet& tileSet = TileSets()[set];

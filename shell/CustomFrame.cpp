@@ -3,11 +3,33 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QListWidget>
+#include <QShortcut>
+#include <QStyledItemDelegate>
 
 #include "shell/Layout.h"
 #include "shell/Text.h"
 
 namespace morvane {
+namespace {
+
+constexpr int kDepthRole = Qt::UserRole + 1;
+
+/// Moves a row to the right by its depth below the root.
+class IndentDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ protected:
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    constexpr int kStep = 8;
+    QStyleOptionViewItem moved = option;
+    moved.rect.adjust(index.data(kDepthRole).toInt() * kStep, 0, 0, 0);
+    QStyledItemDelegate::paint(painter, moved, index);
+  }
+};
+
+}  // namespace
 
 CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
     : GroupFrame("Custom Tiles", window),
@@ -22,9 +44,6 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   drive_->setObjectName("Drive1");
   drive_->setAccessibleName("Drive");
   drive_->setGeometry(PlaceOf(120, 240, 1095, 315));
-  for (const std::string& root : palette.document.platform.ListDrives()) {
-    drive_->addItem(TextOf(root));
-  }
   dimensions_->setObjectName("Label5");
   dimensions_->setGeometry(PlaceOf(1320, 300, 855, 255));
   dimensions_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -36,40 +55,72 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   files_->setGeometry(PlaceOf(120, 1800, 2055, 2820));
   files_->setUniformItemSizes(true);
 
+  folders_->setUniformItemSizes(true);
+  folders_->setIconSize({16, 16});
+  folders_->setItemDelegate(new IndentDelegate(folders_));
+
   connect(drive_, &QComboBox::textActivated, this,
           [this](const QString& root) { emit DriveChosen(root.toStdString()); });
-  // Double click and Enter both open a folder.
-  connect(folders_, &QListWidget::itemActivated, this, [this](const QListWidgetItem* item) {
-    emit FolderOpened(item->data(Qt::UserRole).toString().toStdString());
-  });
+  const auto open = [this](const QListWidgetItem* item) {
+    if (item != nullptr) emit FolderOpened(item->data(Qt::UserRole).toString().toStdString());
+  };
+  connect(folders_, &QListWidget::itemDoubleClicked, this, open);
+  connect(new QShortcut(Qt::Key_Return, folders_, nullptr, nullptr, Qt::WidgetShortcut),
+          &QShortcut::activated, this, [this, open] { open(folders_->currentItem()); });
   const auto click = [this](const QListWidgetItem* item) {
-    emit FileClicked(item->text().toStdString());
+    if (item != nullptr) emit FileClicked(item->text().toStdString());
   };
   connect(files_, &QListWidget::itemClicked, this, click);
-  connect(files_, &QListWidget::itemActivated, this, click);
+  connect(new QShortcut(Qt::Key_Return, files_, nullptr, nullptr, Qt::WidgetShortcut),
+          &QShortcut::activated, this, [this, click] { click(files_->currentItem()); });
 }
 
 void CustomFrame::ShowState() {
-  setVisible(palette_.TileSetSelector.ListIndex == kCustomSet);
-  if (isHidden()) return;
+  const bool shows = palette_.TileSetSelector.ListIndex == kCustomSet;
+  if (shows && isHidden()) ListDrives();
+  setVisible(shows);
+  if (!shows) return;
   dimensions_->setText(TextOf(palette_.Label5));
+  ShowDrive();
   ShowFolders();
   ShowFiles();
+}
+
+void CustomFrame::ListDrives() {
+  drive_->clear();
+  for (const std::string& root : palette_.document.platform.ListDrives()) {
+    drive_->addItem(TextOf(root));
+    drive_->setItemData(drive_->count() - 1, TextOf(root), Qt::ToolTipRole);
+  }
+}
+
+void CustomFrame::ShowDrive() {
+  int present = 0;
+  qsizetype longest = 0;
+  const QString path = TextOf(WithTrailingBackslash(palette_.Dir1.Path()));
+  for (int i = 0; i < drive_->count(); ++i) {
+    const QString root = TextOf(WithTrailingBackslash(drive_->itemText(i).toStdString()));
+    if (!path.startsWith(root) || root.size() <= longest) continue;
+    longest = root.size();
+    present = i;
+  }
+  drive_->setCurrentIndex(present);
+  drive_->setToolTip(drive_->currentText());
 }
 
 void CustomFrame::ShowFolders() {
   if (shownFolders_ == palette_.Dir1.Rows()) return;
   shownFolders_ = palette_.Dir1.Rows();
   folders_->clear();
-  constexpr qsizetype kIndent = 2;
+  const QIcon open = style()->standardIcon(QStyle::SP_DirOpenIcon);
+  const QIcon closed = style()->standardIcon(QStyle::SP_DirIcon);
   int present = 0;
   for (const FolderList::Row& row : shownFolders_) {
-    auto* item = new QListWidgetItem(
-        style()->standardIcon(row.isOnTheWay ? QStyle::SP_DirOpenIcon : QStyle::SP_DirIcon),
-        QString(row.depth * kIndent, ' ') + TextOf(row.name), folders_);
+    auto* item = new QListWidgetItem(row.isOnTheWay ? open : closed, TextOf(row.name), folders_);
     item->setData(Qt::UserRole, TextOf(row.path));
+    item->setData(kDepthRole, row.depth);
     item->setToolTip(TextOf(row.path));
-    if (row.isOnTheWay) present = folders_->row(item);
+    if (row.isOnTheWay) present = folders_->count() - 1;
   }
   folders_->setCurrentRow(present);
   folders_->scrollToItem(folders_->item(present), QAbstractItemView::PositionAtCenter);

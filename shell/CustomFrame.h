@@ -31,6 +31,8 @@ class CustomFrame : public GroupFrame {
   void FileClicked(const std::string& name);
 
  private:
+  void ListDrives();
+  void ShowDrive();
   void ShowFolders();
   void ShowFiles();
 

@@ -46,7 +46,8 @@ QIcon Swatch(const QColor& color) {
 FontDialog::FontDialog(QWidget* owner) : QFontDialog(owner), colors_(new QComboBox(this)) {
   setOption(QFontDialog::DontUseNativeDialog);
   setWindowTitle("Font");
-  setCurrentFont(QFont("Arial", kFirstSize));
+  // The face that "Arial" is on this machine; its name may not be in the list.
+  setCurrentFont(QFont(QFontInfo(QFont("Arial")).family(), kFirstSize));
   colors_->setObjectName("Color");
   colors_->setIconSize({24, 12});
   for (const NamedColor& row : kColors) {
@@ -56,8 +57,12 @@ FontDialog::FontDialog(QWidget* owner) : QFontDialog(owner), colors_(new QComboB
   label->setBuddy(colors_);
   if (auto* grid = qobject_cast<QGridLayout*>(layout())) {
     const int row = grid->rowCount();
-    grid->addWidget(label, row, 0);
-    grid->addWidget(colors_, row, 2, 1, 3);
+    constexpr int kGap = 8;
+    auto* line = new QHBoxLayout;
+    line->setContentsMargins(0, kGap, 0, kGap);
+    line->addWidget(label);
+    line->addWidget(colors_, 1);
+    grid->addLayout(line, row, 0);
     // The buttons stay below everything else.
     if (auto* buttons = findChild<QDialogButtonBox*>()) {
       grid->removeWidget(buttons);

@@ -3,6 +3,8 @@
 #include <QPaintEvent>
 #include <QPainter>
 
+#include "platform/Images.h"
+
 namespace morvane {
 
 PictureBoxView::PictureBoxView(PictureBox& box, QWidget* parent) : QFrame(parent), box_(box) {}
@@ -25,9 +27,7 @@ void PictureBoxView::paintEvent(QPaintEvent* event) {
 void PaintPicture(QPainter& painter, const PictureView& picture, const QPoint& origin,
                   const QRect& part) {
   if (part.isEmpty()) return;
-  const QImage image(reinterpret_cast<const uchar*>(picture.pixels), picture.width, picture.height,
-                     picture.stride * static_cast<qsizetype>(sizeof(Pixel)), QImage::Format_RGB32);
-  painter.drawImage(part, image, part.translated(-origin));
+  painter.drawImage(part, ImageOver(picture), part.translated(-origin));
 }
 
 }  // namespace morvane

@@ -1,7 +1,8 @@
 #include "shell/RichTextBox.h"
 
 #include <QMimeData>
-#include <QTextDocumentFragment>
+#include <QTextBlock>
+#include <QTextDocument>
 
 #include "platform/TextDrawing.h"
 
@@ -10,16 +11,34 @@ namespace {
 
 /// No map has room for more letters than this.
 constexpr qsizetype kMostLetters = 20'000;
-/// Formatted text is mostly mark-up; longer than this it is taken as plain text.
-constexpr qsizetype kMostMarkup = 500'000;
+/// Changes of format in one piece of pasted text; the rest comes as plain text.
+constexpr int kMostRuns = 500;
+/// Longer or deeper mark-up would keep the toolkit busy for minutes; its plain text is taken.
+constexpr qsizetype kMostMarkup = 50'000;
+constexpr int kDeepestMarkup = 10;
 
-/// A picture in a text is fetched as soon as the text is laid out, so it must not get that far.
-void RemovePictures(QTextDocument& document) {
-  const QString picture(QChar::ObjectReplacementCharacter);
-  for (QTextCursor found = document.find(picture); !found.isNull();
-       found = document.find(picture, found)) {
-    found.removeSelectedText();
+/// What formatting of a pasted text is kept: font, size, four effects and an opaque colour.
+QTextCharFormat KeptFormat(const QTextCharFormat& pasted) {
+  QTextCharFormat kept;
+  for (const int property :
+       {QTextFormat::FontFamilies, QTextFormat::FontPointSize, QTextFormat::FontPixelSize,
+        QTextFormat::FontWeight, QTextFormat::FontItalic, QTextFormat::FontStrikeOut,
+        QTextFormat::TextUnderlineStyle}) {
+    if (pasted.hasProperty(property)) kept.setProperty(property, pasted.property(property));
   }
+  if (pasted.hasProperty(QTextFormat::ForegroundBrush)) {
+    QColor color = pasted.foreground().color();
+    color.setAlpha(255);
+    kept.setForeground(color);
+  }
+  return kept;
+}
+
+/// Tables in tables cost the toolkit twice the time for each level.
+bool IsDeep(const QString& markup) {
+  return markup.count("<table", Qt::CaseInsensitive) > kDeepestMarkup ||
+         markup.count("<ul", Qt::CaseInsensitive) > kDeepestMarkup ||
+         markup.count("<ol", Qt::CaseInsensitive) > kDeepestMarkup;
 }
 
 }  // namespace
@@ -35,14 +54,28 @@ bool RichTextBox::canInsertFromMimeData(const QMimeData* source) const {
 
 void RichTextBox::insertFromMimeData(const QMimeData* source) {
   const QString markup = source->hasHtml() ? source->html() : QString();
-  if (!markup.isEmpty() && markup.size() <= kMostMarkup) {
-    ClosedDocument pasted;
-    pasted.setHtml(markup);
-    RemovePictures(pasted);
-    textCursor().insertFragment(QTextDocumentFragment(&pasted));
-  } else {
-    insertPlainText(source->text().left(kMostLetters));
+  textCursor().removeSelectedText();
+  qsizetype room = std::max<qsizetype>(0, kMostLetters - document()->characterCount());
+  if (markup.isEmpty() || markup.size() > kMostMarkup || IsDeep(markup)) {
+    insertPlainText(source->text().left(room));
+    return;
   }
+  // The pasted document is taken apart and told again: pictures, tables and lists stay outside.
+  ClosedDocument pasted;
+  pasted.setHtml(markup);
+  QTextCursor cursor = textCursor();
+  int runs = 0;
+  for (QTextBlock block = pasted.begin(); block.isValid() && room > 0; block = block.next()) {
+    if (block != pasted.begin()) cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
+    for (auto part = block.begin(); !part.atEnd() && room > 0; ++part) {
+      const QString text =
+          part.fragment().text().remove(QChar::ObjectReplacementCharacter).left(room);
+      const bool keeps = ++runs <= kMostRuns;
+      cursor.insertText(text, keeps ? KeptFormat(part.fragment().charFormat()) : QTextCharFormat());
+      room -= text.size();
+    }
+  }
+  setTextCursor(cursor);
 }
 
 }  // namespace morvane

@@ -29,10 +29,7 @@ class SecretTile : public QAbstractButton {
 }  // namespace
 
 frmAbout::frmAbout(Platform& platform, QWidget* owner)
-    : QDialog(owner, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint) {
-  setObjectName("frmAbout");
-  setWindowTitle("About Morvane");
-  setFixedSize(Px(5865), Px(3450));
+    : FixedDialog("frmAbout", "About Morvane", {Px(5865), Px(3450)}, owner) {
   AddPictures(platform);
 
   auto* notice = new QLabel(

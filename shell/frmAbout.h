@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QDialog>
-
 #include "platform/Platform.h"
+#include "shell/FixedDialog.h"
 
 namespace morvane {
 
 /// The About box, with one flagstone that isn't like the others.
-class frmAbout : public QDialog {
+class frmAbout : public FixedDialog {
   Q_OBJECT
 
  public:

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <map>
+#include <new>
 
 #include "document/MapFiles.h"
 #include "document/NewMap.h"
@@ -58,7 +59,11 @@ void ShowPointer(QWidget* widget, Pointer pointer) {
 template <typename Rule>
 auto frmMain::Event(Rule rule) {
   return [this, rule](const auto&... arguments) {
-    rule(form_.palette, arguments...);
+    try {
+      rule(form_.palette, arguments...);
+    } catch (const std::bad_alloc&) {
+      form_.document.StatusText = "There is not enough memory for this.";
+    }
     ShowState();
   };
 }

@@ -1,16 +1,16 @@
 #pragma once
 
-#include <QDialog>
-
 #include "document/Options.h"
+#include "shell/FixedDialog.h"
 
 class QCheckBox;
 class QLineEdit;
+class QPushButton;
 
 namespace morvane {
 
 /// The Options dialog: two folders, two colours and the grid.
-class frmOptions : public QDialog {
+class frmOptions : public FixedDialog {
   Q_OBJECT
 
  public:
@@ -19,7 +19,11 @@ class frmOptions : public QDialog {
  private:
   void AddFolders();
   void AddColors();
-  void AddButtons();
+  static QPushButton* AddButton(QWidget* parent, const char* name, const char* text,
+                                const QRect& place);
+  /// A button that runs an event of the options.
+  QPushButton* AddButton(QWidget* parent, const char* name, const char* text, const QRect& place,
+                         void (Options::*click)());
   void ShowState();
 
   Options options_;

@@ -1,5 +1,6 @@
 #include "shell/frmText.h"
 
+#include <QKeyEvent>
 #include <QPushButton>
 
 #include "shell/FontDialog.h"
@@ -20,12 +21,8 @@ QFont FirstFont() {
 }  // namespace
 
 frmText::frmText(const std::string& text, QWidget* owner)
-    : QDialog(owner, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
+    : FixedDialog("frmText", "Insert Text", {Px(4680), Px(1650)}, owner),
       RichTextBox1_(new RichTextBox(this)) {
-  setObjectName("frmText");
-  setWindowTitle("Insert Text");
-  setFixedSize(Px(4680), Px(1650));
-
   RichTextBox1_->setObjectName("RichTextBox1");
   RichTextBox1_->setAccessibleName("Text");
   RichTextBox1_->setGeometry(PlaceOf(0, 0, 4695, 1095));
@@ -49,6 +46,11 @@ frmText::frmText(const std::string& text, QWidget* owner)
   RichTextBox1_->setFocus();
 }
 
+// Esc would throw away all that was typed; only the close box does that.
+void frmText::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Escape) FixedDialog::keyPressEvent(event);
+}
+
 std::string frmText::TextRTF() const {
   return RichTextBox1_->toHtml().toStdString();
 }
@@ -66,6 +68,7 @@ void frmText::cmdFont_Click() {
   format.setFontUnderline(font.underline());
   format.setForeground(dialog.Color());
   RichTextBox1_->mergeCurrentCharFormat(format);
+  RichTextBox1_->setFocus();
 }
 
 }  // namespace morvane

@@ -1,6 +1,8 @@
 #pragma once
 
-#include <QDialog>
+#include <string>
+
+#include "shell/FixedDialog.h"
 
 namespace morvane {
 
@@ -8,7 +10,7 @@ class RichTextBox;
 
 /// The dialog in which text for the map is typed and formatted. There is no Cancel button: closing
 /// the window is the way out.
-class frmText : public QDialog {
+class frmText : public FixedDialog {
   Q_OBJECT
 
  public:
@@ -17,6 +19,9 @@ class frmText : public QDialog {
 
   /// The whole formatted document.
   std::string TextRTF() const;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void cmdFont_Click();

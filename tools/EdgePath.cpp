@@ -1,5 +1,7 @@
 #include "tools/EdgePath.h"
 
+#include <utility>
+
 #include "document/Blit.h"
 #include "document/Grid.h"
 #include "tools/Buttons.h"
@@ -35,7 +37,7 @@ Color FenceKey(const PictureView& fence, Direction direction) {
 void EdgePath(Palette& palette, Gesture gesture, int Button, float X, float Y) {
   if (palette.WallMode && Button != kLeftButton) return;
   Document& document = palette.document;
-  const Size map = {document.Canvas.ScaleWidth(), document.Canvas.ScaleHeight()};
+  const Size map = document.Canvas.ScaleSize();
   const std::optional<CellSide> side = FindCellSide(X, Y, map);
   if (!side) return;
   const int set = palette.TileSetSelector.ListIndex;

@@ -1,6 +1,7 @@
 #include "tools/TextInsertion.h"
 
 #include <cmath>
+#include <utility>
 
 #include "document/Blit.h"
 #include "tools/Placing.h"
@@ -8,7 +9,8 @@
 namespace morvane {
 namespace {
 
-/// Puts the first line's middle at the pointer, whatever its font.
+/// Fixed, whatever the font: for text of ordinary size the pointer lands in the middle of its first
+/// line.
 constexpr int kLeftOfPointer = 2;
 constexpr int kAbovePointer = 8;
 
@@ -23,7 +25,7 @@ void StampText(Document& document) {
     pbTempText.SetPicture(std::move(block));
     const Color white = kWhite;
     Place(document, Gesture::Press, document.TextX - kLeftOfPointer, document.TextY - kAbovePointer,
-          {pbTempText.ScaleWidth(), pbTempText.ScaleHeight()}, pbTempText.Image(), &white);
+          pbTempText.ScaleSize(), pbTempText.Image(), &white);
     document.Canvas.Refresh();
   }
   document.Canvas.MousePointer = Pointer::Cross;

@@ -30,8 +30,7 @@ void TilePath(Palette& palette, Gesture gesture, int Button, float X, float Y) {
   if (Button == kLeftButton) {
     const PictureBox& stamp =
         palette.TileSetSelector.ListIndex == kCustomSet ? palette.Custom : palette.Picture1;
-    Place(document, gesture, SnapX, SnapY, {stamp.ScaleWidth(), stamp.ScaleHeight()},
-          stamp.Image());
+    Place(document, gesture, SnapX, SnapY, stamp.ScaleSize(), stamp.Image());
   } else if (isErase) {
     Place(document, gesture, SnapX, SnapY, {palette.Shape1.Width, palette.Shape1.Height},
           document.pbclear.Image());

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "document/Bmp.h"
+#include "document/Transform.h"
 #include "palette/PalettePages.h"
+#include "palette/StampTurn.h"
 #include "tests/support/Sample.h"
 #include "tools/Buttons.h"
 #include "tools/CanvasMouse.h"
@@ -67,6 +69,19 @@ TEST_F(CustomTiles, AReducedPreviewIsDrawnButNotAssigned) {
   EXPECT_EQ(palette.Label5, "700x500");
 }
 
+TEST_F(CustomTiles, ATurnTurnsTheFullPictureAndItsPreview) {
+  File1_Click(palette, "700");
+  const Picture preview(palette.Picture1.Image());
+  Rotate_Click(palette);
+  EXPECT_EQ(Picture(palette.Custom.Image()),
+            Transformed(files["700"].View(), Transform::RotateRight));
+  EXPECT_EQ(palette.Picture1Picture,
+            Transformed(Cut(preview.View(), {0, 0, 60, 43}).View(), Transform::RotateRight));
+  EXPECT_EQ(palette.Shape1.Width, 500);
+  EXPECT_EQ(palette.Label5, "700x500");
+  EXPECT_EQ(document.StatusText, "700 tile rotated");
+}
+
 TEST_F(CustomTiles, WhatCannotBeReadOnlySaysSo) {
   File1_Click(palette, "45");
   platform.files["/custom/bad.gif"] = {1, 2, 3};
@@ -98,6 +113,7 @@ TEST_F(CustomTiles, ChangesTravelFromDriveToFolderToFiles) {
   EXPECT_TRUE(palette.File1.Files().empty());
   Dir1_Change(palette, "/gone");
   EXPECT_EQ(palette.File1.Path(), "/custom/more");
+  EXPECT_EQ(document.StatusText, "The folder can't be opened: /gone");
   Drive1_Change(palette, "/");
   EXPECT_EQ(names(), "/* >custom >maps >start ");
   EXPECT_EQ(palette.File1.Path(), "/");

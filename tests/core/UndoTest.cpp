@@ -22,18 +22,6 @@ struct Undo : testing::Test, Editor {
   }
 };
 
-TEST_F(Undo, ARefusedPressOffersItButKeepsTheOlderSnapshot) {
-  const Picture blank = Map();
-  Press(5, 5);
-  const int snapshots = platform.snapshots;
-  Press(59, 30);
-  Press(5, 5, kMiddleButton);
-  EXPECT_EQ(platform.snapshots, snapshots);
-  EXPECT_TRUE(Offered());
-  mnuEditUndo_Click(document);
-  EXPECT_EQ(Difference(Map(), blank), "");
-}
-
 TEST_F(Undo, AfterNewMapItBringsTheOldMapBackButNotItsFile) {
   document.CurrentFile = "/maps/a.bmp";
   document.HasCurrentFile = true;

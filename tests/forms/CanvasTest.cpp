@@ -37,19 +37,6 @@ struct CanvasForm : FormFixture {
   bool OutlineShows() const { return form.palette.Shape1.Visible; }
 };
 
-TEST_F(CanvasForm, ButtonsReachTheMapAtThePixelUnderThePointer) {
-  NewMap();
-  Press(60, 60);
-  EXPECT_EQ(At(60, 60), GetPixel(Floor(), 0, 0));
-  EXPECT_EQ(At(59, 60), 0U);
-  Press(78, 78, Qt::MiddleButton);
-  EXPECT_NE(At(60, 60), 0U);
-  Press(78, 78, Qt::RightButton);
-  EXPECT_EQ(At(60, 60), 0U);
-  Press(79, 60);
-  EXPECT_EQ(At(60, 60), 0U);
-}
-
 TEST_F(CanvasForm, TheBorderIsNoPartOfTheMap) {
   EXPECT_EQ(Find("Canvas")->cursor().shape(), Qt::CrossCursor);
   const QRect inside = Find<QFrame>("Canvas")->contentsRect();

@@ -21,11 +21,23 @@ QImage Paper(const char* pdf) {
   return pages.isEmpty() ? QImage() : QImage(pages[0]);
 }
 
+/// The picture that a page holds, as it was put there.
+Picture Embedded(const char* pdf) {
+  QProcess extract;
+  extract.start("pdfimages", {"-png", pdf, "embedded"});
+  EXPECT_TRUE(extract.waitForFinished());
+  QImage image("embedded-000.png");
+  image.convertTo(QImage::Format_RGB32);
+  return Picture(PictureView{reinterpret_cast<const Pixel*>(image.constBits()), image.width(),
+                             image.height(), image.width()});
+}
+
 TEST(Print, TheMapLiesAtTheTopLeftOfOnePageInItsNaturalSize) {
   const StartFolder folder;
   MapPrinter printer;
   printer.UseFile(folder.File("map.pdf"));
-  const Picture map(192, 96, 0x0000FF);  // two inches by one
+  Picture map(192, 96, 0x0000FF);  // two inches by one
+  for (int x = 1; x < 192; x += 2) FillBox(map.Draw(), {x, 1, x + 1, 95}, 0x0000D0);
   ASSERT_EQ(printer.Print(map.View()), "");
   const QImage paper = Paper("map.pdf");
   QRect red;
@@ -35,6 +47,7 @@ TEST(Print, TheMapLiesAtTheTopLeftOfOnePageInItsNaturalSize) {
       if (qRed(pixel) > 200 && qGreen(pixel) < 100) red |= QRect(x, y, 1, 1);
     }
   }
+  EXPECT_EQ(Difference(Embedded("map.pdf").View(), map.View()), "");
   EXPECT_NEAR(red.width(), 508, 3);
   EXPECT_NEAR(red.height(), 254, 3);
   EXPECT_LT(red.left(), 100) << "within a centimetre of the paper's edge";
@@ -54,6 +67,8 @@ TEST(Print, WithoutAPrinterItNamesPrintSetup) {
   const Failure failure = printer.Print(Picture(10, 10).View());
   EXPECT_NE(failure.find("File > Print Setup"), std::string::npos) << failure;
   printer.UseFile("/proc/no/map.pdf");
+  EXPECT_NE(printer.Print(Picture(10, 10).View()), "");
+  printer.UseFile("/dev/full");
   EXPECT_NE(printer.Print(Picture(10, 10).View()), "");
 }
 
