@@ -1,11 +1,15 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "document/Picture.h"
 #include "platform/Platform.h"
 
 namespace morvane {
+
+/// Runs what loads a picture; a lack of memory becomes a reason like any other.
+Result<Picture> WithinMemory(const std::function<Result<Picture>()>& load);
 
 /// Loads a picture from an image file of any known format.
 Result<Picture> LoadPicture(Platform& platform, const std::string& path);

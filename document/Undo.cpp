@@ -2,14 +2,16 @@
 
 #include "document/Bmp.h"
 #include "document/Notice.h"
+#include "document/PictureFile.h"
 
 namespace morvane {
 namespace {
 
 Result<Picture> LoadSnapshot(Platform& platform) {
-  Result<Bytes> content = platform.ReadSnapshot();
-  if (!content.Ok()) return Result<Picture>::Failed(content.Reason());
-  return ReadBmp(content.Value());
+  return WithinMemory([&] {
+    Result<Bytes> content = platform.ReadSnapshot();
+    return content.Ok() ? ReadBmp(content.Value()) : Result<Picture>::Failed(content.Reason());
+  });
 }
 
 }  // namespace

@@ -50,12 +50,11 @@ TEST(Bmp, WrittenFileIsExactlyThisOne) {
 
 TEST(Bmp, ReadsIndexedDepthsInBothDirectionsAndAllHeaders) {
   for (const std::uint32_t header : {12U, 16U, 40U, 64U, 108U, 124U}) {
-    BmpMaker maker;
-    maker.header = header;
-    maker.width = 9;
-    maker.height = 2;
-    maker.palette = {0x000000, 0xFF0000, 0x00FF00, 0x0000FF};
-    maker.bits = 2;
+    BmpMaker maker{.header = header,
+                   .width = 9,
+                   .height = 2,
+                   .bits = 2,
+                   .palette = {0x000000, 0xFF0000, 0x00FF00, 0x0000FF}};
     maker.data = {0b00011011, 0b11100100, 0b01000000, 0,  // lower row
                   0b11111111, 0b00000000, 0b10000000, 0};
     const std::vector<std::vector<int>> rows = {{3, 3, 3, 3, 0, 0, 0, 0, 2},
@@ -65,12 +64,11 @@ TEST(Bmp, ReadsIndexedDepthsInBothDirectionsAndAllHeaders) {
     maker.height = -2;
     ExpectSame(maker, Indexed(maker, {rows[1], rows[0]}));
   }
-  BmpMaker one;
-  one.width = 10;
-  one.height = 1;
-  one.bits = 1;
-  one.palette = {0x112233, 0x445566};
-  one.data = {0b10110000, 0b01000000, 0, 0};
+  BmpMaker one{.width = 10,
+               .height = 1,
+               .bits = 1,
+               .palette = {0x112233, 0x445566},
+               .data = {0b10110000, 0b01000000, 0, 0}};
   ExpectSame(one, Indexed(one, {{1, 0, 1, 1, 0, 0, 0, 0, 0, 1}}));
   BmpMaker four = one;
   four.width = 3;
@@ -85,22 +83,14 @@ TEST(Bmp, ReadsIndexedDepthsInBothDirectionsAndAllHeaders) {
 }
 
 TEST(Bmp, IndicesBeyondAShortPaletteAreBlack) {
-  BmpMaker maker;
-  maker.width = 2;
-  maker.height = 1;
-  maker.bits = 8;
-  maker.palette = {0xABCDEF};
-  maker.data = {0, 200, 0, 0};
+  BmpMaker maker{.width = 2, .height = 1, .bits = 8, .palette = {0xABCDEF}, .data = {0, 200, 0, 0}};
   Picture expected(2, 1, 0);
   SetPixelV(expected.Draw(), 0, 0, 0xABCDEF);
   ExpectSame(maker, expected);
 }
 
 TEST(Bmp, ReadsTrueColourWithAndWithoutBitFields) {
-  BmpMaker maker;
-  maker.width = 2;
-  maker.height = 1;
-  maker.bits = 16;
+  BmpMaker maker{.width = 2, .height = 1, .bits = 16};
   maker.data = {0x00, 0x7C, 0xFF, 0x03};  // red; green and blue, 5 bits each
   Picture expected(2, 1, 0x0000FF);
   SetPixelV(expected.Draw(), 1, 0, 0xFFFF00);
@@ -123,14 +113,13 @@ TEST(Bmp, ReadsTrueColourWithAndWithoutBitFields) {
 }
 
 TEST(Bmp, SeeThroughPixelsLieOnWhite) {
-  BmpMaker maker;
-  maker.header = 108;
-  maker.width = 3;
-  maker.height = 1;
-  maker.bits = 32;
-  maker.compression = 3;
-  maker.masks = {0xFF0000, 0xFF00, 0xFF, 0xFF000000};
-  maker.data = {0, 0, 0, 0, 0, 0, 0, 128, 0, 0, 0, 255};
+  BmpMaker maker{.header = 108,
+                 .width = 3,
+                 .height = 1,
+                 .bits = 32,
+                 .compression = 3,
+                 .masks = {0xFF0000, 0xFF00, 0xFF, 0xFF000000},
+                 .data = {0, 0, 0, 0, 0, 0, 0, 128, 0, 0, 0, 255}};
   Picture expected(3, 1, kWhite);
   SetPixelV(expected.Draw(), 1, 0, 0x7F7F7F);
   SetPixelV(expected.Draw(), 2, 0, 0x000000);
@@ -140,12 +129,8 @@ TEST(Bmp, SeeThroughPixelsLieOnWhite) {
 }
 
 TEST(Bmp, ReadsRunLengths) {
-  BmpMaker maker;
-  maker.width = 6;
-  maker.height = 3;
-  maker.bits = 8;
-  maker.compression = 1;
-  maker.palette = {0, 1, 2, 3, 4, 5, 6, 7, 8};
+  BmpMaker maker{
+      .width = 6, .height = 3, .bits = 8, .compression = 1, .palette = {0, 1, 2, 3, 4, 5, 6, 7, 8}};
   maker.data = {2, 7, 0, 3, 1, 2, 3, 0,         // a run, then three single pixels and a fill byte
                 0, 0, 0, 2, 2, 1, 9, 5, 0, 1};  // end of line, two right and one up, a long run
   ExpectSame(maker, Indexed(maker, {{0, 0, 5, 5, 5, 5}, {0, 0, 0, 0, 0, 0}, {7, 7, 1, 2, 3, 0}}));

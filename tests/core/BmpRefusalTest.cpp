@@ -8,21 +8,17 @@ namespace morvane {
 namespace {
 
 BmpMaker Sound() {
-  BmpMaker maker;
-  maker.width = 3;
-  maker.height = 2;
-  maker.data = Bytes(24, 7);
+  BmpMaker maker{.width = 3, .height = 2, .data = Bytes(24, 7)};
   return maker;
 }
 
 TEST(BmpRefusal, EveryTruncationIsRefused) {
-  BmpMaker runs;
-  runs.width = 4;
-  runs.height = 2;
-  runs.bits = 8;
-  runs.compression = 1;
-  runs.palette = {1, 2, 3};
-  runs.data = {4, 1, 0, 0, 0, 4, 0, 1, 2, 1, 0, 1};
+  BmpMaker runs{.width = 4,
+                .height = 2,
+                .bits = 8,
+                .compression = 1,
+                .palette = {1, 2, 3},
+                .data = {4, 1, 0, 0, 0, 4, 0, 1, 2, 1, 0, 1}};
   for (const BmpMaker& maker : {Sound(), runs}) {
     const Bytes whole = maker.Make();
     ASSERT_TRUE(ReadBmp(whole).Ok());
@@ -63,13 +59,12 @@ TEST(BmpRefusal, HeadersThatLie) {
 }
 
 TEST(BmpRefusal, RunLengthsThatCannotFillThePictureAreRefusedBeforeMemoryIsTaken) {
-  BmpMaker maker;
-  maker.bits = 8;
-  maker.compression = 1;
-  maker.palette = {0};
-  maker.width = 60'000;
-  maker.height = 60'000;
-  maker.data = {0, 1};
+  BmpMaker maker{.width = 60'000,
+                 .height = 60'000,
+                 .bits = 8,
+                 .compression = 1,
+                 .palette = {0},
+                 .data = {0, 1}};
   Result<Picture> read = ReadBmp(maker.Make());
   ASSERT_FALSE(read.Ok());
   EXPECT_EQ(read.Reason(), "The picture is too large.");

@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "document/Bmp.h"
 #include "document/NewMap.h"
-#include "palette/PalettePages.h"
 #include "palette/TileSelection.h"
 #include "tests/support/Sample.h"
 #include "tools/Buttons.h"

@@ -72,30 +72,6 @@ TEST_F(Tools, WallsAndDoorsOfTheWorkedExamples) {
   EXPECT_EQ(Cut(map, {2, 0, 18, 3}), Cut(art(Edge::Door, Direction::Horizontal), {0, 3, 16, 6}));
 }
 
-TEST_F(Tools, WhatDrawsNothingKeepsNothingButOffersUndo) {
-  struct Row {
-    Mode mode;
-    int set, button;
-    float X, Y;
-  };
-  const std::vector<Row> rows = {
-      {Mode::Wall, 0, kRightButton, 41, 50}, {Mode::Wall, 0, kLeftButton, 41, 60},
-      {Mode::Wall, 0, kLeftButton, 43, 50},  {Mode::Wall, 4, kLeftButton, 41, 50},
-      {Mode::Door, 0, kLeftButton, 41, 60},  {Mode::Door, 3, kRightButton, 41, 50},
-      {Mode::Door, 4, kLeftButton, 41, 50},  {Mode::Tile, 0, kMiddleButton, 41, 50}};
-  const int snapshots = platform.snapshots;
-  for (const Row& row : rows) {
-    TileSetSelector_Click(palette, row.set);
-    EnterMode(row.mode);
-    document.mnuEditUndoEnabled = false;
-    Press(row.button, row.X, row.Y);
-    EXPECT_TRUE(document.mnuEditUndoEnabled);
-    EXPECT_EQ(palette.CurrentMode(), row.mode);
-    EXPECT_EQ(platform.snapshots, snapshots) << "set " << row.set << " at " << row.X;
-  }
-  EXPECT_EQ(Difference(Map(), Picture(615, 483, kWhite)), "");
-}
-
 TEST_F(Tools, AStrokeIsOneStepOfUndoAndErasesWithItsOwnLimit) {
   const Picture blank = Map();
   Press(kLeftButton, 5, 33);

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "document/Bmp.h"
-#include "document/MapFiles.h"
 #include "document/NewMap.h"
 #include "tests/support/Sample.h"
 #include "tools/Buttons.h"
@@ -13,9 +11,7 @@ namespace morvane {
 namespace {
 
 struct Undo : testing::Test, Editor {
-  void Press(float X, float Y, int Button = kLeftButton) {
-    Canvas_MouseDown(palette, Button, X, Y);
-  }
+  void Press(float X, float Y) { Canvas_MouseDown(palette, kLeftButton, X, Y); }
   bool Offered() const {
     EXPECT_EQ(document.mnuEditUndoEnabled, document.UndoButtonEnabled);
     return document.mnuEditUndoEnabled;

@@ -6,9 +6,6 @@
 #include <QToolButton>
 
 #include "document/Blit.h"
-#include "document/Bmp.h"
-#include "document/PictureFile.h"
-#include "shell/StatusBar.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {

@@ -14,9 +14,9 @@ struct BmpMaker {
   int height = 1;
   unsigned bits = 24;
   std::uint32_t compression = 0;
-  std::vector<std::uint32_t> masks;
-  std::vector<Color> palette;
-  Bytes data;
+  std::vector<std::uint32_t> masks = {};
+  std::vector<Color> palette = {};
+  Bytes data = {};
 
   Bytes Make() const {
     Bytes info;
