@@ -71,6 +71,10 @@ TEST_F(Undo, WithoutASnapshotItSaysSoAndLeavesTheMap) {
   EXPECT_EQ(platform.boxes.size(), 2U);
   EXPECT_EQ(document.Canvas.MousePointer, Pointer::Cross);
   EXPECT_FALSE(Offered());
+  platform.memoryIsFull = true;
+  mnuEditUndo_Click(document);
+  EXPECT_NE(platform.boxes.back().text.find("not enough memory"), std::string::npos);
+  EXPECT_EQ(Difference(Map(), before), "");
 }
 
 }  // namespace

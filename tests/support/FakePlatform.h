@@ -3,6 +3,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <new>
 #include <optional>
 #include <set>
 #include <string>
@@ -71,6 +72,7 @@ class FakePlatform : public Platform, public DialogScript {
   std::map<std::string, Picture> drawnTexts;    ///< what each rich text looks like
   std::string profilePath;                      ///< of the last setting that was used
   bool snapshotFails = false;
+  bool memoryIsFull = false;
   int snapshots = 0;  ///< written so far
   Bytes snapshot;
   Failure printFailure;
@@ -130,6 +132,7 @@ class FakePlatform : public Platform, public DialogScript {
     return {};
   }
   Result<Bytes> ReadSnapshot() override {
+    if (memoryIsFull) throw std::bad_alloc();
     if (snapshot.empty()) return Result<Bytes>::Failed("No earlier state of the map was kept.");
     return snapshot;
   }
