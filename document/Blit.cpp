@@ -3,12 +3,10 @@
 #include <algorithm>
 #include <cstring>
 
+#include "document/KeyedCopy.h"
+
 namespace morvane {
 namespace {
-
-void NoteDamage(const Surface& target, const Rect& rect) {
-  if (target.damage != nullptr) *target.damage = target.damage->United(rect);
-}
 
 /// The part of a copy that lies inside both the target and the source, in target coordinates.
 Rect ClipCopy(const Surface& target, const Rect& rect, const PictureView& source, int sourceX,
@@ -30,39 +28,18 @@ void BitBlt(const Surface& target, int x, int y, int width, int height, const Pi
     std::memcpy(target.Row(row) + rect.left,
                 source.Row(row - y + sourceY) + rect.left - x + sourceX, bytes);
   }
-  NoteDamage(target, rect);
+  target.NoteDamage(rect);
 }
 
 void TransparentBlt(const Surface& target, int x, int y, int width, int height,
                     const PictureView& source, int sourceX, int sourceY, Color transparent) {
   const Rect rect = ClipCopy(target, {x, y, x + width, y + height}, source, sourceX, sourceY);
   if (rect.IsEmpty()) return;
-  const Pixel key = PixelOf(transparent);
-  for (int row = rect.top; row < rect.bottom; ++row) {
-    Pixel* to = target.Row(row) + rect.left;
-    const Pixel* from = source.Row(row - y + sourceY) + rect.left - x + sourceX;
-    for (int i = 0; i < rect.Width(); ++i) to[i] = from[i] == key ? to[i] : from[i];
-  }
-  NoteDamage(target, rect);
-}
-
-void StretchBlt(const Surface& target, int x, int y, int width, int height,
-                const PictureView& source, int sourceX, int sourceY, int sourceWidth,
-                int sourceHeight) {
-  const Rect rect = Rect{x, y, x + width, y + height}.Intersected(target.Bounds());
-  const Rect from = Rect{sourceX, sourceY, sourceX + sourceWidth, sourceY + sourceHeight};
-  if (rect.IsEmpty() || from.IsEmpty() || from != from.Intersected(source.Bounds())) return;
-  const auto nearest = [](int at, int size, int sourceSize) {
-    return static_cast<int>((static_cast<long long>(at) * 2 + 1) * sourceSize / (2LL * size));
-  };
-  for (int row = rect.top; row < rect.bottom; ++row) {
-    const Pixel* fromRow = source.Row(sourceY + nearest(row - y, height, sourceHeight)) + sourceX;
-    Pixel* to = target.Row(row);
-    for (int column = rect.left; column < rect.right; ++column) {
-      to[column] = fromRow[nearest(column - x, width, sourceWidth)];
-    }
-  }
-  NoteDamage(target, rect);
+  const Surface to = {target.Row(rect.top) + rect.left, rect.Width(), rect.Height(), target.stride};
+  const PictureView from = {source.Row(rect.top - y + sourceY) + rect.left - x + sourceX,
+                            rect.Width(), rect.Height(), source.stride};
+  CopyKeyed(to, from, PixelOf(transparent));
+  target.NoteDamage(rect);
 }
 
 Color GetPixel(const PictureView& picture, int x, int y) {
@@ -79,7 +56,7 @@ void FillBox(const Surface& target, const Rect& box, Color color) {
   for (int row = rect.top; row < rect.bottom; ++row) {
     std::fill_n(target.Row(row) + rect.left, rect.Width(), PixelOf(color));
   }
-  NoteDamage(target, rect);
+  target.NoteDamage(rect);
 }
 
 void DrawColumn(const Surface& target, int x, Color color) {

@@ -1,19 +1,46 @@
 #include "document/Picture.h"
 
 #include <algorithm>
+#include <new>
+#include <utility>
 
 namespace morvane {
+namespace {
 
-Picture::Picture(int width, int height, Color fill)
-    : width_(width),
-      height_(height),
-      pixels_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), PixelOf(fill)) {}
+constexpr std::align_val_t kCacheLine{64};
 
-Picture::Picture(const PictureView& view) : width_(view.width), height_(view.height) {
-  pixels_.reserve(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_));
-  for (int y = 0; y < height_; ++y) {
-    pixels_.insert(pixels_.end(), view.Row(y), view.Row(y) + width_);
-  }
+}  // namespace
+
+Picture::Picture(int width, int height, Color fill) : Picture(Unpainted(width, height)) {
+  std::fill_n(pixels_.get(), Pixels(), PixelOf(fill));
+}
+
+Picture::Picture(const PictureView& view) : Picture(Unpainted(view.width, view.height)) {
+  for (int y = 0; y < height_; ++y) std::copy_n(view.Row(y), width_, Row(y));
+}
+
+Picture Picture::Unpainted(int width, int height) {
+  Picture picture;
+  picture.width_ = width;
+  picture.height_ = height;
+  const std::size_t bytes = picture.Pixels() * sizeof(Pixel);
+  picture.pixels_.reset(static_cast<Pixel*>(::operator new(bytes, kCacheLine)));
+  return picture;
+}
+
+bool operator==(const Picture& one, const Picture& other) {
+  return one.width_ == other.width_ && one.height_ == other.height_ &&
+         std::equal(one.pixels_.get(), one.pixels_.get() + one.Pixels(), other.pixels_.get());
+}
+
+void Picture::Release::operator()(Pixel* pixels) const {
+  ::operator delete(pixels, kCacheLine);
+}
+
+void Picture::Swap(Picture& other) noexcept {
+  std::swap(width_, other.width_);
+  std::swap(height_, other.height_);
+  std::swap(pixels_, other.pixels_);
 }
 
 }  // namespace morvane

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <vector>
+#include <memory>
 
 #include "document/Color.h"
 #include "document/Rect.h"
@@ -31,6 +31,9 @@ struct Surface {
   int stride = 0;          ///< pixels from one row to the next
   Rect* damage = nullptr;  ///< grows by every rectangle that is drawn, where somebody keeps one
 
+  void NoteDamage(const Rect& rect) const {
+    if (damage != nullptr) *damage = damage->United(rect);
+  }
   Pixel* Row(int y) const { return pixels + static_cast<std::ptrdiff_t>(y) * stride; }
   Rect Bounds() const { return {0, 0, width, height}; }
 };
@@ -42,20 +45,40 @@ class Picture {
   Picture(int width, int height, Color fill = kWhite);
   /// A copy of what the view shows.
   explicit Picture(const PictureView& view);
+  /// A picture whose pixels are all going to be written, and are undefined until then.
+  static Picture Unpainted(int width, int height);
+
+  Picture(const Picture& other) : Picture(other.View()) {}
+  Picture& operator=(const Picture& other) { return *this = Picture(other); }
+  Picture(Picture&& other) noexcept { Swap(other); }
+  Picture& operator=(Picture&& other) noexcept {
+    Swap(other);
+    return *this;
+  }
+  ~Picture() = default;
 
   int Width() const { return width_; }
   int Height() const { return height_; }
 
-  Pixel* Row(int y) { return pixels_.data() + static_cast<std::ptrdiff_t>(y) * width_; }
-  PictureView View() const { return {pixels_.data(), width_, height_, width_}; }
-  Surface Draw() { return {pixels_.data(), width_, height_, width_}; }
+  Pixel* Row(int y) { return pixels_.get() + static_cast<std::ptrdiff_t>(y) * width_; }
+  PictureView View() const { return {pixels_.get(), width_, height_, width_}; }
+  Surface Draw() { return {pixels_.get(), width_, height_, width_}; }
 
-  friend bool operator==(const Picture&, const Picture&) = default;
+  friend bool operator==(const Picture& one, const Picture& other);
 
  private:
+  struct Release {
+    void operator()(Pixel* pixels) const;
+  };
+
+  void Swap(Picture& other) noexcept;
+  std::size_t Pixels() const {
+    return static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_);
+  }
+
   int width_ = 0;
   int height_ = 0;
-  std::vector<Pixel> pixels_;
+  std::unique_ptr<Pixel[], Release> pixels_;  ///< row by row, from the start of a cache line
 };
 
 }  // namespace morvane

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 #include "document/PixelVector.h"
 
@@ -12,27 +13,78 @@
 namespace morvane {
 namespace {
 
-/// Turned at once: rows of a whole cache line on both sides.
+/// Side of what is turned at once: a whole cache line on both sides.
 constexpr int kBlock = 16;
 /// Blocks are taken in tiles, so that both sides stay within the pages the processor remembers.
 constexpr int kTile = 256;
-/// A target above this size doesn't stay in the cache, so it is written past it.
-constexpr std::ptrdiff_t kCachedPixels = std::ptrdiff_t{1} << 20;
+/// A picture of more pixels doesn't stay in the cache, so its turned twin is written past it.
+constexpr std::int64_t kCachedPixels = std::int64_t{1} << 20U;
 
-PixelVector Reversed(PixelVector pixels) {
-  return __builtin_shufflevector(pixels, pixels, 3, 2, 1, 0);
+void Reverse(PixelVector& pixels) {
+  pixels = __builtin_shufflevector(pixels, pixels, 7, 6, 5, 4, 3, 2, 1, 0);
+}
+void Reverse(HalfVector& pixels) {
+  pixels = __builtin_shufflevector(pixels, pixels, 3, 2, 1, 0);
 }
 
-void ReverseRow(Pixel* row, int width) {
-  int left = 0;
-  int right = width;
-  for (; right - left >= 2 * kVectorPixels; left += kVectorPixels) {
-    right -= kVectorPixels;
-    const PixelVector first = LoadPixels(row + left);
-    StorePixels(row + left, Reversed(LoadPixels(row + right)));
-    StorePixels(row + right, Reversed(first));
+enum class Order { Same, Reversed };
+
+/// Exchanges two runs of pixels.
+template <typename Vector, Order order>
+inline void Exchange(Pixel* one, Pixel* other) {
+  Vector first;
+  Vector second;
+  LoadPixels(first, one);
+  LoadPixels(second, other);
+  if constexpr (order == Order::Reversed) {
+    Reverse(first);
+    Reverse(second);
   }
-  std::reverse(row + left, row + right);
+  StorePixels(one, second);
+  StorePixels(other, first);
+}
+
+/// Asks for the cache lines that the next row will need: large pictures come from memory, and from
+/// two places at once the processor doesn't foresee them.
+inline void AskFor(const Pixel* one, const Pixel* other) {
+  __builtin_prefetch(one, 1);
+  __builtin_prefetch(other, 1);
+}
+
+MORVANE_WIDE void MirrorRows(const Surface& picture) {
+  constexpr std::ptrdiff_t kStep = kPixelsOf<PixelVector>;
+  constexpr std::ptrdiff_t kHalf = kPixelsOf<HalfVector>;
+  for (int y = 0; y < picture.height; ++y) {
+    Pixel* left = picture.Row(y);
+    Pixel* right = left + picture.width;
+    const std::ptrdiff_t toNext = y + 1 < picture.height ? picture.stride : 0;
+    for (; right - left >= 4 * kStep; left += 2 * kStep) {
+      right -= 2 * kStep;
+      AskFor(left + toNext, right + toNext);
+      Exchange<PixelVector, Order::Reversed>(left, right + kStep);
+      Exchange<PixelVector, Order::Reversed>(left + kStep, right);
+    }
+    for (; right - left >= 2 * kHalf; left += kHalf) {
+      right -= kHalf;
+      Exchange<HalfVector, Order::Reversed>(left, right);
+    }
+    std::reverse(left, right);
+  }
+}
+
+MORVANE_WIDE void SwapRows(const Surface& picture) {
+  constexpr int kStep = kPixelsOf<PixelVector>;
+  for (int y = 0; y < picture.height / 2; ++y) {
+    Pixel* upper = picture.Row(y);
+    Pixel* lower = picture.Row(picture.height - 1 - y);
+    int x = 0;
+    for (; x <= picture.width - 2 * kStep; x += 2 * kStep) {
+      AskFor(upper + picture.stride + x, lower - picture.stride + x);
+      Exchange<PixelVector, Order::Same>(upper + x, lower + x);
+      Exchange<PixelVector, Order::Same>(upper + x + kStep, lower + x + kStep);
+    }
+    std::swap_ranges(upper + x, upper + picture.width, lower + x);
+  }
 }
 
 /// Where a pixel of the source goes.
@@ -46,109 +98,105 @@ struct Turn {
 };
 
 void TurnPixels(const Surface& target, const PictureView& picture, const Rect& part, Turn turn) {
-  for (int y = part.top; y < part.bottom; ++y) {
-    const Pixel* from = picture.Row(y);
-    for (int x = part.left; x < part.right; ++x) target.Row(turn.Row(x))[turn.Column(y)] = from[x];
+  for (int x = part.left; x < part.right; ++x) {
+    Pixel* to = target.Row(turn.Row(x));
+    for (int y = part.top; y < part.bottom; ++y) to[turn.Column(y)] = picture.Row(y)[x];
   }
 }
 
-using Block = std::array<Pixel, kBlock * kBlock>;
-
 /// Exchanges the sides of four by four pixels: rows come in, columns go out.
-void ExchangeSides(std::array<PixelVector, 4>& rows) {
+void ExchangeSides(std::array<HalfVector, 4>& rows) {
   const auto [a, b, c, d] = rows;
-  const PixelVector ab = __builtin_shufflevector(a, b, 0, 4, 1, 5);
-  const PixelVector cd = __builtin_shufflevector(c, d, 0, 4, 1, 5);
-  const PixelVector abHigh = __builtin_shufflevector(a, b, 2, 6, 3, 7);
-  const PixelVector cdHigh = __builtin_shufflevector(c, d, 2, 6, 3, 7);
-  rows = {__builtin_shufflevector(ab, cd, 0, 1, 4, 5), __builtin_shufflevector(ab, cd, 2, 3, 6, 7),
-          __builtin_shufflevector(abHigh, cdHigh, 0, 1, 4, 5),
-          __builtin_shufflevector(abHigh, cdHigh, 2, 3, 6, 7)};
+  const HalfVector ab = __builtin_shufflevector(a, b, 0, 4, 1, 5);
+  const HalfVector cd = __builtin_shufflevector(c, d, 0, 4, 1, 5);
+  const HalfVector abHigh = __builtin_shufflevector(a, b, 2, 6, 3, 7);
+  const HalfVector cdHigh = __builtin_shufflevector(c, d, 2, 6, 3, 7);
+  rows[0] = __builtin_shufflevector(ab, cd, 0, 1, 4, 5);
+  rows[1] = __builtin_shufflevector(ab, cd, 2, 3, 6, 7);
+  rows[2] = __builtin_shufflevector(abHigh, cdHigh, 0, 1, 4, 5);
+  rows[3] = __builtin_shufflevector(abHigh, cdHigh, 2, 3, 6, 7);
 }
 
-/// Reads one block of the source; row i of the result is column i of the block, in the order of the
-/// target.
-void GatherBlock(Block& block, const PictureView& picture, int x, int y, bool right) {
-  for (int down = 0; down < kBlock; down += kVectorPixels) {
-    // Turned to the right the lowest row of the source comes first in the target.
-    const int first = right ? y + kBlock - 1 - down : y + down;
-    const int step = right ? -1 : 1;
-    for (int across = 0; across < kBlock; across += kVectorPixels) {
-      std::array<PixelVector, 4> rows;
-      for (int i = 0; i < 4; ++i) {
-        rows[static_cast<std::size_t>(i)] = LoadPixels(picture.Row(first + i * step) + x + across);
-      }
-      ExchangeSides(rows);
-      for (int i = 0; i < 4; ++i) {
-        StorePixels(&block[static_cast<std::size_t>((across + i) * kBlock + down)],
-                    rows[static_cast<std::size_t>(i)]);
-      }
+/// Turns four by four pixels: source column x + i becomes the row i * toStep behind `to`.
+void TurnQuad(Pixel* to, std::ptrdiff_t toStep, const Pixel* from, std::ptrdiff_t fromStep) {
+  std::array<HalfVector, 4> rows;
+  for (HalfVector& row : rows) {
+    LoadPixels(row, from);
+    from += fromStep;
+  }
+  ExchangeSides(rows);
+  for (const HalfVector& row : rows) {
+    StorePixels(to, row);
+    to += toStep;
+  }
+}
+
+/// Turns the whole quads of a picture that stays in the cache.
+void TurnQuads(const Surface& target, const PictureView& picture, const Rect& part, Turn turn) {
+  constexpr int kQuad = kPixelsOf<HalfVector>;
+  const std::ptrdiff_t toStep = turn.right ? target.stride : -target.stride;
+  const std::ptrdiff_t fromStep = turn.right ? -picture.stride : picture.stride;
+  for (int y = part.top; y < part.bottom; y += kQuad) {
+    // Turned to the right, the lowest row of the source comes first in the target.
+    const int first = turn.right ? y + kQuad - 1 : y;
+    for (int x = part.left; x < part.right; x += kQuad) {
+      TurnQuad(target.Row(turn.Row(x)) + turn.Column(first), toStep, picture.Row(first) + x,
+               fromStep);
     }
   }
 }
 
-void WriteRow(Pixel* to, const Pixel* from) {
-  std::memcpy(to, from, kBlock * sizeof(Pixel));
-}
-
-/// The same past the cache, where the processor can do so.
-void WriteRowPastCache(Pixel* to, const Pixel* from) {
+/// Writes a row of a block past the cache, where the processor can do so.
+void WriteBlockRow(Pixel* to, const Pixel* from) {
 #if defined(__SSE2__)
   if (reinterpret_cast<std::uintptr_t>(to) % sizeof(__m128i) == 0) {
-    for (int i = 0; i < kBlock; i += kVectorPixels) {
+    for (int i = 0; i < kBlock; i += kPixelsOf<HalfVector>) {
       _mm_stream_si128(reinterpret_cast<__m128i*>(to + i),
-                       _mm_loadu_si128(reinterpret_cast<const __m128i*>(from + i)));
+                       _mm_load_si128(reinterpret_cast<const __m128i*>(from + i)));
     }
     return;
   }
 #endif
-  WriteRow(to, from);
+  std::memcpy(to, from, kBlock * sizeof(Pixel));
 }
 
-void TurnBlock(const Surface& target, const PictureView& picture, int x, int y, Turn turn,
-               bool pastCache) {
-  Block block;
-  GatherBlock(block, picture, x, y, turn.right);
-  const int column = turn.right ? turn.height - kBlock - y : y;
-  for (int i = 0; i < kBlock; ++i) {
-    Pixel* to = target.Row(turn.Row(x + i)) + column;
-    const Pixel* from = &block[static_cast<std::size_t>(i * kBlock)];
-    pastCache ? WriteRowPastCache(to, from) : WriteRow(to, from);
+/// Turns a block of a large picture, staged in the cache so that the target gets whole lines.
+void TurnBlock(const Surface& target, const PictureView& picture, int x, int y, Turn turn) {
+  alignas(64) std::array<Pixel, std::size_t{kBlock} * kBlock> staged;
+  const Surface stage = {staged.data(), kBlock, kBlock, kBlock};
+  const PictureView block = {picture.Row(y) + x, kBlock, kBlock, picture.stride};
+  TurnQuads(stage, block, block.Bounds(), {turn.right, kBlock, kBlock});
+  const int top = turn.right ? x : turn.width - kBlock - x;
+  const int left = turn.right ? turn.height - kBlock - y : y;
+  for (int i = 0; i < kBlock; ++i) WriteBlockRow(target.Row(top + i) + left, stage.Row(i));
+}
+
+void TurnTiles(const Surface& target, const PictureView& picture, const Rect& part, Turn turn) {
+  for (int top = 0; top < part.bottom; top += kTile) {
+    for (int left = 0; left < part.right; left += kTile) {
+      for (int x = left; x < std::min(left + kTile, part.right); x += kBlock) {
+        for (int y = top; y < std::min(top + kTile, part.bottom); y += kBlock) {
+          TurnBlock(target, picture, x, y, turn);
+        }
+      }
+    }
   }
 }
 
 }  // namespace
 
 void FlipInPlace(const Surface& picture, Transform flip) {
-  if (flip == Transform::FlipHorizontal) {
-    for (int y = 0; y < picture.height; ++y) ReverseRow(picture.Row(y), picture.width);
-    return;
-  }
-  for (int y = 0; y < picture.height / 2; ++y) {
-    Pixel* upper = picture.Row(y);
-    std::swap_ranges(upper, upper + picture.width, picture.Row(picture.height - 1 - y));
-  }
+  flip == Transform::FlipHorizontal ? MirrorRows(picture) : SwapRows(picture);
 }
 
 void TurnInto(const Surface& target, const PictureView& picture, Transform transform) {
   const Turn turn = {transform == Transform::RotateRight, picture.width, picture.height};
-  const int wholeWidth = picture.width / kBlock * kBlock;
-  const int wholeHeight = picture.height / kBlock * kBlock;
-  const bool pastCache =
-      static_cast<std::ptrdiff_t>(picture.width) * picture.height > kCachedPixels;
-  for (int top = 0; top < wholeHeight; top += kTile) {
-    for (int left = 0; left < wholeWidth; left += kTile) {
-      const int bottom = std::min(top + kTile, wholeHeight);
-      const int right = std::min(left + kTile, wholeWidth);
-      for (int x = left; x < right; x += kBlock) {
-        for (int y = top; y < bottom; y += kBlock) {
-          TurnBlock(target, picture, x, y, turn, pastCache);
-        }
-      }
-    }
-  }
-  TurnPixels(target, picture, {wholeWidth, 0, picture.width, picture.height}, turn);
-  TurnPixels(target, picture, {0, wholeHeight, wholeWidth, picture.height}, turn);
+  const bool isLarge = std::int64_t{picture.width} * picture.height > kCachedPixels;
+  const int step = isLarge ? kBlock : kPixelsOf<HalfVector>;
+  const Rect whole = {0, 0, picture.width / step * step, picture.height / step * step};
+  isLarge ? TurnTiles(target, picture, whole, turn) : TurnQuads(target, picture, whole, turn);
+  TurnPixels(target, picture, {whole.right, 0, picture.width, picture.height}, turn);
+  TurnPixels(target, picture, {0, whole.bottom, whole.right, picture.height}, turn);
 }
 
 Picture Transformed(const PictureView& picture, Transform transform) {
@@ -157,7 +205,7 @@ Picture Transformed(const PictureView& picture, Transform transform) {
     FlipInPlace(result.Draw(), transform);
     return result;
   }
-  Picture result(picture.height, picture.width);
+  Picture result = Picture::Unpainted(picture.height, picture.width);
   TurnInto(result.Draw(), picture, transform);
   return result;
 }

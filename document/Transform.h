@@ -10,7 +10,7 @@ enum class Transform { FlipHorizontal, FlipVertical, RotateRight, RotateLeft };
 void FlipInPlace(const Surface& picture, Transform flip);
 
 /// Turns a picture by a quarter into a target with exchanged sides that doesn't overlap it.
-void TurnInto(const Surface& target, const PictureView& picture, Transform turn);
+void TurnInto(const Surface& target, const PictureView& picture, Transform transform);
 
 /// The picture mirrored, or turned by a quarter with its sides exchanged.
 Picture Transformed(const PictureView& picture, Transform transform);

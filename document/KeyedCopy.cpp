@@ -1,0 +1,83 @@
+#include "document/KeyedCopy.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+#include "document/PixelVector.h"
+
+namespace morvane {
+namespace {
+
+constexpr int kLongRun = 32;  ///< pixels
+
+/// Copies what isn't of the key's colour.
+template <typename Vector>
+inline void CopyKeyed(Pixel* to, const Pixel* from, const Vector& keys) {
+  Vector fresh;
+  Vector old;
+  LoadPixels(fresh, from);
+  LoadPixels(old, to);
+  StorePixels(to, fresh == keys ? old : fresh);
+}
+
+/// The same for rows of at least one vector. The last vector of a row may overlap the one before:
+/// copying twice is the same as once.
+template <typename Vector>
+inline void CopyKeyedRows(const Surface& to, const PictureView& from, Pixel key) {
+  const Vector keys = Vector{} + key;
+  const int last = to.width - kPixelsOf<Vector>;
+  for (int y = 0; y < to.height; ++y) {
+    Pixel* toRow = to.Row(y);
+    const Pixel* fromRow = from.Row(y);
+    for (int x = 0; x < last; x += kPixelsOf<Vector>) CopyKeyed(toRow + x, fromRow + x, keys);
+    CopyKeyed(toRow + last, fromRow + last, keys);
+  }
+}
+
+/// Whether all of a long run of pixels are of the key's colour.
+inline bool IsAllKey(const Pixel* from, const PixelVector& keys) {
+  PixelVector difference{};
+  for (int i = 0; i < kLongRun; i += kPixelsOf<PixelVector>) {
+    PixelVector pixels;
+    LoadPixels(pixels, from + i);
+    difference |= pixels ^ keys;
+  }
+  std::array<std::uint64_t, 4> words;
+  static_assert(sizeof words == sizeof difference);
+  std::memcpy(words.data(), &difference, sizeof difference);
+  return (words[0] | words[1] | words[2] | words[3]) == 0;
+}
+
+/// The same for rows of at least one long run: such runs are often left out.
+inline void CopyKeyedRuns(const Surface& to, const PictureView& from, Pixel key) {
+  const PixelVector keys = PixelVector{} + key;
+  const int last = to.width - kLongRun;
+  for (int y = 0; y < to.height; ++y) {
+    for (int x = 0; x < last + kLongRun; x += kLongRun) {
+      const int run = std::min(x, last);
+      Pixel* toRun = to.Row(y) + run;
+      const Pixel* fromRun = from.Row(y) + run;
+      if (IsAllKey(fromRun, keys)) continue;
+      for (int i = 0; i < kLongRun; i += kPixelsOf<PixelVector>) {
+        CopyKeyed(toRun + i, fromRun + i, keys);
+      }
+    }
+  }
+}
+
+}  // namespace
+
+MORVANE_WIDE void CopyKeyed(const Surface& to, const PictureView& from, Pixel key) {
+  if (to.width >= kLongRun) {
+    CopyKeyedRuns(to, from, key);
+  } else if (to.width >= kPixelsOf<PixelVector>) {
+    CopyKeyedRows<PixelVector>(to, from, key);
+  } else if (to.width >= kPixelsOf<HalfVector>) {
+    CopyKeyedRows<HalfVector>(to, from, key);
+  } else {
+    CopyKeyedRows<Pixel>(to, from, key);
+  }
+}
+
+}  // namespace morvane
