@@ -11,18 +11,18 @@ namespace {
 
 constexpr int kLongRun = 32;  ///< pixels
 
-/// Copies what isn't of the key's colour.
+/// What stands in the target after pixels were laid over it, of which those of the key's colour are
+/// left out.
 template <typename Vector>
-inline void CopyKeyed(Pixel* to, const Pixel* from, const Vector& keys) {
-  Vector fresh;
+inline void Overlay(Vector& result, const Pixel* to, const Pixel* from, const Vector& keys) {
   Vector old;
-  LoadPixels(fresh, from);
   LoadPixels(old, to);
-  StorePixels(to, fresh == keys ? old : fresh);
+  LoadPixels(result, from);
+  result = result == keys ? old : result;
 }
 
-/// The same for rows of at least one vector. The last vector of a row may overlap the one before:
-/// copying twice is the same as once.
+/// For rows of at least one vector. The last vector of a row may overlap the one before, which
+/// changes nothing: it is read first, so that it needn't wait for what was just written.
 template <typename Vector>
 inline void CopyKeyedRows(const Surface& to, const PictureView& from, Pixel key) {
   const Vector keys = Vector{} + key;
@@ -30,8 +30,14 @@ inline void CopyKeyedRows(const Surface& to, const PictureView& from, Pixel key)
   for (int y = 0; y < to.height; ++y) {
     Pixel* toRow = to.Row(y);
     const Pixel* fromRow = from.Row(y);
-    for (int x = 0; x < last; x += kPixelsOf<Vector>) CopyKeyed(toRow + x, fromRow + x, keys);
-    CopyKeyed(toRow + last, fromRow + last, keys);
+    Vector end;
+    Overlay(end, toRow + last, fromRow + last, keys);
+    for (int x = 0; x < last; x += kPixelsOf<Vector>) {
+      Vector pixels;
+      Overlay(pixels, toRow + x, fromRow + x, keys);
+      StorePixels(toRow + x, pixels);
+    }
+    StorePixels(toRow + last, end);
   }
 }
 
@@ -60,7 +66,9 @@ inline void CopyKeyedRuns(const Surface& to, const PictureView& from, Pixel key)
       const Pixel* fromRun = from.Row(y) + run;
       if (IsAllKey(fromRun, keys)) continue;
       for (int i = 0; i < kLongRun; i += kPixelsOf<PixelVector>) {
-        CopyKeyed(toRun + i, fromRun + i, keys);
+        PixelVector pixels;
+        Overlay(pixels, toRun + i, fromRun + i, keys);
+        StorePixels(toRun + i, pixels);
       }
     }
   }
