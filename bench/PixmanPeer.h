@@ -1,0 +1,34 @@
+#pragma once
+
+#include <pixman.h>
+
+#include <memory>
+
+#include "document/Picture.h"
+
+namespace morvane::bench {
+
+using PixmanImage = std::shared_ptr<pixman_image_t>;
+
+/// The pixels of a picture as pixman's image, not copied; they must outlive it.
+inline PixmanImage PixmanOver(const Surface& surface) {
+  pixman_image_t* image =
+      pixman_image_create_bits(PIXMAN_a8r8g8b8, surface.width, surface.height, surface.pixels,
+                               surface.stride * static_cast<int>(sizeof(Pixel)));
+  return {image, pixman_image_unref};
+}
+
+/// Lets the image be read through a transform, each pixel from the nearest one.
+inline void ReadThrough(const PixmanImage& image, const pixman_transform_t& transform) {
+  pixman_image_set_transform(image.get(), &transform);
+  pixman_image_set_filter(image.get(), PIXMAN_FILTER_NEAREST, nullptr, 0);
+}
+
+/// Fills the target from an image that is read through its transform.
+inline void Compose(const PixmanImage& source, const PixmanImage& target) {
+  pixman_image_composite32(PIXMAN_OP_SRC, source.get(), nullptr, target.get(), 0, 0, 0, 0, 0, 0,
+                           pixman_image_get_width(target.get()),
+                           pixman_image_get_height(target.get()));
+}
+
+}  // namespace morvane::bench

@@ -1,0 +1,77 @@
+#include "bench/RatioTable.h"
+
+#include <iomanip>
+#include <sstream>
+#include <utility>
+
+namespace morvane::bench {
+namespace {
+
+std::string Rounded(double value, int decimals) {
+  std::ostringstream out;
+  out << std::fixed << std::setprecision(decimals) << value;
+  return out.str();
+}
+
+std::string TimeText(double nanoseconds) {
+  if (nanoseconds < 1000) return Rounded(nanoseconds, 1) + " ns";
+  if (nanoseconds < 1e6) return Rounded(nanoseconds / 1e3, 1) + " us";
+  return Rounded(nanoseconds / 1e6, 1) + " ms";
+}
+
+/// The cells of ratio, target and whether it is met.
+std::string Verdict(const Target& target, double ours, double peers) {
+  const bool faster = target.kind == Target::Kind::Faster;
+  const double ratio = faster ? peers / ours : ours / peers;
+  const bool met = faster ? ratio >= target.limit : ratio <= target.limit;
+  const int decimals = faster ? 1 : 2;
+  const std::string unit = faster ? " x faster" : " x";
+  return Rounded(ratio, decimals) + unit + " | " + (faster ? "at least " : "at most ") +
+         Rounded(target.limit, decimals) + unit + " | " + (met ? "yes" : "no");
+}
+
+}  // namespace
+
+std::string SideName(const std::string& work, const std::string& who) {
+  return work + "/" + who;
+}
+
+void RatioTable::Add(Row row) {
+  rows_.push_back(std::move(row));
+}
+
+void RatioTable::Note(std::string sentence) {
+  notes_.push_back(std::move(sentence));
+}
+
+bool RatioTable::ReportContext(const Context& context) {
+  PrintBasicContext(&GetErrorStream(), context);
+  return true;
+}
+
+void RatioTable::ReportRuns(const std::vector<Run>& runs) {
+  for (const Run& run : runs) {
+    if (run.run_type != Run::RT_Aggregate || run.aggregate_name != "median") continue;
+    const bool wall = run.run_name.time_type == "real_time";
+    medians_[run.run_name.function_name] =
+        wall ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime();
+  }
+}
+
+void RatioTable::Finalize() {
+  std::ostream& out = GetOutputStream();
+  out << "| Work | Morvane | Against | Its time | Ratio | Target | Met |\n"
+      << "|---|---:|---|---:|---:|---:|---|\n";
+  for (const Row& row : rows_) {
+    const auto ours = medians_.find(SideName(row.work, kOurs));
+    const auto peers = medians_.find(SideName(row.work, row.peer));
+    if (ours == medians_.end() || peers == medians_.end()) continue;
+    out << "| " << row.work << " | " << TimeText(ours->second / row.pieces) << " | " << row.peer
+        << " | " << TimeText(peers->second / row.pieces) << " | "
+        << Verdict(row.target, ours->second, peers->second) << " |\n";
+  }
+  for (const std::string& note : notes_) out << "\n" << note << "\n";
+  out.flush();
+}
+
+}  // namespace morvane::bench

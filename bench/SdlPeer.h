@@ -1,0 +1,22 @@
+#pragma once
+
+#include <SDL_surface.h>
+
+#include <memory>
+
+#include "document/Picture.h"
+
+namespace morvane::bench {
+
+using SdlSurface = std::shared_ptr<SDL_Surface>;
+
+/// The pixels of a picture as SDL's surface, not copied; they must outlive it.
+inline SdlSurface SdlOver(const Surface& surface) {
+  SDL_Surface* over = SDL_CreateRGBSurfaceWithFormatFrom(
+      surface.pixels, surface.width, surface.height, 32,
+      surface.stride * static_cast<int>(sizeof(Pixel)), SDL_PIXELFORMAT_ARGB8888);
+  SDL_SetSurfaceBlendMode(over, SDL_BLENDMODE_NONE);
+  return {over, SDL_FreeSurface};
+}
+
+}  // namespace morvane::bench
