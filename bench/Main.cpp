@@ -4,16 +4,42 @@
 #include <QGuiApplication>
 #include <array>
 #include <cstdlib>
+#include <string>
 #include <vector>
 
 #include "bench/Benches.h"
+
+namespace {
+
+void NotePeers(morvane::bench::RatioTable& table) {
+  std::string peers = std::string("Peers that are installed: Qt ") + qVersion();
+#ifdef MORVANE_BENCH_PIXMAN
+  peers += ", pixman " MORVANE_BENCH_PIXMAN;
+#endif
+#ifdef MORVANE_BENCH_SDL
+  peers += ", SDL " MORVANE_BENCH_SDL;
+#endif
+#ifdef MORVANE_BENCH_CAIRO
+  peers += ", cairo " MORVANE_BENCH_CAIRO;
+#endif
+  table.Note(peers + ".");
+}
+
+void NoteMethod(morvane::bench::RatioTable& table) {
+  table.Note(
+      "Times are medians for one piece. The sides take turns in random order. Before anything is "
+      "timed, each peer's pixels are compared with ours and must be the same; only memcpy beside a "
+      "work that is more than a copy makes other pixels.");
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   const QGuiApplication application(argc, argv);
   // Sides take turns in random order, so that a busy moment of the machine hits all alike.
   // Arguments that follow win over these.
   std::array<char, 48> interleaving{"--benchmark_enable_random_interleaving=true"};
-  std::array<char, 32> repetitions{"--benchmark_repetitions=9"};
+  std::array<char, 32> repetitions{"--benchmark_repetitions=11"};
   std::array<char, 32> minTime{"--benchmark_min_time=0.05"};
   std::vector<char*> arguments{argv[0], interleaving.data(), repetitions.data(), minTime.data()};
   arguments.insert(arguments.end(), argv + 1, argv + argc);
@@ -26,6 +52,8 @@ int main(int argc, char** argv) {
   morvane::bench::AddSeeThroughCopies(table);
   morvane::bench::AddScaling(table);
   morvane::bench::AddTurns(table);
+  NoteMethod(table);
+  NotePeers(table);
   benchmark::RunSpecifiedBenchmarks(&table);
   return EXIT_SUCCESS;
 }

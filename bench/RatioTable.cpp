@@ -51,7 +51,8 @@ bool RatioTable::ReportContext(const Context& context) {
 
 void RatioTable::ReportRuns(const std::vector<Run>& runs) {
   for (const Run& run : runs) {
-    if (run.run_type != Run::RT_Aggregate || run.aggregate_name != "median") continue;
+    // The median follows the runs that it's of; with a single run there is none.
+    if (run.run_type == Run::RT_Aggregate && run.aggregate_name != "median") continue;
     const bool wall = run.run_name.time_type == "real_time";
     medians_[run.run_name.function_name] =
         wall ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime();

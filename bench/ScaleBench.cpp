@@ -43,6 +43,11 @@ Contest AddStretch(RatioTable& table, const std::string& name, const Stage& sour
 }  // namespace
 
 void AddScaling(RatioTable& table) {
+#ifdef MORVANE_BENCH_PIXMAN
+  table.Note(
+      "pixman scales through a transform that is rounded up, so that it takes the same nearest "
+      "pixels as StretchBlt.");
+#endif
   const Stage photo(Noise({1000, 800}, 4));
   const Stage small(Noise({60, 48}, 5));
   const Stage large(Picture(600, 480));
