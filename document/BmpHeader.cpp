@@ -37,7 +37,8 @@ bool IsContiguous(std::uint32_t mask) {
 /// Reads the headers step by step; each step gives its reason if it fails.
 class HeaderReader {
  public:
-  explicit HeaderReader(const Bytes& content) : content_(content) {}
+  HeaderReader(std::span<const std::uint8_t> head, std::size_t fileSize)
+      : head_(head), fileSize_(fileSize) {}
 
   Result<BmpHeader> Read() {
     for (auto step : {&HeaderReader::ReadSizes, &HeaderReader::ReadCompression,
@@ -53,24 +54,24 @@ class HeaderReader {
   bool IsOs2() const { return infoSize_ == kShortestOs2Header || infoSize_ == kOs2HeaderSize; }
 
   Failure ReadSizes() {
-    if (content_.size() < kFileHeaderSize + 4) return kTooShort;
-    header_.dataOffset = Read32(content_, 10);
-    infoSize_ = Read32(content_, kFileHeaderSize);
+    if (fileSize_ < kFileHeaderSize + 4) return kTooShort;
+    header_.dataOffset = Read32(head_, 10);
+    infoSize_ = Read32(head_, kFileHeaderSize);
     const bool isOld = infoSize_ >= kShortestOs2Header && infoSize_ <= kOs2HeaderSize;
     if (!IsCore() && !isOld && infoSize_ != 108 && infoSize_ != 124) return kUnknownForm;
     tablesAt_ = kFileHeaderSize + infoSize_;
-    if (content_.size() < tablesAt_) return kTooShort;
+    if (fileSize_ < tablesAt_) return kTooShort;
 
     long long width = 0;
     long long height = 0;
     if (IsCore()) {
-      width = Read16(content_, 18);
-      height = Read16(content_, 20);
-      header_.bits = static_cast<int>(Read16(content_, 24));
+      width = Read16(head_, 18);
+      height = Read16(head_, 20);
+      header_.bits = static_cast<int>(Read16(head_, 24));
     } else {
-      width = static_cast<std::int32_t>(Read32(content_, 18));
-      height = static_cast<std::int32_t>(Read32(content_, 22));
-      header_.bits = static_cast<int>(Read16(content_, 28));
+      width = static_cast<std::int32_t>(Read32(head_, 18));
+      height = static_cast<std::int32_t>(Read32(head_, 22));
+      header_.bits = static_cast<int>(Read16(head_, 28));
     }
     header_.topDown = height < 0;
     height = std::abs(height);
@@ -86,7 +87,7 @@ class HeaderReader {
   }
 
   Failure ReadCompression() {
-    compressionField_ = infoSize_ >= 20 ? Read32(content_, 30) : std::uint32_t{kRgb};
+    compressionField_ = infoSize_ >= 20 ? Read32(head_, 30) : std::uint32_t{kRgb};
     const int bits = header_.bits;
     switch (compressionField_) {
       case kRgb:
@@ -123,12 +124,12 @@ class HeaderReader {
     // Newer headers hold the masks; behind the plain one they follow as a table of their own.
     const std::size_t masks = compressionField_ == kAlphaFields || infoSize_ >= 56 ? 4 : 3;
     const std::size_t masksAt = kFileHeaderSize + kInfoHeaderSize;
-    if (content_.size() < masksAt + masks * 4) return kTooShort;
+    if (fileSize_ < masksAt + masks * 4) return kTooShort;
     tablesAt_ = std::max(tablesAt_, masksAt + masks * 4);
     std::array<BmpChannel*, 4> channels = {&header_.red, &header_.green, &header_.blue,
                                            &header_.alpha};
     for (std::size_t i = 0; i < masks; ++i) {
-      channels[i]->mask = Read32(content_, masksAt + i * 4);
+      channels[i]->mask = Read32(head_, masksAt + i * 4);
       if (!IsContiguous(channels[i]->mask)) return kContradicts;
     }
     return {};
@@ -136,25 +137,26 @@ class HeaderReader {
 
   Failure ReadPalette() {
     if (header_.dataOffset < tablesAt_) return kContradicts;
-    if (header_.dataOffset >= content_.size()) return kTooShort;
+    if (header_.dataOffset >= fileSize_) return kTooShort;
     if (header_.bits > 8) return {};
     const std::size_t entryBytes = IsCore() ? 3 : 4;
     const std::size_t room = (header_.dataOffset - tablesAt_) / entryBytes;
     std::size_t count = std::size_t{1} << static_cast<unsigned>(header_.bits);
-    if (infoSize_ >= 36 && Read32(content_, 46) != 0) {
-      count = std::min<std::size_t>(count, Read32(content_, 46));
+    if (infoSize_ >= 36 && Read32(head_, 46) != 0) {
+      count = std::min<std::size_t>(count, Read32(head_, 46));
     }
     count = std::min(count, room);
     // Indices beyond the table are black.
     header_.palette.assign(std::size_t{1} << static_cast<unsigned>(header_.bits), PixelOf(0));
     for (std::size_t i = 0; i < count; ++i) {
-      const std::uint8_t* entry = &content_[tablesAt_ + i * entryBytes];
+      const std::uint8_t* entry = &head_[tablesAt_ + i * entryBytes];
       header_.palette[i] = MakePixel(entry[2], entry[1], entry[0]);
     }
     return {};
   }
 
-  const Bytes& content_;
+  std::span<const std::uint8_t> head_;
+  std::size_t fileSize_;
   BmpHeader header_;
   std::uint32_t infoSize_ = 0;
   std::uint32_t compressionField_ = kRgb;
@@ -171,8 +173,8 @@ std::uint32_t BmpChannel::Of(std::uint32_t pixel) const {
   return static_cast<std::uint32_t>((value * 255 + most / 2) / most);
 }
 
-Result<BmpHeader> ReadBmpHeader(const Bytes& content) {
-  return HeaderReader(content).Read();
+Result<BmpHeader> ReadBmpHeader(std::span<const std::uint8_t> head, std::size_t fileSize) {
+  return HeaderReader(head, fileSize).Read();
 }
 
 }  // namespace morvane

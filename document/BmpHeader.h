@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "document/Color.h"
@@ -35,6 +36,11 @@ struct BmpHeader {
   std::size_t RowBytes() const { return (static_cast<std::size_t>(width) * bits + 31) / 32 * 4; }
 };
 
-Result<BmpHeader> ReadBmpHeader(const Bytes& content);
+/// Headers, masks and palette are never longer.
+inline constexpr std::size_t kBmpHeadBytes = 4096;
+
+/// Reads the headers from the head of a file of that size. The head is the whole file, or
+/// kBmpHeadBytes of it.
+Result<BmpHeader> ReadBmpHeader(std::span<const std::uint8_t> head, std::size_t fileSize);
 
 }  // namespace morvane

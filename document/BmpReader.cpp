@@ -1,7 +1,9 @@
+#include <algorithm>
+
 #include "document/Bmp.h"
 #include "document/BmpHeader.h"
 #include "document/BmpRle.h"
-#include "document/LittleEndian.h"
+#include "document/PixelBytes.h"
 
 namespace morvane {
 namespace {
@@ -40,30 +42,58 @@ void ReadFieldRow(const std::uint8_t* row, const BmpHeader& header, bool alphaCo
   }
 }
 
-/// Many programs leave the alpha channel all zero and mean opaque.
-bool UsesAlpha(const std::uint8_t* data, const BmpHeader& header) {
-  for (int y = 0; header.alpha.mask != 0 && y < header.height; ++y) {
-    const std::uint8_t* row = data + static_cast<std::size_t>(y) * header.RowBytes();
-    for (int x = 0; x < header.width; ++x, row += header.bits / 8) {
-      if ((RawPixel(row, header.bits) & header.alpha.mask) != 0) return true;
-    }
-  }
-  return false;
-}
+/// Decodes uncompressed rows, in the order of the file.
+class RowReader {
+ public:
+  RowReader(const BmpHeader& header, const Surface& picture) : header_(header), target_(picture) {}
 
-void ReadRows(const std::uint8_t* data, const BmpHeader& header, Picture& picture) {
-  const bool alphaCounts = header.bits != 24 && UsesAlpha(data, header);
-  for (int y = 0; y < header.height; ++y) {
-    const std::uint8_t* row = data + static_cast<std::size_t>(y) * header.RowBytes();
-    Pixel* to = picture.Row(header.topDown ? y : header.height - 1 - y);
-    if (header.bits <= 8) {
-      ReadIndexRow(row, header, to);
-    } else if (header.bits == 24) {
-      for (int x = 0; x < header.width; ++x, row += 3) to[x] = MakePixel(row[2], row[1], row[0]);
+  void Read(const std::uint8_t* bytes) {
+    Pixel* to = RowOf(done_++);
+    if (header_.bits <= 8) {
+      ReadIndexRow(bytes, header_, to);
+    } else if (header_.bits == 24) {
+      UnpackPixels(to, bytes, header_.width);
     } else {
-      ReadFieldRow(row, header, alphaCounts, to);
+      if (!alphaCounts_ && UsesAlpha(bytes)) BeginAlpha();
+      ReadFieldRow(bytes, header_, alphaCounts_, to);
     }
   }
+
+ private:
+  Pixel* RowOf(int number) const {
+    return target_.Row(header_.topDown ? number : header_.height - 1 - number);
+  }
+
+  bool UsesAlpha(const std::uint8_t* bytes) const {
+    for (int x = 0; header_.alpha.mask != 0 && x < header_.width; ++x, bytes += header_.bits / 8) {
+      if ((RawPixel(bytes, header_.bits) & header_.alpha.mask) != 0) return true;
+    }
+    return false;
+  }
+
+  /// Many programs leave the alpha channel all zero and mean opaque. A picture that uses it after
+  /// all is see-through up to here.
+  void BeginAlpha() {
+    alphaCounts_ = true;
+    for (int row = 0; row < done_ - 1; ++row) {
+      std::fill_n(RowOf(row), header_.width, PixelOf(kWhite));
+    }
+  }
+
+  const BmpHeader& header_;
+  Surface target_;
+  int done_ = 0;  ///< rows
+  bool alphaCounts_ = false;
+};
+
+Failure ReadRows(ByteWindow& file, const BmpHeader& header, const Surface& picture) {
+  RowReader rows(header, picture);
+  for (int row = 0; row < header.height; ++row) {
+    if (!file.Show(header.RowBytes())) return file.Reason();
+    rows.Read(file.Data());
+    file.Take(header.RowBytes());
+  }
+  return {};
 }
 
 /// Whether the file is long enough for the size that it claims.
@@ -80,26 +110,28 @@ bool HasRoom(const BmpHeader& header, std::size_t bytes) {
 
 }  // namespace
 
-bool IsBmp(const Bytes& content) {
-  return content.size() >= 2 && content[0] == 'B' && content[1] == 'M';
+bool IsBmp(ByteSource& file) {
+  std::array<std::uint8_t, 2> mark{};
+  return file.Size() >= mark.size() && file.ReadAt(0, mark).empty() && mark[0] == 'B' &&
+         mark[1] == 'M';
 }
 
-Result<Picture> ReadBmp(const Bytes& content) {
-  Result<BmpHeader> read = ReadBmpHeader(content);
+Result<Picture> ReadBmp(ByteSource& file) {
+  ByteWindow window(file);
+  if (!window.Show(std::min(file.Size(), kBmpHeadBytes))) {
+    return Result<Picture>::Failed(window.Reason());
+  }
+  Result<BmpHeader> read = ReadBmpHeader({window.Data(), window.Shown()}, file.Size());
   if (!read.Ok()) return Result<Picture>::Failed(read.Reason());
   const BmpHeader& header = read.Value();
+  window.Skip(header.dataOffset);
+  if (!HasRoom(header, window.Left())) return Result<Picture>::Failed("The file ends too early.");
 
-  if (!HasRoom(header, content.size() - header.dataOffset)) {
-    return Result<Picture>::Failed("The file ends too early.");
-  }
-
-  Picture picture(header.width, header.height);
-  if (header.compression == BmpCompression::None) {
-    ReadRows(content.data() + header.dataOffset, header, picture);
-  } else {
-    Failure failure = ReadBmpRuns(content, header, picture);
-    if (!failure.empty()) return Result<Picture>::Failed(std::move(failure));
-  }
+  Picture picture = Picture::Unpainted(header.width, header.height);
+  Failure failure = header.compression == BmpCompression::None
+                        ? ReadRows(window, header, picture.Draw())
+                        : ReadBmpRuns(window, header, picture.Draw());
+  if (!failure.empty()) return Result<Picture>::Failed(std::move(failure));
   return picture;
 }
 

@@ -12,36 +12,29 @@ enum : unsigned { kEndOfLine = 0, kEndOfPicture = 1, kDelta = 2 };
 
 class RunReader {
  public:
-  RunReader(const Bytes& content, const BmpHeader& header, Picture& picture)
-      : content_(content),
-        header_(header),
-        target_(picture.Draw()),
-        at_(header.dataOffset),
-        y_(header.height - 1) {}
+  RunReader(ByteWindow& file, const BmpHeader& header, const Surface& picture)
+      : file_(file), header_(header), target_(picture), y_(header.height - 1) {}
 
   Failure Read() {
     const Pixel background = header_.palette.empty() ? PixelOf(0) : header_.palette[0];
     FillBox(target_, target_.Bounds(), ColorOf(background));
     while (!ended_) {
-      if (!Has(2)) return Ended();
-      const unsigned first = content_[at_];
-      if (first != 0) {
-        ++at_;
-        if (!ReadRun(first)) return Ended();
-      } else {
-        const unsigned second = content_[at_ + 1];
-        at_ += 2;
-        if (!ReadEscape(second)) return Ended();
-      }
+      if (!file_.Show(2)) return Ended();
+      const unsigned first = file_.Data()[0];
+      const unsigned second = file_.Data()[1];
+      const bool isRun = first != 0;
+      file_.Take(isRun ? 1 : 2);
+      if (isRun ? !ReadRun(first) : !ReadEscape(second)) return Ended();
     }
     return {};
   }
 
  private:
-  bool Has(std::size_t bytes) const { return content_.size() - at_ >= bytes; }
-
   /// A file may stop without its end mark once every row is there.
-  Failure Ended() const { return y_ < 0 ? Failure() : "The file ends too early."; }
+  Failure Ended() const {
+    if (!file_.Reason().empty()) return file_.Reason();
+    return y_ < 0 ? Failure() : "The file ends too early.";
+  }
 
   /// Sets the next pixel; what runs past the end of a row is dropped.
   void Put(Pixel pixel) {
@@ -56,18 +49,19 @@ class RunReader {
   }
 
   Pixel TrueColor(std::size_t at) const {
-    return MakePixel(content_[at + 2], content_[at + 1], content_[at]);
+    const std::uint8_t* bytes = file_.Data() + at;
+    return MakePixel(bytes[2], bytes[1], bytes[0]);
   }
 
   bool ReadRun(unsigned count) {
-    if (header_.compression == BmpCompression::Rle24) {
-      if (!Has(3)) return false;
-      for (unsigned i = 0; i < count; ++i) Put(TrueColor(at_));
-      at_ += 3;
-      return true;
+    const bool trueColor = header_.compression == BmpCompression::Rle24;
+    const std::size_t bytes = trueColor ? 3 : 1;
+    if (!file_.Show(bytes)) return false;
+    const unsigned value = file_.Data()[0];
+    for (unsigned i = 0; i < count; ++i) {
+      Put(trueColor ? TrueColor(0) : header_.palette[IndexIn(value, i)]);
     }
-    const unsigned value = content_[at_++];
-    for (unsigned i = 0; i < count; ++i) Put(header_.palette[IndexIn(value, i)]);
+    file_.Take(bytes);
     return true;
   }
 
@@ -81,9 +75,9 @@ class RunReader {
         ended_ = true;
         return true;
       case kDelta:
-        if (!Has(2)) return false;
-        Skip(content_[at_], content_[at_ + 1]);
-        at_ += 2;
+        if (!file_.Show(2)) return false;
+        Skip(file_.Data()[0], file_.Data()[1]);
+        file_.Take(2);
         return true;
       default:
         return ReadPixels(code);
@@ -95,16 +89,16 @@ class RunReader {
     const bool nibbles = header_.compression == BmpCompression::Rle4;
     std::size_t bytes = nibbles ? (count + 1) / 2 : count;
     if (trueColor) bytes = std::size_t{count} * 3;
-    if (!Has(bytes)) return false;
+    if (!file_.Show(bytes)) return false;
     for (unsigned i = 0; i < count; ++i) {
       if (trueColor) {
-        Put(TrueColor(at_ + std::size_t{i} * 3));
+        Put(TrueColor(std::size_t{i} * 3));
       } else {
-        Put(header_.palette[IndexIn(content_[at_ + (nibbles ? i / 2 : i)], i)]);
+        Put(header_.palette[IndexIn(file_.Data()[nibbles ? i / 2 : i], i)]);
       }
     }
     // Such pixels end on an even byte.
-    at_ += std::min(bytes + bytes % 2, content_.size() - at_);
+    file_.Skip(bytes + bytes % 2);
     return true;
   }
 
@@ -114,10 +108,9 @@ class RunReader {
     return i % 2 == 0 ? byte >> 4U : byte & 0xFU;
   }
 
-  const Bytes& content_;
+  ByteWindow& file_;
   const BmpHeader& header_;
   Surface target_;
-  std::size_t at_;
   int x_ = 0;
   int y_;
   bool ended_ = false;
@@ -125,8 +118,8 @@ class RunReader {
 
 }  // namespace
 
-Failure ReadBmpRuns(const Bytes& content, const BmpHeader& header, Picture& picture) {
-  return RunReader(content, header, picture).Read();
+Failure ReadBmpRuns(ByteWindow& file, const BmpHeader& header, const Surface& picture) {
+  return RunReader(file, header, picture).Read();
 }
 
 }  // namespace morvane

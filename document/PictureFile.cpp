@@ -3,8 +3,19 @@
 #include <new>
 
 #include "document/Bmp.h"
+#include "document/ByteSources.h"
 
 namespace morvane {
+
+namespace {
+
+Result<Picture> DecodeForeign(Platform& platform, ByteSource& content) {
+  Result<Bytes> bytes = ReadAll(content);
+  return bytes.Ok() ? platform.DecodePicture(bytes.Value())
+                    : Result<Picture>::Failed(bytes.Reason());
+}
+
+}  // namespace
 
 Result<Picture> WithinMemory(const std::function<Result<Picture>()>& load) {
   try {
@@ -16,16 +27,17 @@ Result<Picture> WithinMemory(const std::function<Result<Picture>()>& load) {
 
 Result<Picture> LoadPicture(Platform& platform, const std::string& path) {
   return WithinMemory([&] {
-    Result<Bytes> content = platform.ReadFile(path);
-    if (!content.Ok()) return Result<Picture>::Failed(content.Reason());
-    if (content.Value().empty()) return Result<Picture>::Failed("The file is empty.");
-    return IsBmp(content.Value()) ? ReadBmp(content.Value())
-                                  : platform.DecodePicture(content.Value());
+    Result<std::unique_ptr<ByteSource>> file = platform.OpenFile(path);
+    if (!file.Ok()) return Result<Picture>::Failed(file.Reason());
+    ByteSource& content = *file.Value();
+    if (content.Size() == 0) return Result<Picture>::Failed("The file is empty.");
+    return IsBmp(content) ? ReadBmp(content) : DecodeForeign(platform, content);
   });
 }
 
 Failure SavePicture(Platform& platform, const PictureView& picture, const std::string& path) {
-  return platform.WriteFile(path, WriteBmp(picture));
+  BmpEncoder file(picture);
+  return platform.WriteFile(path, file);
 }
 
 }  // namespace morvane

@@ -6,7 +6,8 @@
 namespace morvane {
 
 void TakeSnapshot(Document& document) {
-  const Failure failure = document.platform.WriteSnapshot(WriteBmp(document.Canvas.Image()));
+  BmpEncoder map(document.Canvas.Image());
+  const Failure failure = document.platform.WriteSnapshot(map);
   if (failure.empty() || document.SnapshotFailureTold) return;
   document.SnapshotFailureTold = true;
   TellFailure(document.platform,

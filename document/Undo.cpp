@@ -9,8 +9,8 @@ namespace {
 
 Result<Picture> LoadSnapshot(Platform& platform) {
   return WithinMemory([&] {
-    Result<Bytes> content = platform.ReadSnapshot();
-    return content.Ok() ? ReadBmp(content.Value()) : Result<Picture>::Failed(content.Reason());
+    Result<std::unique_ptr<ByteSource>> snapshot = platform.OpenSnapshot();
+    return snapshot.Ok() ? ReadBmp(*snapshot.Value()) : Result<Picture>::Failed(snapshot.Reason());
   });
 }
 

@@ -10,6 +10,10 @@
 #include <QSaveFile>
 #include <algorithm>
 #include <cstdio>
+#include <memory>
+#include <utility>
+
+#include "platform/ChunkBuffer.h"
 
 namespace morvane {
 namespace {
@@ -21,6 +25,41 @@ Failure WhyNotNormal(const QFileInfo& info) {
   if (info.isFile()) return info.size() > kMostBytes ? "The file is too large." : Failure();
   return info.exists() ? "This is not a normal file." : "There is no such file.";
 }
+
+Failure ReasonOf(const QFileDevice& file) {
+  return file.errorString().toStdString();
+}
+
+class NormalFile : public ByteSource {
+ public:
+  explicit NormalFile(const std::string& path) : file_(QString::fromStdString(path)) {}
+
+  Failure Open() {
+    Failure failure = WhyNotNormal(QFileInfo(file_));
+    if (!failure.empty()) return failure;
+    if (!file_.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return ReasonOf(file_);
+    size_ = static_cast<std::size_t>(file_.size());
+    return {};
+  }
+
+  std::size_t Size() const override { return size_; }
+
+  Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override {
+    if (!file_.seek(static_cast<qint64>(place))) return ReasonOf(file_);
+    while (!buffer.empty()) {
+      const qint64 read =
+          file_.read(reinterpret_cast<char*>(buffer.data()), static_cast<qint64>(buffer.size()));
+      if (read < 0) return ReasonOf(file_);
+      if (read == 0) return "The file ends too early.";
+      buffer = buffer.subspan(static_cast<std::size_t>(read));
+    }
+    return {};
+  }
+
+ private:
+  QFile file_;
+  std::size_t size_ = 0;
+};
 
 std::vector<std::string> InNaturalOrder(QStringList names) {
   // The plain "C" locale knows no natural order.
@@ -37,31 +76,29 @@ std::vector<std::string> InNaturalOrder(QStringList names) {
 
 }  // namespace
 
-Result<Bytes> ReadNormalFile(const std::string& path) {
-  QFile file(QString::fromStdString(path));
-  Failure failure = WhyNotNormal(QFileInfo(file));
-  if (!failure.empty()) return Result<Bytes>::Failed(std::move(failure));
-  if (!file.open(QIODevice::ReadOnly)) {
-    return Result<Bytes>::Failed(file.errorString().toStdString());
-  }
-  Bytes content(static_cast<std::size_t>(file.size()));
-  const qint64 read = file.read(reinterpret_cast<char*>(content.data()), file.size());
-  if (read < 0) return Result<Bytes>::Failed(file.errorString().toStdString());
-  content.resize(static_cast<std::size_t>(read));
-  return content;
+Result<std::unique_ptr<ByteSource>> OpenNormalFile(const std::string& path) {
+  using Opened = Result<std::unique_ptr<ByteSource>>;
+  auto file = std::make_unique<NormalFile>(path);
+  Failure failure = file->Open();
+  return failure.empty() ? Opened(std::move(file)) : Opened::Failed(std::move(failure));
 }
 
-Failure ReplaceFile(const std::string& path, const Bytes& content) {
+Failure ReplaceFile(const std::string& path, ByteSource& content) {
   const QFileInfo info(QString::fromStdString(path));
   if (info.isDir()) return "This is a folder, not a file.";
   if (info.exists() && !info.isFile()) return "This is not a normal file.";
   if (!info.dir().exists()) return "The folder doesn't exist.";
   QSaveFile file(info.filePath());
-  const auto size = static_cast<qint64>(content.size());
-  const bool done = file.open(QIODevice::WriteOnly) &&
-                    file.write(reinterpret_cast<const char*>(content.data()), size) == size &&
-                    file.commit();
-  return done ? Failure() : file.errorString().toStdString();
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return ReasonOf(file);
+  Failure failure = ForEachChunk(
+      content, {}, [&file](std::size_t /*place*/, std::span<const std::uint8_t> bytes) {
+        const auto size = static_cast<qint64>(bytes.size());
+        const bool isWritten =
+            file.write(reinterpret_cast<const char*>(bytes.data()), size) == size;
+        return isWritten ? Failure() : ReasonOf(file);
+      });
+  if (!failure.empty()) return failure;
+  return file.commit() ? Failure() : ReasonOf(file);
 }
 
 std::vector<std::string> FoldersIn(const std::string& folder) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -7,12 +8,12 @@
 
 namespace morvane {
 
-/// The whole of a normal file. Folders, pipes and devices are refused before they are opened.
-Result<Bytes> ReadNormalFile(const std::string& path);
+/// Opens a normal file. Folders, pipes and devices are refused before they are opened.
+Result<std::unique_ptr<ByteSource>> OpenNormalFile(const std::string& path);
 
 /// Writes a temporary file beside the target, flushes it and renames it over the target. Symbolic
 /// links are followed and the file's mode is kept.
-Failure ReplaceFile(const std::string& path, const Bytes& content);
+Failure ReplaceFile(const std::string& path, ByteSource& content);
 
 /// The names of the folders in a folder, in natural order.
 std::vector<std::string> FoldersIn(const std::string& folder);

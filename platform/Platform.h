@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <span>
 #include <string>
 #include <utility>
 #include <variant>
@@ -32,6 +35,23 @@ class [[nodiscard]] Result {
   Result(Failure reason, FailedTag) : state_(std::in_place_index<1>, std::move(reason)) {}
   std::variant<T, Failure> state_;
 };
+
+/// The bytes of a file: on the disk, in memory, or made from a picture while they are asked for.
+class ByteSource {
+ public:
+  ByteSource() = default;
+  ByteSource(const ByteSource&) = delete;
+  ByteSource& operator=(const ByteSource&) = delete;
+  virtual ~ByteSource() = default;
+
+  /// How many bytes there are.
+  virtual std::size_t Size() const = 0;
+  /// Fills a buffer with the bytes from a place on. The caller asks for none beyond the end.
+  virtual Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) = 0;
+};
+
+/// So many bytes are read or written at once: no file is ever held twice in memory.
+inline constexpr std::size_t kChunkBytes = std::size_t{256} << 10U;
 
 /// Buttons and icon of a message box.
 enum class BoxStyle {
@@ -76,10 +96,10 @@ class Platform {
   /// Whether a normal file of that name exists.
   virtual bool FileExists(const std::string& path) = 0;
   virtual bool FolderExists(const std::string& path) = 0;
-  /// The whole of a normal file; anything else is refused with its reason.
-  virtual Result<Bytes> ReadFile(const std::string& path) = 0;
+  /// Opens a normal file for reading; anything else is refused with its reason.
+  virtual Result<std::unique_ptr<ByteSource>> OpenFile(const std::string& path) = 0;
   /// Puts the bytes in the place of a file, all or nothing: after a failure the old file is intact.
-  virtual Failure WriteFile(const std::string& path, const Bytes& content) = 0;
+  virtual Failure WriteFile(const std::string& path, ByteSource& content) = 0;
   /// The names of the folders in a folder, in natural order. One that can't be read has none.
   virtual std::vector<std::string> ListFolders(const std::string& folder) = 0;
   /// The roots of the mounted volumes, that of the system first.
@@ -101,8 +121,9 @@ class Platform {
                                             const std::string& value, const std::string& path) = 0;
 
   /// Replaces the one snapshot of this process. After a failure there is none.
-  virtual Failure WriteSnapshot(const Bytes& content) = 0;
-  virtual Result<Bytes> ReadSnapshot() = 0;
+  virtual Failure WriteSnapshot(ByteSource& content) = 0;
+  /// The snapshot, to be read before the next one is written.
+  virtual Result<std::unique_ptr<ByteSource>> OpenSnapshot() = 0;
   virtual void DeleteSnapshot() = 0;
 
   /// Decodes a picture of any format but BMP, laid over white.

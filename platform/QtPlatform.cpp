@@ -6,6 +6,7 @@
 #include <QStandardPaths>
 #include <utility>
 
+#include "document/ByteSources.h"
 #include "platform/Files.h"
 #include "platform/PictureDecoding.h"
 #include "platform/PrivateProfile.h"
@@ -14,8 +15,12 @@
 namespace morvane {
 namespace {
 
-std::string StringOf(const Bytes& bytes) {
-  return {bytes.begin(), bytes.end()};
+Result<std::string> ReadText(const std::string& path) {
+  Result<std::unique_ptr<ByteSource>> file = OpenNormalFile(path);
+  if (!file.Ok()) return Result<std::string>::Failed(file.Reason());
+  Result<Bytes> bytes = ReadAll(*file.Value());
+  if (!bytes.Ok()) return Result<std::string>::Failed(bytes.Reason());
+  return std::string(bytes.Value().begin(), bytes.Value().end());
 }
 
 /// A dialog that a form has opened belongs to that form, not to the main window behind it.
@@ -72,11 +77,11 @@ bool QtPlatform::FolderExists(const std::string& path) {
   return !path.empty() && QFileInfo(QString::fromStdString(path)).isDir();
 }
 
-Result<Bytes> QtPlatform::ReadFile(const std::string& path) {
-  return ReadNormalFile(path);
+Result<std::unique_ptr<ByteSource>> QtPlatform::OpenFile(const std::string& path) {
+  return OpenNormalFile(path);
 }
 
-Failure QtPlatform::WriteFile(const std::string& path, const Bytes& content) {
+Failure QtPlatform::WriteFile(const std::string& path, ByteSource& content) {
   return ReplaceFile(path, content);
 }
 
@@ -102,28 +107,30 @@ std::vector<std::string> QtPlatform::RescueFolders() {
 std::string QtPlatform::GetPrivateProfileString(const std::string& section, const std::string& key,
                                                 const std::string& dv, std::size_t size,
                                                 const std::string& path) {
-  Result<Bytes> file = ReadNormalFile(path);
-  if (!file.Ok()) return CutText(dv, size - 1);
-  return CutText(FindProfileValue(StringOf(file.Value()), section, key, dv), size - 1);
+  Result<std::string> text = ReadText(path);
+  if (!text.Ok()) return CutText(dv, size - 1);
+  return CutText(FindProfileValue(text.Value(), section, key, dv), size - 1);
 }
 
 Failure QtPlatform::WritePrivateProfileString(const std::string& section, const std::string& key,
                                               const std::string& value, const std::string& path) {
   std::string text;
   if (QFileInfo::exists(QString::fromStdString(path))) {
-    Result<Bytes> file = ReadNormalFile(path);
-    if (!file.Ok()) return file.Reason();
-    text = StringOf(file.Value());
+    Result<std::string> old = ReadText(path);
+    if (!old.Ok()) return old.Reason();
+    text = std::move(old.Value());
   }
   const std::string changed = WithProfileValue(text, section, key, value);
-  return ReplaceFile(path, Bytes(changed.begin(), changed.end()));
+  const Bytes bytes(changed.begin(), changed.end());
+  MemorySource content(bytes);
+  return ReplaceFile(path, content);
 }
 
-Failure QtPlatform::WriteSnapshot(const Bytes& content) {
+Failure QtPlatform::WriteSnapshot(ByteSource& content) {
   return snapshot_.Write(content);
 }
 
-Result<Bytes> QtPlatform::ReadSnapshot() {
+Result<std::unique_ptr<ByteSource>> QtPlatform::OpenSnapshot() {
   return snapshot_.Read();
 }
 

@@ -26,8 +26,8 @@ class QtPlatform : public Platform {
   std::string CurrentDirectory() override;
   bool FileExists(const std::string& path) override;
   bool FolderExists(const std::string& path) override;
-  Result<Bytes> ReadFile(const std::string& path) override;
-  Failure WriteFile(const std::string& path, const Bytes& content) override;
+  Result<std::unique_ptr<ByteSource>> OpenFile(const std::string& path) override;
+  Failure WriteFile(const std::string& path, ByteSource& content) override;
   std::vector<std::string> ListFolders(const std::string& folder) override;
   std::vector<std::string> ListDrives() override;
   std::vector<std::string> ListFiles(const std::string& folder,
@@ -38,8 +38,8 @@ class QtPlatform : public Platform {
                                       const std::string& path) override;
   Failure WritePrivateProfileString(const std::string& section, const std::string& key,
                                     const std::string& value, const std::string& path) override;
-  Failure WriteSnapshot(const Bytes& content) override;
-  Result<Bytes> ReadSnapshot() override;
+  Failure WriteSnapshot(ByteSource& content) override;
+  Result<std::unique_ptr<ByteSource>> OpenSnapshot() override;
   void DeleteSnapshot() override;
   Result<Picture> DecodePicture(const Bytes& content) override;
   bool EditText(std::string& text) override;

@@ -25,13 +25,50 @@ bool IsOurs(const struct stat& file) {
   return S_ISREG(file.st_mode) && file.st_uid == geteuid() && file.st_nlink == 1;
 }
 
+bool WriteAt(int file, std::size_t place, std::span<const std::uint8_t> bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = pwrite(file, bytes.data(), bytes.size(), static_cast<off_t>(place));
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) return false;
+    place += static_cast<std::size_t>(written);
+    bytes = bytes.subspan(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+/// A file that somebody else holds open.
+class HeldFile : public ByteSource {
+ public:
+  HeldFile(int file, std::size_t size, std::string path)
+      : file_(file), size_(size), path_(std::move(path)) {}
+
+  std::size_t Size() const override { return size_; }
+
+  Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override {
+    while (!buffer.empty()) {
+      const ssize_t read = pread(file_, buffer.data(), buffer.size(), static_cast<off_t>(place));
+      if (read < 0 && errno == EINTR) continue;
+      if (read < 0) return SystemReason(path_);
+      if (read == 0) return "The snapshot file was cut short.";
+      place += static_cast<std::size_t>(read);
+      buffer = buffer.subspan(static_cast<std::size_t>(read));
+    }
+    return {};
+  }
+
+ private:
+  int file_;
+  std::size_t size_;
+  std::string path_;
+};
+
 }  // namespace
 
 SnapshotFile::~SnapshotFile() {
   Delete();
 }
 
-Failure SnapshotFile::Write(const Bytes& content) {
+Failure SnapshotFile::Write(ByteSource& content) {
   size_ = 0;
   if (file_ < 0 && !OpenInCurrentDirectory().empty()) {
     Failure failure = OpenInPrivateFolder();
@@ -44,23 +81,14 @@ Failure SnapshotFile::Write(const Bytes& content) {
     if (!OpenInPrivateFolder().empty()) return failure;
     failure = Overwrite(content);
   }
-  if (failure.empty()) size_ = content.size();
+  if (failure.empty()) size_ = content.Size();
   return failure;
 }
 
-Result<Bytes> SnapshotFile::Read() const {
-  if (size_ == 0) return Result<Bytes>::Failed("No earlier state of the map was kept.");
-  Bytes content(size_);
-  std::size_t done = 0;
-  while (done < size_) {
-    const ssize_t read =
-        pread(file_, content.data() + done, size_ - done, static_cast<off_t>(done));
-    if (read < 0 && errno == EINTR) continue;
-    if (read < 0) return Result<Bytes>::Failed(SystemReason(path_));
-    if (read == 0) return Result<Bytes>::Failed("The snapshot file was cut short.");
-    done += static_cast<std::size_t>(read);
-  }
-  return content;
+Result<std::unique_ptr<ByteSource>> SnapshotFile::Read() const {
+  using Opened = Result<std::unique_ptr<ByteSource>>;
+  if (size_ == 0) return Opened::Failed("No earlier state of the map was kept.");
+  return Opened(std::make_unique<HeldFile>(file_, size_, path_));
 }
 
 void SnapshotFile::Delete() {
@@ -103,16 +131,13 @@ Failure SnapshotFile::Open(const std::string& path) {
   return {};
 }
 
-Failure SnapshotFile::Overwrite(const Bytes& content) const {
-  std::size_t done = 0;
-  while (done < content.size()) {
-    const ssize_t written =
-        pwrite(file_, content.data() + done, content.size() - done, static_cast<off_t>(done));
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return SystemReason(path_);
-    done += static_cast<std::size_t>(written);
-  }
-  return ftruncate(file_, static_cast<off_t>(content.size())) == 0 ? Failure()
+Failure SnapshotFile::Overwrite(ByteSource& content) {
+  Failure failure =
+      ForEachChunk(content, chunk_, [this](std::size_t place, std::span<const std::uint8_t> bytes) {
+        return WriteAt(file_, place, bytes) ? Failure() : SystemReason(path_);
+      });
+  if (!failure.empty()) return failure;
+  return ftruncate(file_, static_cast<off_t>(content.Size())) == 0 ? Failure()
                                                                    : SystemReason(path_);
 }
 

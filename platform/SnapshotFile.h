@@ -1,7 +1,9 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
+#include "platform/ChunkBuffer.h"
 #include "platform/Platform.h"
 
 namespace morvane {
@@ -18,20 +20,22 @@ class SnapshotFile {
   SnapshotFile& operator=(const SnapshotFile&) = delete;
   ~SnapshotFile();
 
-  Failure Write(const Bytes& content);
-  Result<Bytes> Read() const;
+  Failure Write(ByteSource& content);
+  /// The snapshot, to be read before the next one is written.
+  Result<std::unique_ptr<ByteSource>> Read() const;
   void Delete();
 
  private:
   Failure OpenInCurrentDirectory();
   Failure OpenInPrivateFolder();
   Failure Open(const std::string& path);
-  Failure Overwrite(const Bytes& content) const;
+  Failure Overwrite(ByteSource& content);
 
   int file_ = -1;
   std::string path_;
   bool isPrivate_ = false;  ///< then nothing bears its name any more
   std::size_t size_ = 0;    ///< of the snapshot; 0 where there is none
+  ChunkBuffer chunk_;
 };
 
 }  // namespace morvane

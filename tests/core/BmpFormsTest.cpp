@@ -4,6 +4,7 @@
 
 #include "document/Bmp.h"
 #include "tests/support/BmpMaker.h"
+#include "tests/support/FileBytes.h"
 #include "tests/support/Sample.h"
 
 namespace morvane {

@@ -8,6 +8,7 @@
 #include <csignal>
 
 #include "document/Blit.h"
+#include "tests/support/FileBytes.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {
@@ -18,23 +19,27 @@ struct Files : testing::Test {
   const Bytes content = {1, 2, 3, 4};
 
   Bytes Read(const char* name) {
-    Result<Bytes> read = ReadNormalFile(folder.File(name));
-    EXPECT_TRUE(read.Ok()) << name << ": " << read.Reason();
-    return read.Ok() ? read.Value() : Bytes();
+    Result<std::unique_ptr<ByteSource>> file = OpenNormalFile(folder.File(name));
+    EXPECT_TRUE(file.Ok()) << name << ": " << file.Reason();
+    return file.Ok() ? ReadAll(*file.Value()).Value() : Bytes();
+  }
+  static Failure Replace(const std::string& path, const Bytes& bytes) {
+    MemorySource source(bytes);
+    return ReplaceFile(path, source);
   }
 };
 
 TEST_F(Files, WhatIsWrittenIsRead) {
-  EXPECT_EQ(ReplaceFile(folder.File("a b ü.bmp"), content), "");
+  EXPECT_EQ(Replace(folder.File("a b ü.bmp"), content), "");
   EXPECT_EQ(Read("a b ü.bmp"), content);
   EXPECT_EQ(QDir().entryList(QDir::Files | QDir::Hidden).size(), 1);
 }
 
 TEST_F(Files, LinksAreFollowedAndTheModeIsKept) {
-  ASSERT_EQ(ReplaceFile(folder.File("target"), {}), "");
+  ASSERT_EQ(Replace(folder.File("target"), {}), "");
   ASSERT_EQ(chmod("target", 0640), 0);
   ASSERT_TRUE(QFile::link("target", "link"));
-  EXPECT_EQ(ReplaceFile(folder.File("link"), content), "");
+  EXPECT_EQ(Replace(folder.File("link"), content), "");
   EXPECT_TRUE(QFileInfo("link").isSymLink());
   EXPECT_EQ(Read("target"), content);
   struct stat status {};
@@ -51,25 +56,25 @@ TEST_F(Files, WhatIsNoNormalFileIsRefusedWithoutAHang) {
       {folder.File("missing"), "There is no such file."},
       {"/dev/zero", "This is not a normal file."}};
   for (const auto& [path, reason] : rows) {
-    Result<Bytes> read = ReadNormalFile(path);
+    Result<std::unique_ptr<ByteSource>> read = OpenNormalFile(path);
     ASSERT_FALSE(read.Ok()) << path;
     EXPECT_EQ(read.Reason(), reason);
   }
-  EXPECT_EQ(ReplaceFile(folder.File("map.bmp"), content), "This is a folder, not a file.");
-  EXPECT_EQ(ReplaceFile(folder.File("pipe"), content), "This is not a normal file.");
-  EXPECT_EQ(ReplaceFile(folder.File("gone/a.bmp"), content), "The folder doesn't exist.");
-  EXPECT_NE(ReplaceFile("/proc/a.bmp", content), "");
+  EXPECT_EQ(Replace(folder.File("map.bmp"), content), "This is a folder, not a file.");
+  EXPECT_EQ(Replace(folder.File("pipe"), content), "This is not a normal file.");
+  EXPECT_EQ(Replace(folder.File("gone/a.bmp"), content), "The folder doesn't exist.");
+  EXPECT_NE(Replace("/proc/a.bmp", content), "");
 }
 
 TEST_F(Files, AFullDiskLeavesTheOldFile) {
   const std::string path = folder.File("old.bmp");
-  ASSERT_EQ(ReplaceFile(path, content), "");
+  ASSERT_EQ(Replace(path, content), "");
   rlimit before{};
   getrlimit(RLIMIT_FSIZE, &before);
   const auto handler = std::signal(SIGXFSZ, SIG_IGN);
   const rlimit little{1000, before.rlim_max};
   setrlimit(RLIMIT_FSIZE, &little);
-  const Failure failure = ReplaceFile(path, Bytes(100'000, 7));
+  const Failure failure = Replace(path, Bytes(100'000, 7));
   setrlimit(RLIMIT_FSIZE, &before);
   std::signal(SIGXFSZ, handler);
   EXPECT_NE(failure, "");

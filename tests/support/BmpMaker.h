@@ -3,9 +3,19 @@
 #include <vector>
 
 #include "document/Color.h"
-#include "document/LittleEndian.h"
+#include "platform/Platform.h"
 
 namespace morvane {
+
+inline void Append16(Bytes& bytes, std::uint32_t value) {
+  bytes.push_back(static_cast<std::uint8_t>(value));
+  bytes.push_back(static_cast<std::uint8_t>(value >> 8U));
+}
+
+inline void Append32(Bytes& bytes, std::uint32_t value) {
+  Append16(bytes, value);
+  Append16(bytes, value >> 16U);
+}
 
 /// Puts BMP files of every form together, sound and unsound ones.
 struct BmpMaker {

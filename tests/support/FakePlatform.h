@@ -12,6 +12,7 @@
 
 #include "document/Blit.h"
 #include "platform/Platform.h"
+#include "tests/support/FileBytes.h"
 
 namespace morvane {
 
@@ -90,15 +91,15 @@ class FakePlatform : public Platform, public DialogScript {
   std::string CurrentDirectory() override { return "/start"; }
   bool FileExists(const std::string& path) override { return files.contains(path); }
   bool FolderExists(const std::string& path) override { return folders.contains(path); }
-  Result<Bytes> ReadFile(const std::string& path) override {
-    if (!files.contains(path)) return Result<Bytes>::Failed("There is no such file.");
-    return files[path];
+  Result<std::unique_ptr<ByteSource>> OpenFile(const std::string& path) override {
+    if (!files.contains(path)) return Opened::Failed("There is no such file.");
+    return Opened(std::make_unique<OwnedBytes>(files[path]));
   }
-  Failure WriteFile(const std::string& path, const Bytes& content) override {
+  Failure WriteFile(const std::string& path, ByteSource& content) override {
     for (const std::string& beginning : unwritable) {
       if (path.starts_with(beginning)) return "No space left on device";
     }
-    files[path] = content;
+    files[path] = ReadAll(content).Value();
     return {};
   }
   std::vector<std::string> ListDrives() override { return {"/"}; }
@@ -124,17 +125,17 @@ class FakePlatform : public Platform, public DialogScript {
     settings[section + "/" + key] = value;
     return {};
   }
-  Failure WriteSnapshot(const Bytes& content) override {
+  Failure WriteSnapshot(ByteSource& content) override {
     snapshot.clear();
     if (snapshotFails) return "No space left on device";
     ++snapshots;
-    snapshot = content;
+    snapshot = ReadAll(content).Value();
     return {};
   }
-  Result<Bytes> ReadSnapshot() override {
+  Result<std::unique_ptr<ByteSource>> OpenSnapshot() override {
     if (memoryIsFull) throw std::bad_alloc();
-    if (snapshot.empty()) return Result<Bytes>::Failed("No earlier state of the map was kept.");
-    return snapshot;
+    if (snapshot.empty()) return Opened::Failed("No earlier state of the map was kept.");
+    return Opened(std::make_unique<OwnedBytes>(snapshot));
   }
   void DeleteSnapshot() override { snapshot.clear(); }
   Result<Picture> DecodePicture(const Bytes&) override {
@@ -154,6 +155,8 @@ class FakePlatform : public Platform, public DialogScript {
   void ShowColor(std::uint32_t& color) override { Color(color); }
 
  private:
+  using Opened = Result<std::unique_ptr<ByteSource>>;
+
   static std::vector<std::string> NamesIn(const std::string& folder,
                                           const std::set<std::string>& paths) {
     const std::string beginning = folder.ends_with('/') ? folder : folder + '/';

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstddef>
+
+#include "platform/Platform.h"
+
+namespace morvane {
+
+/// Bytes in memory that belong to somebody else.
+class MemorySource : public ByteSource {
+ public:
+  explicit MemorySource(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
+
+  std::size_t Size() const override { return bytes_.size(); }
+  Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override;
+
+ private:
+  std::span<const std::uint8_t> bytes_;
+};
+
+/// All bytes of a source at once.
+Result<Bytes> ReadAll(ByteSource& source);
+
+/// Reads a source from front to back through a window of some bytes.
+class ByteWindow {
+ public:
+  explicit ByteWindow(ByteSource& source) : source_(source) {}
+
+  /// Bytes that were not taken yet.
+  std::size_t Left() const { return source_.Size() - place_ + (end_ - begin_); }
+  /// Makes the window show the next bytes, so many at least. False if there aren't so many, or they
+  /// can't be read.
+  bool Show(std::size_t count) { return count <= end_ - begin_ || Fill(count); }
+  /// The next bytes, as many as were shown.
+  const std::uint8_t* Data() const { return buffer_.data() + begin_; }
+  std::size_t Shown() const { return end_ - begin_; }
+  /// Moves on behind bytes that were shown.
+  void Take(std::size_t count) { begin_ += count; }
+  /// Moves on behind bytes that may lie beyond the window.
+  void Skip(std::size_t count);
+
+  /// Why bytes could not be read; empty where there are none.
+  const Failure& Reason() const { return reason_; }
+
+ private:
+  bool Fill(std::size_t count);
+
+  ByteSource& source_;
+  Bytes buffer_;
+  std::size_t begin_ = 0;
+  std::size_t end_ = 0;
+  std::size_t place_ = 0;  ///< in the source, of the byte behind the window
+  Failure reason_;
+};
+
+}  // namespace morvane

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "document/Bmp.h"
+#include "document/ByteSources.h"
+#include "platform/Platform.h"
+
+namespace morvane {
+
+/// A picture as the bytes of a map file.
+inline Bytes WriteBmp(const PictureView& picture) {
+  BmpEncoder file(picture);
+  return ReadAll(file).Value();
+}
+
+inline Result<Picture> ReadBmp(const Bytes& bytes) {
+  MemorySource file(bytes);
+  return ReadBmp(file);
+}
+
+/// A file that owns its bytes.
+class OwnedBytes : public ByteSource {
+ public:
+  explicit OwnedBytes(Bytes bytes) : bytes_(std::move(bytes)), source_(bytes_) {}
+
+  std::size_t Size() const override { return source_.Size(); }
+  Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override {
+    return source_.ReadAt(place, buffer);
+  }
+
+ private:
+  Bytes bytes_;
+  MemorySource source_;
+};
+
+}  // namespace morvane
