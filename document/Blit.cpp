@@ -3,22 +3,9 @@
 #include <algorithm>
 #include <cstring>
 
-#include "document/KeyedCopy.h"
+#include "document/ClipCopy.h"
 
 namespace morvane {
-namespace {
-
-/// The part of a copy that lies inside both the target and the source, in target coordinates.
-Rect ClipCopy(const Surface& target, const Rect& rect, const PictureView& source, int sourceX,
-              int sourceY) {
-  const int dx = rect.left - sourceX;
-  const int dy = rect.top - sourceY;
-  return rect.Intersected(target.Bounds())
-      .Intersected({dx, dy, source.width + dx, source.height + dy});
-}
-
-}  // namespace
-
 void BitBlt(const Surface& target, int x, int y, int width, int height, const PictureView& source,
             int sourceX, int sourceY) {
   const Rect rect = ClipCopy(target, {x, y, x + width, y + height}, source, sourceX, sourceY);
@@ -28,17 +15,6 @@ void BitBlt(const Surface& target, int x, int y, int width, int height, const Pi
     std::memcpy(target.Row(row) + rect.left,
                 source.Row(row - y + sourceY) + rect.left - x + sourceX, bytes);
   }
-  target.NoteDamage(rect);
-}
-
-void TransparentBlt(const Surface& target, int x, int y, int width, int height,
-                    const PictureView& source, int sourceX, int sourceY, Color transparent) {
-  const Rect rect = ClipCopy(target, {x, y, x + width, y + height}, source, sourceX, sourceY);
-  if (rect.IsEmpty()) return;
-  const Surface to = {target.Row(rect.top) + rect.left, rect.Width(), rect.Height(), target.stride};
-  const PictureView from = {source.Row(rect.top - y + sourceY) + rect.left - x + sourceX,
-                            rect.Width(), rect.Height(), source.stride};
-  CopyKeyed(to, from, PixelOf(transparent));
   target.NoteDamage(rect);
 }
 

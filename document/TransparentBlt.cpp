@@ -1,9 +1,9 @@
-#include "document/KeyedCopy.h"
-
 #include <algorithm>
 #include <array>
 #include <cstdint>
 
+#include "document/Blit.h"
+#include "document/ClipCopy.h"
 #include "document/PixelVector.h"
 
 namespace morvane {
@@ -24,7 +24,7 @@ inline void Overlay(Vector& result, const Pixel* to, const Pixel* from, const Ve
 /// For rows of at least one vector. The last vector of a row may overlap the one before, which
 /// changes nothing: it is read first, so that it needn't wait for what was just written.
 template <typename Vector>
-inline void CopyKeyedRows(const Surface& to, const PictureView& from, Pixel key) {
+inline void CopyKeyedRows(Surface to, PictureView from, Pixel key) {
   const Vector keys = Vector{} + key;
   const int last = to.width - kPixelsOf<Vector>;
   for (int y = 0; y < to.height; ++y) {
@@ -56,7 +56,7 @@ inline bool IsAllKey(const Pixel* from, const PixelVector& keys) {
 }
 
 /// The same for rows of at least one long run: such runs are often left out.
-inline void CopyKeyedRuns(const Surface& to, const PictureView& from, Pixel key) {
+inline void CopyKeyedRuns(Surface to, PictureView from, Pixel key) {
   const PixelVector keys = PixelVector{} + key;
   const int last = to.width - kLongRun;
   for (int y = 0; y < to.height; ++y) {
@@ -74,9 +74,7 @@ inline void CopyKeyedRuns(const Surface& to, const PictureView& from, Pixel key)
   }
 }
 
-}  // namespace
-
-MORVANE_WIDE void CopyKeyed(const Surface& to, const PictureView& from, Pixel key) {
+inline void CopyKeyed(Surface to, PictureView from, Pixel key) {
   if (to.width >= kLongRun) {
     CopyKeyedRuns(to, from, key);
   } else if (to.width >= kPixelsOf<PixelVector>) {
@@ -86,6 +84,20 @@ MORVANE_WIDE void CopyKeyed(const Surface& to, const PictureView& from, Pixel ke
   } else {
     CopyKeyedRows<Pixel>(to, from, key);
   }
+}
+
+}  // namespace
+
+MORVANE_WIDE void TransparentBlt(const Surface& target, int x, int y, int width, int height,
+                                 const PictureView& source, int sourceX, int sourceY,
+                                 Color transparent) {
+  const Rect rect = ClipCopy(target, {x, y, x + width, y + height}, source, sourceX, sourceY);
+  if (rect.IsEmpty()) return;
+  const Surface to = {target.Row(rect.top) + rect.left, rect.Width(), rect.Height(), target.stride};
+  const PictureView from = {source.Row(rect.top - y + sourceY) + rect.left - x + sourceX,
+                            rect.Width(), rect.Height(), source.stride};
+  CopyKeyed(to, from, PixelOf(transparent));
+  target.NoteDamage(rect);
 }
 
 }  // namespace morvane
