@@ -1,0 +1,36 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <string>
+
+#include "bench/start/WindowWatch.h"
+
+namespace start_bench {
+
+/// What a process occupies, in kB.
+struct Memory {
+  long resident = 0;
+  long proportional = 0;  ///< with its share of pages that others use too
+  long ownPages = 0;      ///< used by nobody else
+};
+
+/// A program that runs in an empty folder of its own until this goes.
+class Program {
+ public:
+  explicit Program(const std::string& path);
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+  ~Program();
+
+  Clock::time_point Started() const { return started_; }
+  Memory Occupies() const;
+
+ private:
+  std::filesystem::path folder_;
+  Clock::time_point started_;
+  pid_t process_;
+};
+
+}  // namespace start_bench

@@ -1,0 +1,111 @@
+// Starts Morvane and the bare window in turns and prints what their starts took, as rows of a
+// Markdown table: work | ours | against | ratio | target | met.
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "bench/start/Program.h"
+#include "bench/start/WindowWatch.h"
+
+namespace start_bench {
+namespace {
+
+constexpr int kMainWidth = 700;  // pixels; the splash is narrower
+constexpr double kSplashTime = 400;
+constexpr std::chrono::milliseconds kUntilIdle(1000);
+
+using Figures = std::vector<double>;
+
+struct Series {
+  Figures window;  ///< ms from the start to the first window
+  Figures main;    ///< ms from the splash to the main window, less the splash's own time
+  Figures resident, proportional, ownPages;  ///< MB
+};
+
+double Between(Clock::time_point one, Clock::time_point other) {
+  return std::chrono::duration<double, std::milli>(other - one).count();
+}
+
+double Median(Figures figures) {
+  std::sort(figures.begin(), figures.end());
+  return figures[figures.size() / 2];
+}
+
+void TakeMemory(const Program& program, Series& series) {
+  constexpr double kMegabyte = 1024;
+  std::this_thread::sleep_for(kUntilIdle);
+  const Memory memory = program.Occupies();
+  series.resident.push_back(static_cast<double>(memory.resident) / kMegabyte);
+  series.proportional.push_back(static_cast<double>(memory.proportional) / kMegabyte);
+  series.ownPages.push_back(static_cast<double>(memory.ownPages) / kMegabyte);
+}
+
+void StartBare(WindowWatch& watch, Series& series) {
+  const Program bare(BARE_PROGRAM);
+  const Appearance window = watch.NextWindow(kMainWidth);
+  series.window.push_back(Between(bare.Started(), window.painted));
+  TakeMemory(bare, series);
+}
+
+void StartMorvane(WindowWatch& watch, Series& series) {
+  const Program morvane(MORVANE_PROGRAM);
+  const Appearance splash = watch.NextWindow(1);
+  const Appearance main = watch.NextWindow(kMainWidth);
+  series.window.push_back(Between(morvane.Started(), splash.painted));
+  series.main.push_back(Between(splash.painted, main.painted) - kSplashTime);
+  TakeMemory(morvane, series);
+}
+
+/// A row of two programs; a target of 0 stands for none.
+void PrintRatio(const char* work, const Figures& ours, const Figures& bare, const char* unit,
+                double target) {
+  const double ratio = Median(ours) / Median(bare);
+  std::printf("| %s | %.1f %s | %.1f %s | %.2f | ", work, Median(ours), unit, Median(bare), unit,
+              ratio);
+  if (target > 0) {
+    std::printf("%.1f | %s |\n", target, ratio <= target ? "yes" : "no");
+  } else {
+    std::printf("- | - |\n");
+  }
+}
+
+void PrintTable(const Series& ours, const Series& bare) {
+  constexpr double kRatio = 1.5;
+  constexpr double kFewMilliseconds = 10;
+  PrintRatio("Start until the splash, bare window", ours.window, bare.window, "ms", kRatio);
+  const double rest = Median(ours.main);
+  std::printf("| Splash until the main window, beyond 400 ms | %.1f ms | - | - | %.0f ms | %s |\n",
+              rest, kFewMilliseconds, rest <= kFewMilliseconds ? "yes" : "no");
+  PrintRatio("Resident memory", ours.resident, bare.resident, "MB", kRatio);
+  PrintRatio("Memory with a share of what is shared", ours.proportional, bare.proportional, "MB",
+             0);
+  PrintRatio("Memory used by nobody else", ours.ownPages, bare.ownPages, "MB", 0);
+}
+
+void Run(int starts) {
+  WindowWatch watch;
+  Series ours;
+  Series bare;
+  // The first start of each reads the libraries from disk.
+  Series unused;
+  StartBare(watch, unused);
+  StartMorvane(watch, unused);
+  for (int i = 0; i < starts; ++i) {
+    StartBare(watch, bare);
+    StartMorvane(watch, ours);
+  }
+  PrintTable(ours, bare);
+}
+
+}  // namespace
+}  // namespace start_bench
+
+int main(int argc, char** argv) {
+  constexpr int kStarts = 11;
+  start_bench::Run(argc > 1 ? std::atoi(argv[1]) : kStarts);
+}
