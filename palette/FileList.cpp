@@ -8,30 +8,41 @@ namespace morvane {
 
 bool FileList::SetPath(Platform& platform, const std::string& path) {
   if (path.empty() || !platform.FolderExists(path)) return false;
+  platform_ = &platform;
   path_ = path;
-  Refresh(platform);
+  isRead_ = false;
   return true;
 }
 
-void FileList::Refresh(Platform& platform) {
-  files_ = platform.ListFiles(path_, Pattern);
+const std::vector<std::string>& FileList::Files() const {
+  if (!isRead_ && platform_ != nullptr) files_ = platform_->ListFiles(path_, Pattern);
+  isRead_ = true;
+  return files_;
 }
 
 bool FolderList::SetPath(Platform& platform, const std::string& path) {
   if (path.empty() || !platform.FolderExists(path)) return false;
+  platform_ = &platform;
   path_ = path;
+  isRead_ = false;
+  return true;
+}
+
+const std::vector<FolderList::Row>& FolderList::Rows() const {
+  if (isRead_) return rows_;
+  isRead_ = true;
   rows_ = {{.name = "/", .path = "/", .depth = 0, .isOnTheWay = true}};
-  for (std::size_t begin = 1; begin < path.size();) {
-    const std::size_t end = std::min(path.find('/', begin), path.size());
+  for (std::size_t begin = 1; begin < path_.size();) {
+    const std::size_t end = std::min(path_.find('/', begin), path_.size());
     const int depth = rows_.back().depth + 1;
-    rows_.push_back({path.substr(begin, end - begin), path.substr(0, end), depth, true});
+    rows_.push_back({path_.substr(begin, end - begin), path_.substr(0, end), depth, true});
     begin = end + 1;
   }
   const int depth = rows_.back().depth + 1;
-  for (const std::string& name : platform.ListFolders(path)) {
-    rows_.push_back({name, WithTrailingBackslash(path) + name, depth, false});
+  for (const std::string& name : platform_->ListFolders(path_)) {
+    rows_.push_back({name, WithTrailingBackslash(path_) + name, depth, false});
   }
-  return true;
+  return rows_;
 }
 
 }  // namespace morvane

@@ -7,26 +7,29 @@
 
 namespace morvane {
 
-/// The list of custom pictures in a folder.
+/// The list of custom pictures in a folder, which is read when the list is first looked at.
 class FileList {
  public:
   static constexpr const char* Pattern = "*.emf;*.wmf;*.cur;*.ico;*.jpg;*.gif;*.bmp;*.rle";
 
   const std::string& Path() const { return path_; }
-  const std::vector<std::string>& Files() const { return files_; }
+  const std::vector<std::string>& Files() const;
 
   /// Shows another folder. One that doesn't exist is refused: the list stays. Returns whether it
   /// shows.
   bool SetPath(Platform& platform, const std::string& path);
-  /// Reads the folder again.
-  void Refresh(Platform& platform);
+  /// Lets the folder be read again.
+  void Refresh() { isRead_ = false; }
 
  private:
+  Platform* platform_ = nullptr;
   std::string path_;
-  std::vector<std::string> files_;
+  mutable std::vector<std::string> files_;
+  mutable bool isRead_ = true;
 };
 
-/// The list of folders: the way from the root to the present one, then what it holds.
+/// The list of folders: the way from the root to the present one, then what it holds. That is read
+/// when the list is first looked at.
 class FolderList {
  public:
   struct Row {
@@ -38,15 +41,17 @@ class FolderList {
   };
 
   const std::string& Path() const { return path_; }
-  const std::vector<Row>& Rows() const { return rows_; }
+  const std::vector<Row>& Rows() const;
 
   /// Shows another folder. One that doesn't exist is refused: the list stays. Returns whether it
   /// shows.
   bool SetPath(Platform& platform, const std::string& path);
 
  private:
+  Platform* platform_ = nullptr;
   std::string path_;
-  std::vector<Row> rows_;
+  mutable std::vector<Row> rows_;
+  mutable bool isRead_ = true;
 };
 
 }  // namespace morvane

@@ -24,7 +24,7 @@ void TileSetSelector_Click(Palette& palette, int ListIndex) {
   palette.TileSetSelector.ListIndex = ListIndex;
   if (ListIndex != kCustomSet) return;
   palette.Custom.SetPictureAndSize(palette.Picture1Picture);
-  palette.File1.Refresh(palette.document.platform);
+  palette.File1.Refresh();
 }
 
 void TabStrip_Click(Palette& palette, int set, int tab) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "document/Bmp.h"
+#include "palette/PalettePages.h"
 #include "tests/support/Sample.h"
 
 namespace morvane {
@@ -35,6 +36,20 @@ TEST(MainForm, TheStoredCustomFolderIsFoundOnlyIfItExists) {
     form.Form_Initialize();
     EXPECT_EQ(form.palette.File1.Path(), shown);
   }
+}
+
+TEST(MainForm, FoldersAreReadWhenTheirListsAreLookedAt) {
+  FakePlatform platform;
+  platform.files["/start/one.bmp"] = {};
+  MainForm form(platform, &SpeckledSheet);
+  form.Form_Initialize();
+  EXPECT_EQ(platform.foldersRead, 0);
+  TileSetSelector_Click(form.palette, kCustomSet);
+  for (int looks = 0; looks < 2; ++looks) {
+    EXPECT_EQ(form.palette.File1.Files(), std::vector<std::string>{"one.bmp"});
+    EXPECT_EQ(form.palette.Dir1.Rows().back().name, "start");
+  }
+  EXPECT_EQ(platform.foldersRead, 2);
 }
 
 TEST(MainForm, TheCanvasFillsTheWindow) {

@@ -75,6 +75,7 @@ class FakePlatform : public Platform, public DialogScript {
   bool snapshotFails = false;
   bool memoryIsFull = false;
   int snapshots = 0;  ///< written so far
+  int foldersRead = 0;
   Bytes snapshot;
   Failure printFailure;
   std::vector<Picture> printed;
@@ -104,9 +105,11 @@ class FakePlatform : public Platform, public DialogScript {
   }
   std::vector<std::string> ListDrives() override { return {"/"}; }
   std::vector<std::string> ListFolders(const std::string& folder) override {
+    ++foldersRead;
     return NamesIn(folder, folders);
   }
   std::vector<std::string> ListFiles(const std::string& folder, const std::string&) override {
+    ++foldersRead;
     std::set<std::string> paths;
     for (const auto& [path, content] : files) paths.insert(path);
     return NamesIn(folder, paths);
