@@ -3,8 +3,8 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QSettings>
-#include <QTemporaryDir>
 #include <QThread>
+#include <optional>
 
 #include "platform/QtPlatform.h"
 #include "shell/ArtSheets.h"
@@ -26,10 +26,10 @@ void Count() {
 }
 
 /// The toolkit's dialogs would visit the folders of earlier runs before ours, and hang on one that
-/// is gone from the network. Nothing but the settings file outlives a run.
+/// is gone from the network. Nothing but the settings file outlives a run: there is no folder where
+/// the toolkit looks for its own settings, nor can there be one.
 void ForgetDialogHistory() {
-  static const QTemporaryDir kThrownAway;
-  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, kThrownAway.path());
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
 }
 
 }  // namespace
@@ -42,14 +42,13 @@ int RunMorvane(int argc, char** argv) {
   // compression on.
   QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
   QApplication::setApplicationName(kProgramName);
-  QApplication::setWindowIcon(LoadIcon("morvane"));
-  ForgetDialogHistory();
-
-  frmSplash splash;
-  splash.ShowAtOnce();
+  std::optional<frmSplash> splash(std::in_place);
+  splash->ShowAtOnce();
   QElapsedTimer shown;
   shown.start();
 
+  QApplication::setWindowIcon(LoadIcon("morvane"));
+  ForgetDialogHistory();
   QtPlatform platform;
   MainForm form(platform, &LoadArtSheet);
   frmMain window(form);
@@ -60,11 +59,12 @@ int RunMorvane(int argc, char** argv) {
     text = dialog.TextRTF();
     return true;
   });
+  window.Prepare();
 
   Count();
   const qint64 rest = kShortestSplash - shown.elapsed();
   if (rest > 0) QThread::msleep(static_cast<unsigned long>(rest));
-  splash.close();
+  splash.reset();
   window.show();
   return QApplication::exec();
 }

@@ -89,6 +89,12 @@ frmMain::frmMain(MainForm& form)
   resize(kClientSize.width, kClientSize.height + menuBar()->sizeHint().height());
 }
 
+void frmMain::Prepare() {
+  create();
+  // A picture that nobody sees: it loads fonts and letters, and settles styles and layouts.
+  grab();
+}
+
 void frmMain::ConnectEvents() {
   connect(client_, &ClientArea::Resized, this, &frmMain::Form_Resize);
   connect(menu_, &MainMenu::Chosen, this, &frmMain::RunCommand);

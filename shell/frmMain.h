@@ -22,6 +22,9 @@ class frmMain : public QMainWindow {
  public:
   explicit frmMain(MainForm& form);
 
+  /// Does ahead what the first showing would take time for.
+  void Prepare();
+
   /// Brings every control up to date.
   void ShowState();
 
