@@ -4,7 +4,6 @@
 #include <QElapsedTimer>
 #include <QSettings>
 #include <QThread>
-#include <optional>
 
 #include "platform/QtPlatform.h"
 #include "shell/ArtSheets.h"
@@ -42,7 +41,8 @@ int RunMorvane(int argc, char** argv) {
   // compression on.
   QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
   QApplication::setApplicationName(kProgramName);
-  std::optional<frmSplash> splash(std::in_place);
+  auto* splash = new frmSplash;
+  splash->setAttribute(Qt::WA_DeleteOnClose);
   splash->ShowAtOnce();
   QElapsedTimer shown;
   shown.start();
@@ -64,7 +64,7 @@ int RunMorvane(int argc, char** argv) {
   Count();
   const qint64 rest = kShortestSplash - shown.elapsed();
   if (rest > 0) QThread::msleep(static_cast<unsigned long>(rest));
-  splash.reset();
+  splash->close();
   window.show();
   return QApplication::exec();
 }
