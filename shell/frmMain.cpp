@@ -1,6 +1,7 @@
 #include "shell/frmMain.h"
 
 #include <QApplication>
+#include <QBackingStore>
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <map>
@@ -91,8 +92,13 @@ frmMain::frmMain(MainForm& form)
 
 void frmMain::Prepare() {
   create();
-  // A picture that nobody sees: it loads fonts and letters, and settles styles and layouts.
-  grab();
+  // Nobody sees this picture: it loads fonts and letters, settles styles and layouts, and has the
+  // memory behind the window laid out.
+  QBackingStore* store = backingStore();
+  store->resize(size());
+  store->beginPaint(rect());
+  render(store->paintDevice());
+  store->endPaint();
 }
 
 void frmMain::ConnectEvents() {

@@ -110,6 +110,18 @@ TEST_F(Layout, ResizingMovesOnlyTheMapAndTheBars) {
   EXPECT_EQ(Find("Canvas")->height(), 587);
 }
 
+TEST_F(Layout, PreparingTheWindowChangesNothingThatIsSeen) {
+  MainForm otherForm{platform, &LoadArtSheet};
+  frmMain prepared{otherForm};
+  prepared.Prepare();
+  EXPECT_FALSE(prepared.isVisible());
+  prepared.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&prepared));
+  EXPECT_EQ(prepared.size(), window.size());
+  EXPECT_EQ(otherForm.document.Canvas.ScaleWidth(), form.document.Canvas.ScaleWidth());
+  EXPECT_EQ(prepared.grab().toImage(), window.grab().toImage());
+}
+
 TEST_F(Layout, TheMapLiesAboveTheLabelsThatReachUnderIt) {
   QWidget* at = Client()->childAt(172, 45);
   EXPECT_EQ(at, Find("Canvas"));
