@@ -17,15 +17,6 @@ std::filesystem::path NewFolder() {
   return name;
 }
 
-/// The figure behind the key in a file of the process, in kB.
-long Figure(pid_t process, const char* file, const std::string& key) {
-  std::ifstream lines("/proc/" + std::to_string(process) + "/" + file);
-  for (std::string line; std::getline(lines, line);) {
-    if (line.starts_with(key)) return std::stol(line.substr(key.size()));
-  }
-  return 0;
-}
-
 }  // namespace
 
 Program::Program(const std::string& path)
@@ -53,10 +44,13 @@ Program::~Program() {
   std::filesystem::remove_all(folder_);
 }
 
-Memory Program::Occupies() const {
-  const long own = Figure(process_, "smaps_rollup", "Private_Clean:") +
-                   Figure(process_, "smaps_rollup", "Private_Dirty:");
-  return {Figure(process_, "status", "VmRSS:"), Figure(process_, "smaps_rollup", "Pss:"), own};
+long Program::Resident() const {
+  const std::string key = "VmRSS:";
+  std::ifstream lines("/proc/" + std::to_string(process_) + "/status");
+  for (std::string line; std::getline(lines, line);) {
+    if (line.starts_with(key)) return std::stol(line.substr(key.size()));
+  }
+  return 0;
 }
 
 }  // namespace start_bench

@@ -9,13 +9,6 @@
 
 namespace start_bench {
 
-/// What a process occupies, in kB.
-struct Memory {
-  long resident = 0;
-  long proportional = 0;  ///< with its share of pages that others use too
-  long ownPages = 0;      ///< used by nobody else
-};
-
 /// A program that runs in an empty folder of its own until this goes.
 class Program {
  public:
@@ -25,7 +18,8 @@ class Program {
   ~Program();
 
   Clock::time_point Started() const { return started_; }
-  Memory Occupies() const;
+  /// Memory that it holds, in kB.
+  long Resident() const;
 
  private:
   std::filesystem::path folder_;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "document/Transform.h"
 #include "tests/support/Sample.h"
 
 namespace morvane {
@@ -42,6 +43,31 @@ TEST(Blit, CopiesAreCutAtEveryEdge) {
   }
 }
 
+TEST(Blit, CopiesOfEverySizeAndAlignmentAreEqualToPlainOnes) {
+  constexpr Color kKey = 0x010101;
+  for (int width = 1; width <= 70; ++width) {
+    const int height = width % 7 + 1;
+    Picture source = Speckled(width + 3, height);
+    // Key pixels in runs of many lengths, and long ones that are left out as a whole.
+    for (int x = 0; x < source.Width(); ++x) {
+      for (int y = 0; y < height; ++y) {
+        if ((x * 7 + y * 3) % 11 < 5 || y == 2) SetPixelV(source.Draw(), x, y, kKey);
+      }
+    }
+    for (const int shift : {0, 1, 3}) {
+      const Rect place = {5 + shift, 2, 5 + shift + width, 2 + height};
+      const Picture blank = Speckled(90, 11, 9);
+      Picture keyed = blank;
+      TransparentBlt(keyed.Draw(), place.left, place.top, width, height, source.View(), shift, 0,
+                     kKey);
+      ASSERT_EQ(keyed, PlainCopy(blank, place, source, shift, 0, &kKey)) << width << "+" << shift;
+      Picture opaque = blank;
+      BitBlt(opaque.Draw(), place.left, place.top, width, height, source.View(), shift, 0);
+      ASSERT_EQ(opaque, PlainCopy(blank, place, source, shift, 0, nullptr)) << width;
+    }
+  }
+}
+
 TEST(Blit, OnlyExactlyTheKeyColourIsSeenThrough) {
   Picture source(3, 1, kWhite);
   SetPixelV(source.Draw(), 1, 0, 0xFEFFFF);
@@ -77,6 +103,65 @@ TEST(Blit, StretchingKeepsWholeBlocksAndSamplesTheMiddle) {
   Picture back(4, 3);
   StretchBlt(back.Draw(), 0, 0, 4, 3, enlarged.View(), 0, 0, 12, 9);
   EXPECT_EQ(back, source);
+}
+
+TEST(Blit, StretchingOfEverySizeTakesTheNearestPixels) {
+  const auto nearest = [](int at, int size, int sourceSize) {
+    return (at * 2 + 1) * sourceSize / (size * 2);
+  };
+  const auto expectNearest = [&](Size size, Size part) {
+    const Picture source = Speckled(part.width + 2, part.height + 1);
+    // The left and upper edge of the target cut something away.
+    Picture scaled(size.width - 1, size.height - 1);
+    StretchBlt(scaled.Draw(), -1, -1, size.width, size.height, source.View(), 2, 1, part.width,
+               part.height);
+    for (int y = 0; y < scaled.Height(); ++y) {
+      for (int x = 0; x < scaled.Width(); ++x) {
+        ASSERT_EQ(GetPixel(scaled.View(), x, y),
+                  GetPixel(source.View(), 2 + nearest(x + 1, size.width, part.width),
+                           1 + nearest(y + 1, size.height, part.height)))
+            << size.width << " from " << part.width;
+      }
+    }
+  };
+  for (int width = 2; width <= 70; ++width) {
+    for (const int sourceWidth : {1, 2, 7, 40, 70}) expectNearest({width, 9}, {sourceWidth, 4});
+  }
+  expectNearest({2500, 3}, {700, 5});  // wider than what is scaled at once
+}
+
+/// Where a pixel goes, as the definition tells it.
+Picture PlainlyTransformed(const PictureView& picture, Transform transform) {
+  const int W = picture.width;
+  const int H = picture.height;
+  const bool turns = transform == Transform::RotateRight || transform == Transform::RotateLeft;
+  Picture result(turns ? H : W, turns ? W : H);
+  for (int y = 0; y < H; ++y) {
+    for (int x = 0; x < W; ++x) {
+      const Pixel pixel = picture.Row(y)[x];
+      if (transform == Transform::FlipHorizontal) result.Row(y)[W - 1 - x] = pixel;
+      if (transform == Transform::FlipVertical) result.Row(H - 1 - y)[x] = pixel;
+      if (transform == Transform::RotateRight) result.Row(x)[H - 1 - y] = pixel;
+      if (transform == Transform::RotateLeft) result.Row(W - 1 - x)[y] = pixel;
+    }
+  }
+  return result;
+}
+
+TEST(Transform, FlipsAndTurnsOfEverySizeAreEqualToPlainOnes) {
+  std::vector<Size> sizes = {{1100, 1001}, {1024, 1040}};  // too large for the cache
+  for (int side = 1; side <= 70; ++side) sizes.insert(sizes.end(), {{side, 71 - side}, {side, 5}});
+  for (const Size size : sizes) {
+    const Picture whole = Speckled(size.width + 3, size.height);
+    PictureView part = whole.View();
+    part.pixels += 3;  // rows that begin anywhere
+    part.width = size.width;
+    for (const Transform transform : {Transform::FlipHorizontal, Transform::FlipVertical,
+                                      Transform::RotateRight, Transform::RotateLeft}) {
+      ASSERT_EQ(Transformed(part, transform), PlainlyTransformed(part, transform))
+          << size.width << "x" << size.height;
+    }
+  }
 }
 
 }  // namespace

@@ -38,6 +38,47 @@ TEST(Bmp, WhatIsWrittenComesBack) {
   }
 }
 
+TEST(Bmp, AnyPieceOfAFileIsThatPieceOfTheWhole) {
+  for (const int width : {1, 6, 7, 70}) {
+    const Picture picture = Speckled(width, 5);
+    const Bytes whole = WriteBmp(picture.View());
+    BmpEncoder file(picture.View());
+    for (std::size_t size = 1; size <= 70; ++size) {
+      Bytes pieces(whole.size());
+      for (std::size_t place = 0; place < whole.size(); place += size) {
+        const std::size_t count = std::min(size, whole.size() - place);
+        ASSERT_EQ(file.ReadAt(place, std::span(pieces).subspan(place, count)), "");
+      }
+      ASSERT_EQ(pieces, whole) << width << " in pieces of " << size;
+    }
+  }
+}
+
+TEST(Bmp, FilesLongerThanAChunkAreReadAsAWhole) {
+  const Picture large = Speckled(701, 411);
+  EXPECT_EQ(ReadBmp(WriteBmp(large.View())).Value(), large);
+
+  // Single pixels, so that every border of a chunk lies inside of something.
+  BmpMaker maker{.width = 601, .height = 901, .bits = 8, .compression = 1};
+  Picture expected(maker.width, maker.height);
+  for (unsigned i = 0; i < 256; ++i) maker.palette.push_back(i * 0x010305U & 0xFFFFFFU);
+  for (int y = maker.height - 1; y >= 0; --y) {
+    for (int x = 0; x < maker.width; x += 200) {
+      const int count = std::min(200, maker.width - x);
+      maker.data.insert(maker.data.end(), {static_cast<std::uint8_t>(count == 1 ? 1 : 0),
+                                           static_cast<std::uint8_t>(count == 1 ? y : count)});
+      for (int i = 0; i < count; ++i) {
+        const auto index = static_cast<std::uint8_t>(count == 1 ? y : x + i + y);
+        if (count > 1) maker.data.push_back(index);
+        SetPixelV(expected.Draw(), x + i, y, maker.palette[index]);
+      }
+    }
+    maker.data.insert(maker.data.end(), {0, 0});
+  }
+  maker.data.insert(maker.data.end(), {0, 1});
+  ExpectSame(maker, expected);
+}
+
 TEST(Bmp, WrittenFileIsExactlyThisOne) {
   Picture picture(2, 2, kWhite);
   SetPixelV(picture.Draw(), 0, 0, 0x030201);  // red 1, green 2, blue 3
@@ -127,6 +168,12 @@ TEST(Bmp, SeeThroughPixelsLieOnWhite) {
   ExpectSame(maker, expected);
   maker.data = {10, 20, 30, 0, 10, 20, 30, 0, 10, 20, 30, 0};  // an unused channel
   ExpectSame(maker, Picture(3, 1, 0x0A141E));
+  maker.width = 1;
+  maker.height = 3;  // used in the last row only: the earlier ones are see-through
+  maker.data = {10, 20, 30, 0, 10, 20, 30, 0, 10, 20, 30, 255};
+  expected = Picture(1, 3, kWhite);
+  SetPixelV(expected.Draw(), 0, 0, 0x0A141E);
+  ExpectSame(maker, expected);
 }
 
 TEST(Bmp, ReadsRunLengths) {
