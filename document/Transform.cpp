@@ -200,7 +200,7 @@ void TurnInto(const Surface& target, const PictureView& picture, Transform trans
 }
 
 Picture Transformed(const PictureView& picture, Transform transform) {
-  if (transform == Transform::FlipHorizontal || transform == Transform::FlipVertical) {
+  if (IsFlip(transform)) {
     Picture result(picture);
     FlipInPlace(result.Draw(), transform);
     return result;

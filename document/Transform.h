@@ -6,6 +6,10 @@ namespace morvane {
 
 enum class Transform { FlipHorizontal, FlipVertical, RotateRight, RotateLeft };
 
+constexpr bool IsFlip(Transform transform) {
+  return transform == Transform::FlipHorizontal || transform == Transform::FlipVertical;
+}
+
 /// Mirrors a picture where it is. Every pixel keeps its colour.
 void FlipInPlace(const Surface& picture, Transform flip);
 

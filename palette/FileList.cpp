@@ -15,8 +15,10 @@ bool FileList::SetPath(Platform& platform, const std::string& path) {
 }
 
 const std::vector<std::string>& FileList::Files() const {
-  if (!isRead_ && platform_ != nullptr) files_ = platform_->ListFiles(path_, Pattern);
+  if (isRead_) return files_;
   isRead_ = true;
+  ++readings_;
+  files_ = platform_->ListFiles(path_, Pattern);
   return files_;
 }
 
@@ -31,6 +33,7 @@ bool FolderList::SetPath(Platform& platform, const std::string& path) {
 const std::vector<FolderList::Row>& FolderList::Rows() const {
   if (isRead_) return rows_;
   isRead_ = true;
+  ++readings_;
   rows_ = {{.name = "/", .path = "/", .depth = 0, .isOnTheWay = true}};
   for (std::size_t begin = 1; begin < path_.size();) {
     const std::size_t end = std::min(path_.find('/', begin), path_.size());

@@ -14,6 +14,8 @@ class FileList {
 
   const std::string& Path() const { return path_; }
   const std::vector<std::string>& Files() const;
+  /// How often the folder was read: as long as that stays, so do the files.
+  int Readings() const { return readings_; }
 
   /// Shows another folder. One that doesn't exist is refused: the list stays. Returns whether it
   /// shows.
@@ -26,6 +28,7 @@ class FileList {
   std::string path_;
   mutable std::vector<std::string> files_;
   mutable bool isRead_ = true;
+  mutable int readings_ = 0;
 };
 
 /// The list of folders: the way from the root to the present one, then what it holds. That is read
@@ -42,6 +45,8 @@ class FolderList {
 
   const std::string& Path() const { return path_; }
   const std::vector<Row>& Rows() const;
+  /// How often the folder was read: as long as that stays, so do the rows.
+  int Readings() const { return readings_; }
 
   /// Shows another folder. One that doesn't exist is refused: the list stays. Returns whether it
   /// shows.
@@ -52,6 +57,7 @@ class FolderList {
   std::string path_;
   mutable std::vector<Row> rows_;
   mutable bool isRead_ = true;
+  mutable int readings_ = 0;
 };
 
 }  // namespace morvane

@@ -13,12 +13,21 @@ Picture TurnedImage(const PictureBox& box, Transform transform) {
   return Transformed(shown, transform);
 }
 
+/// The picture of a custom tile may be large, so it is mirrored where it is.
+void TurnCustom(PictureBox& Custom, Transform transform) {
+  if (IsFlip(transform)) {
+    FlipInPlace(Custom.hDC(), transform);
+  } else {
+    Custom.SetPictureAndSize(TurnedImage(Custom, transform));
+  }
+}
+
 void Turn(Palette& palette, Transform transform, const char* done) {
   const Picture stamp = TurnedImage(palette.Picture1, transform);
   Size size = {stamp.Width(), stamp.Height()};
   palette.SetPicture1(stamp, size);
   if (palette.TileSetSelector.ListIndex == kCustomSet) {
-    palette.Custom.SetPictureAndSize(TurnedImage(palette.Custom, transform));
+    TurnCustom(palette.Custom, transform);
     size = palette.Custom.ScaleSize();
   }
   palette.Shape1.Width = size.width;

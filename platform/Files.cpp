@@ -1,19 +1,22 @@
 #include "platform/Files.h"
 
+#include <dirent.h>
 #include <mntent.h>
+#include <sys/stat.h>
 
-#include <QCollator>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLocale>
 #include <QSaveFile>
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <memory>
+#include <string_view>
 #include <utility>
 
 #include "platform/ChunkBuffer.h"
+#include "platform/NaturalOrder.h"
 
 namespace morvane {
 namespace {
@@ -61,17 +64,50 @@ class NormalFile : public ByteSource {
   std::size_t size_ = 0;
 };
 
-std::vector<std::string> InNaturalOrder(QStringList names) {
-  // The plain "C" locale knows no natural order.
-  const bool plain = QLocale().language() == QLocale::C;
-  QCollator natural(plain ? QLocale(QLocale::English) : QLocale());
-  natural.setNumericMode(true);
-  natural.setCaseSensitivity(Qt::CaseInsensitive);
-  std::sort(names.begin(), names.end(), natural);
-  std::vector<std::string> result;
-  result.reserve(static_cast<std::size_t>(names.size()));
-  for (const QString& name : names) result.push_back(name.toStdString());
-  return result;
+enum class Kind { File, Folder };
+
+/// Whether an entry of a folder is of the kind; links count as what they lead to.
+bool Is(Kind kind, int folder, const dirent& entry) {
+  if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK) {
+    return entry.d_type == (kind == Kind::File ? DT_REG : DT_DIR);
+  }
+  struct stat status {};
+  if (fstatat(folder, entry.d_name, &status, 0) != 0) return false;
+  return kind == Kind::File ? S_ISREG(status.st_mode) : S_ISDIR(status.st_mode);
+}
+
+/// The names of what a folder holds of a kind and shows, in natural order. The system is asked
+/// directly: a folder may hold very many.
+template <typename Wanted>
+std::vector<std::string> NamesIn(const std::string& folder, Kind kind, Wanted wanted) {
+  std::vector<std::string> names;
+  DIR* open = opendir(folder.c_str());
+  if (open == nullptr) return names;
+  while (const dirent* entry = readdir(open)) {
+    const std::string_view name = entry->d_name;
+    if (name[0] != '.' && wanted(name) && Is(kind, dirfd(open), *entry)) names.emplace_back(name);
+  }
+  closedir(open);
+  SortNaturally(names);
+  return names;
+}
+
+/// Whether a name ends as one of the patterns "*.a;*.b" does, case ignored.
+bool Matches(std::string_view name, std::string_view patterns) {
+  const auto equal = [](char one, char other) {
+    return std::tolower(static_cast<unsigned char>(one)) ==
+           std::tolower(static_cast<unsigned char>(other));
+  };
+  while (!patterns.empty()) {
+    const std::size_t end = std::min(patterns.find(';'), patterns.size());
+    const std::string_view ending = patterns.substr(1, end - 1);
+    if (name.size() >= ending.size() &&
+        std::equal(ending.begin(), ending.end(), name.end() - std::ssize(ending), equal)) {
+      return true;
+    }
+    patterns.remove_prefix(std::min(end + 1, patterns.size()));
+  }
+  return false;
 }
 
 }  // namespace
@@ -102,8 +138,7 @@ Failure ReplaceFile(const std::string& path, ByteSource& content) {
 }
 
 std::vector<std::string> FoldersIn(const std::string& folder) {
-  return InNaturalOrder(
-      QDir(QString::fromStdString(folder)).entryList(QDir::Dirs | QDir::NoDotAndDotDot));
+  return NamesIn(folder, Kind::Folder, [](std::string_view /*name*/) { return true; });
 }
 
 std::vector<std::string> MountedVolumes() {
@@ -123,8 +158,8 @@ std::vector<std::string> MountedVolumes() {
 }
 
 std::vector<std::string> MatchingFiles(const std::string& folder, const std::string& pattern) {
-  const QStringList patterns = QString::fromStdString(pattern).split(';');
-  return InNaturalOrder(QDir(QString::fromStdString(folder)).entryList(patterns, QDir::Files));
+  return NamesIn(folder, Kind::File,
+                 [&pattern](std::string_view name) { return Matches(name, pattern); });
 }
 
 }  // namespace morvane

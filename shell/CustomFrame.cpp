@@ -81,9 +81,9 @@ void CustomFrame::ShowState() {
   setVisible(shows);
   if (!shows) return;
   dimensions_->setText(TextOf(palette_.Label5));
-  ShowDrive();
   ShowFolders();
   ShowFiles();
+  drive_->setCurrentIndex(presentDrive_);
 }
 
 void CustomFrame::ListDrives() {
@@ -92,30 +92,32 @@ void CustomFrame::ListDrives() {
     drive_->addItem(TextOf(root));
     drive_->setItemData(drive_->count() - 1, TextOf(root), Qt::ToolTipRole);
   }
+  ShowDrive();
 }
 
 void CustomFrame::ShowDrive() {
-  int present = 0;
+  presentDrive_ = 0;
   qsizetype longest = 0;
   const QString path = TextOf(WithTrailingBackslash(palette_.Dir1.Path()));
   for (int i = 0; i < drive_->count(); ++i) {
     const QString root = TextOf(WithTrailingBackslash(drive_->itemText(i).toStdString()));
     if (!path.startsWith(root) || root.size() <= longest) continue;
     longest = root.size();
-    present = i;
+    presentDrive_ = i;
   }
-  drive_->setCurrentIndex(present);
-  drive_->setToolTip(drive_->currentText());
+  drive_->setToolTip(drive_->itemText(presentDrive_));
 }
 
 void CustomFrame::ShowFolders() {
-  if (shownFolders_ == palette_.Dir1.Rows()) return;
-  shownFolders_ = palette_.Dir1.Rows();
+  const std::vector<FolderList::Row>& rows = palette_.Dir1.Rows();
+  if (shownFolders_ == palette_.Dir1.Readings()) return;
+  shownFolders_ = palette_.Dir1.Readings();
+  ShowDrive();
   folders_->clear();
   const QIcon open = style()->standardIcon(QStyle::SP_DirOpenIcon);
   const QIcon closed = style()->standardIcon(QStyle::SP_DirIcon);
   int present = 0;
-  for (const FolderList::Row& row : shownFolders_) {
+  for (const FolderList::Row& row : rows) {
     auto* item = new QListWidgetItem(row.isOnTheWay ? open : closed, TextOf(row.name), folders_);
     item->setData(Qt::UserRole, TextOf(row.path));
     item->setData(kDepthRole, row.depth);
@@ -127,10 +129,14 @@ void CustomFrame::ShowFolders() {
 }
 
 void CustomFrame::ShowFiles() {
-  if (shownFiles_ == palette_.File1.Files()) return;
-  shownFiles_ = palette_.File1.Files();
+  const std::vector<std::string>& files = palette_.File1.Files();
+  if (shownFiles_ == palette_.File1.Readings()) return;
+  shownFiles_ = palette_.File1.Readings();
   QStringList names;
-  for (const std::string& name : shownFiles_) names << TextOf(name);
+  names.reserve(std::ssize(files));
+  for (const std::string& name : files) names << TextOf(name);
+  if (names == shownNames_) return;
+  shownNames_ = names;
   files_->clear();
   files_->addItems(names);
 }

@@ -41,8 +41,10 @@ class CustomFrame : public GroupFrame {
   QLabel* dimensions_;
   QListWidget* folders_;
   QListWidget* files_;
-  std::vector<FolderList::Row> shownFolders_;
-  std::vector<std::string> shownFiles_;
+  int presentDrive_ = 0;  ///< row of the drive that holds the present folder
+  int shownFolders_ = 0;  ///< the reading that is on the screen
+  int shownFiles_ = 0;
+  QStringList shownNames_;
 };
 
 }  // namespace morvane
