@@ -1,53 +1,89 @@
 #include "document/PixelBytes.h"
 
-#include <array>
-#include <bit>
+#include <cstddef>
 #include <cstring>
 
 namespace morvane {
 namespace {
 
-/// Four pixels are three words of the file, where the processor numbers bytes as the file does.
+#if defined(__x86_64__) && defined(__GNUC__)
+
+/// Sixteen bytes: four pixels, or five pixels and a third in a file.
+using ByteVector = std::uint8_t __attribute__((vector_size(16)));
 constexpr int kGroup = 4;
-constexpr bool kFileOrder = std::endian::native == std::endian::little;
-using Words = std::array<std::uint32_t, 3>;
-constexpr int kGroupBytes = sizeof(Words);
+constexpr int kGroupBytes = 3 * kGroup;
+/// A group takes a whole vector, so that a row must hold that many bytes from its beginning on.
+constexpr int kReach = 6;
 
-void PackGroup(std::uint8_t* to, const Pixel* from) {
-  const Words words = {(from[0] & 0xFFFFFFU) | from[1] << 24U,
-                       (from[1] >> 8U & 0xFFFFU) | from[2] << 16U,
-                       (from[2] >> 16U & 0xFFU) | from[3] << 8U};
-  std::memcpy(to, words.data(), sizeof words);
+bool HasByteShuffle() {
+  static const bool kHas = __builtin_cpu_supports("ssse3") != 0;
+  return kHas;
 }
 
-void UnpackGroup(Pixel* to, const std::uint8_t* from) {
-  constexpr Pixel kOpaque = PixelOf(0);
-  Words words;
-  std::memcpy(words.data(), from, sizeof words);
-  to[0] = words[0] | kOpaque;
-  to[1] = words[0] >> 24U | words[1] << 8U | kOpaque;
-  to[2] = words[1] >> 16U | words[2] << 16U | kOpaque;
-  to[3] = words[2] >> 8U | kOpaque;
+/// Returns how many pixels are done.
+__attribute__((target("ssse3"))) int PackGroups(std::uint8_t* to, const Pixel* from, int count) {
+  int done = 0;
+  for (; done <= count - kReach; done += kGroup, to += kGroupBytes) {
+    ByteVector bytes;
+    std::memcpy(&bytes, from + done, sizeof bytes);
+    // What is written beyond twelve bytes, the next pixels write over.
+    bytes =
+        __builtin_shufflevector(bytes, bytes, 0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, 3, 7, 11, 15);
+    std::memcpy(to, &bytes, sizeof bytes);
+  }
+  return done;
 }
+
+/// Returns how many pixels are done.
+__attribute__((target("ssse3"))) int UnpackGroups(Pixel* to, const std::uint8_t* from, int count) {
+  constexpr ByteVector kOpaque = {0, 0, 0, 255, 0, 0, 0, 255, 0, 0, 0, 255, 0, 0, 0, 255};
+  int done = 0;
+  for (; done <= count - kReach; done += kGroup, from += kGroupBytes) {
+    ByteVector bytes;
+    std::memcpy(&bytes, from, sizeof bytes);
+    bytes = __builtin_shufflevector(bytes, bytes, 0, 1, 2, 0, 3, 4, 5, 0, 6, 7, 8, 0, 9, 10, 11, 0);
+    bytes |= kOpaque;
+    std::memcpy(to + done, &bytes, sizeof bytes);
+  }
+  return done;
+}
+
+#else
+
+bool HasByteShuffle() {
+  return false;
+}
+int PackGroups(std::uint8_t* /*to*/, const Pixel* /*from*/, int /*count*/) {
+  return 0;
+}
+int UnpackGroups(Pixel* /*to*/, const std::uint8_t* /*from*/, int /*count*/) {
+  return 0;
+}
+
+#endif
 
 }  // namespace
 
 void PackPixels(std::uint8_t* to, const Pixel* from, int count) {
-  int i = 0;
-  for (; kFileOrder && i <= count - kGroup; i += kGroup, to += kGroupBytes) PackGroup(to, from + i);
-  for (; i < count; ++i, to += 3) {
+  const int done = HasByteShuffle() ? PackGroups(to, from, count) : 0;
+  PackPixelsPlainly(to + std::ptrdiff_t{3} * done, from + done, count - done);
+}
+
+void UnpackPixels(Pixel* to, const std::uint8_t* from, int count) {
+  const int done = HasByteShuffle() ? UnpackGroups(to, from, count) : 0;
+  UnpackPixelsPlainly(to + done, from + std::ptrdiff_t{3} * done, count - done);
+}
+
+void PackPixelsPlainly(std::uint8_t* to, const Pixel* from, int count) {
+  for (int i = 0; i < count; ++i, to += 3) {
     to[0] = BlueOf(from[i]);
     to[1] = GreenOf(from[i]);
     to[2] = RedOf(from[i]);
   }
 }
 
-void UnpackPixels(Pixel* to, const std::uint8_t* from, int count) {
-  int i = 0;
-  for (; kFileOrder && i <= count - kGroup; i += kGroup, from += kGroupBytes) {
-    UnpackGroup(to + i, from);
-  }
-  for (; i < count; ++i, from += 3) to[i] = MakePixel(from[2], from[1], from[0]);
+void UnpackPixelsPlainly(Pixel* to, const std::uint8_t* from, int count) {
+  for (int i = 0; i < count; ++i, from += 3) to[i] = MakePixel(from[2], from[1], from[0]);
 }
 
 }  // namespace morvane

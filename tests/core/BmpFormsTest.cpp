@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "document/Bmp.h"
+#include "document/PixelBytes.h"
 #include "tests/support/BmpMaker.h"
 #include "tests/support/FileBytes.h"
 #include "tests/support/Sample.h"
@@ -35,6 +36,25 @@ TEST(Bmp, WhatIsWrittenComesBack) {
     Result<Picture> read = ReadBmp(bytes);
     ASSERT_TRUE(read.Ok()) << read.Reason();
     EXPECT_EQ(read.Value(), picture);
+  }
+}
+
+TEST(Bmp, PixelsArePackedAsOnEveryProcessor) {
+  const Picture picture = Speckled(80, 1);
+  for (int count = 0; count <= 70; ++count) {
+    const Pixel* from = picture.View().Row(0) + count % 5;
+    const auto size = static_cast<std::size_t>(count) * 3;
+    Bytes packed(size + 1, 77);
+    Bytes expected(size + 1, 77);
+    PackPixels(packed.data(), from, count);
+    PackPixelsPlainly(expected.data(), from, count);
+    ASSERT_EQ(packed, expected) << count;
+    std::vector<Pixel> unpacked(size + 1, 77);
+    std::vector<Pixel> plainly(size + 1, 77);
+    UnpackPixels(unpacked.data(), packed.data(), count);
+    UnpackPixelsPlainly(plainly.data(), packed.data(), count);
+    ASSERT_EQ(unpacked, plainly) << count;
+    ASSERT_TRUE(std::equal(from, from + count, unpacked.begin()));
   }
 }
 
