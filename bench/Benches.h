@@ -8,5 +8,11 @@ void AddCopies(RatioTable& table);
 void AddSeeThroughCopies(RatioTable& table);
 void AddScaling(RatioTable& table);
 void AddTurns(RatioTable& table);
+void AddSnapshots(RatioTable& table);
+void AddSaving(RatioTable& table);
+void AddPresses(RatioTable& table);
+void AddWindow(RatioTable& table);
+void AddFolders(RatioTable& table);
+void AddMemory(RatioTable& table);
 
 }  // namespace morvane::bench

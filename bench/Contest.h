@@ -2,10 +2,12 @@
 
 #include <benchmark/benchmark.h>
 
+#include <chrono>
 #include <cstddef>
 #include <functional>
 #include <span>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -26,6 +28,9 @@ struct Work {
   std::function<void()> reset = nullptr;  ///< restores the start before a comparison
   Result result = nullptr;                ///< where the result of a run lies
   Clock clock = Clock::Processor;
+  /// Rest before each run, as between two presses of a hand; no part of the time, which is the
+  /// clock's.
+  std::chrono::milliseconds pause{0};
 };
 
 /// Adds a work's sides to the measurement and its ratios to the table. Every run is called many
@@ -50,10 +55,16 @@ class Contest {
     return Limit(peer, target, run);
   }
 
+  /// A limit to our own time, beside nobody's.
+  Contest& Alone(Target target) {
+    table_.Add(Row{work_.name, {}, target, work_.pieces});
+    return *this;
+  }
+
   /// Something to be measured beside that makes another result.
   template <class Run>
   Contest& Limit(const std::string& peer, Target target, Run run) {
-    table_.Add({work_.name, peer, target, work_.pieces});
+    table_.Add(Row{work_.name, peer, target, work_.pieces});
     Measure(peer, run);
     return *this;
   }
@@ -67,6 +78,10 @@ class Contest {
 
   template <class Run>
   void Measure(const std::string& who, Run run) {
+    if (work_.pause.count() > 0) {
+      MeasureWithPauses(who, run);
+      return;
+    }
     auto* side = benchmark::RegisterBenchmark(SideName(work_.name, who).c_str(),
                                               [run](benchmark::State& state) mutable {
                                                 for (auto _ : state) {
@@ -75,6 +90,23 @@ class Contest {
                                                 }
                                               });
     if (work_.clock == Clock::Wall) side->UseRealTime();
+  }
+
+  template <class Run>
+  void MeasureWithPauses(const std::string& who, Run run) {
+    constexpr int kRuns = 6;
+    const auto measured = [run, pause = work_.pause](benchmark::State& state) mutable {
+      for (auto _ : state) {
+        std::this_thread::sleep_for(pause);
+        const auto start = std::chrono::steady_clock::now();
+        run();
+        const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+        state.SetIterationTime(time.count());
+      }
+    };
+    benchmark::RegisterBenchmark(SideName(work_.name, who).c_str(), measured)
+        ->Iterations(kRuns)
+        ->UseManualTime();
   }
 
   RatioTable& table_;

@@ -11,10 +11,6 @@
 namespace morvane::bench {
 namespace {
 
-std::string SizeText(Size size) {
-  return std::to_string(size.width) + "x" + std::to_string(size.height);
-}
-
 /// Stamps a tile on every cell of a map.
 void AddStamps(RatioTable& table, Size size, double limit) {
   const Stage map(Noise(kMap, 1));

@@ -1,7 +1,7 @@
-// Measures Morvane's pixel work beside the plain copying of memory and beside other libraries, and
-// prints one table of ratios.
+// Measures Morvane's work beside the plain copying of memory and files and beside other libraries,
+// and prints one table of ratios.
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <array>
 #include <cstdlib>
 #include <string>
@@ -35,7 +35,7 @@ void NoteMethod(morvane::bench::RatioTable& table) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const QGuiApplication application(argc, argv);
+  const QApplication application(argc, argv);
   // Sides take turns in random order, so that a busy moment of the machine hits all alike.
   // Arguments that follow win over these.
   std::array<char, 48> interleaving{"--benchmark_enable_random_interleaving=true"};
@@ -52,8 +52,16 @@ int main(int argc, char** argv) {
   morvane::bench::AddSeeThroughCopies(table);
   morvane::bench::AddScaling(table);
   morvane::bench::AddTurns(table);
+  morvane::bench::AddSnapshots(table);
+  morvane::bench::AddSaving(table);
+  morvane::bench::AddPresses(table);
+  morvane::bench::AddWindow(table);
+  morvane::bench::AddFolders(table);
+  morvane::bench::AddMemory(table);
   NoteMethod(table);
   NotePeers(table);
   benchmark::RunSpecifiedBenchmarks(&table);
+  // What the sides hold, windows and files, goes before the application does.
+  benchmark::ClearRegisteredBenchmarks();
   return EXIT_SUCCESS;
 }

@@ -19,6 +19,10 @@ std::string TimeText(double nanoseconds) {
   return Rounded(nanoseconds / 1e6, 1) + " ms";
 }
 
+std::string YesNo(bool met) {
+  return met ? "yes" : "no";
+}
+
 /// The cells of ratio, target and whether it is met.
 std::string Verdict(const Target& target, double ours, double peers) {
   const bool faster = target.kind == Target::Kind::Faster;
@@ -27,7 +31,17 @@ std::string Verdict(const Target& target, double ours, double peers) {
   const int decimals = faster ? 1 : 2;
   const std::string unit = faster ? " x faster" : " x";
   return Rounded(ratio, decimals) + unit + " | " + (faster ? "at least " : "at most ") +
-         Rounded(target.limit, decimals) + unit + " | " + (met ? "yes" : "no");
+         Rounded(target.limit, decimals) + unit + " | " + YesNo(met);
+}
+
+/// The same for our time of one piece alone.
+std::string VerdictAlone(const Target& target, double ours) {
+  if (target.kind == Target::Kind::Within) {
+    return "| at most " + TimeText(target.limit) + " | " + YesNo(ours <= target.limit);
+  }
+  const double rate = 1e9 / ours;
+  return Rounded(rate, 0) + " a second | at least " + Rounded(target.limit, 0) + " a second | " +
+         YesNo(rate >= target.limit);
 }
 
 }  // namespace
@@ -38,6 +52,10 @@ std::string SideName(const std::string& work, const std::string& who) {
 
 void RatioTable::Add(Row row) {
   rows_.push_back(std::move(row));
+}
+
+void RatioTable::Add(Count count) {
+  counts_.push_back(std::move(count));
 }
 
 void RatioTable::Note(std::string sentence) {
@@ -53,7 +71,7 @@ void RatioTable::ReportRuns(const std::vector<Run>& runs) {
   for (const Run& run : runs) {
     // The median follows the runs that it's of; with a single run there is none.
     if (run.run_type == Run::RT_Aggregate && run.aggregate_name != "median") continue;
-    const bool wall = run.run_name.time_type == "real_time";
+    const bool wall = !run.run_name.time_type.empty();
     medians_[run.run_name.function_name] =
         wall ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime();
   }
@@ -63,16 +81,30 @@ void RatioTable::Finalize() {
   std::ostream& out = GetOutputStream();
   out << "| Work | Morvane | Against | Its time | Ratio | Target | Met |\n"
       << "|---|---:|---|---:|---:|---:|---|\n";
-  for (const Row& row : rows_) {
-    const auto ours = medians_.find(SideName(row.work, kOurs));
-    const auto peers = medians_.find(SideName(row.work, row.peer));
-    if (ours == medians_.end() || peers == medians_.end()) continue;
-    out << "| " << row.work << " | " << TimeText(ours->second / row.pieces) << " | " << row.peer
-        << " | " << TimeText(peers->second / row.pieces) << " | "
-        << Verdict(row.target, ours->second, peers->second) << " |\n";
+  for (const Row& row : rows_) PrintRow(row);
+  for (const Count& count : counts_) {
+    out << "| " << count.work << " | " << count.counted << " | | | | " << count.target << " | "
+        << YesNo(count.met) << " |\n";
   }
   for (const std::string& note : notes_) out << "\n" << note << "\n";
   out.flush();
+}
+
+void RatioTable::PrintRow(const Row& row) {
+  const auto ours = medians_.find(SideName(row.work, kOurs));
+  if (ours == medians_.end()) return;
+  const double time = ours->second / row.pieces;
+  std::ostream& out = GetOutputStream();
+  if (row.peer.empty()) {
+    out << "| " << row.work << " | " << TimeText(time) << " | | | "
+        << VerdictAlone(row.target, time) << " |\n";
+    return;
+  }
+  const auto peers = medians_.find(SideName(row.work, row.peer));
+  if (peers == medians_.end()) return;
+  out << "| " << row.work << " | " << TimeText(time) << " | " << row.peer << " | "
+      << TimeText(peers->second / row.pieces) << " | "
+      << Verdict(row.target, ours->second, peers->second) << " |\n";
 }
 
 }  // namespace morvane::bench

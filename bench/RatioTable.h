@@ -8,9 +8,9 @@
 
 namespace morvane::bench {
 
-/// What a ratio of times ought to be.
+/// What a time or a ratio of times ought to be.
 struct Target {
-  enum class Kind { AtMost, Faster };
+  enum class Kind { AtMost, Faster, Within, Rate };
   Kind kind;
   double limit;
 };
@@ -25,12 +25,30 @@ constexpr Target Faster(double times) {
   return {Target::Kind::Faster, times};
 }
 
+/// Our time alone, for one piece, is at most that long.
+constexpr Target Within(double nanoseconds) {
+  return {Target::Kind::Within, nanoseconds};
+}
+
+/// We alone work through at least so many pieces a second.
+constexpr Target AtLeast(double aSecond) {
+  return {Target::Kind::Rate, aSecond};
+}
+
 /// One line of the table: our time for a work beside a peer's time for the same.
 struct Row {
   std::string work;
-  std::string peer;
+  std::string peer;  ///< empty where the target is about our time alone
   Target target;
   int pieces;  ///< that a run works through; the time shown is that of one
+};
+
+/// One line about something that was counted, not timed.
+struct Count {
+  std::string work;
+  std::string counted;
+  std::string target;
+  bool met;
 };
 
 /// The name a side is measured under; a work's sides share its name, so that one filter takes all.
@@ -43,6 +61,8 @@ inline constexpr const char* kOurs = "Morvane";
 class RatioTable : public benchmark::BenchmarkReporter {
  public:
   void Add(Row row);
+  /// Comes behind the lines with times.
+  void Add(Count count);
   /// Prints a sentence below the table.
   void Note(std::string sentence);
 
@@ -51,7 +71,10 @@ class RatioTable : public benchmark::BenchmarkReporter {
   void Finalize() override;
 
  private:
+  void PrintRow(const Row& row);
+
   std::vector<Row> rows_;
+  std::vector<Count> counts_;
   std::vector<std::string> notes_;
   std::map<std::string, double> medians_;  ///< nanoseconds by the name of the side
 };

@@ -23,6 +23,10 @@ Work Stage::AsWork(const std::string& name, int pieces) const {
   return {name, pieces, reset, PixelsOf(picture)};
 }
 
+std::string SizeText(Size size) {
+  return std::to_string(size.width) + "x" + std::to_string(size.height);
+}
+
 Picture Noise(Size size, unsigned seed) {
   std::mt19937 random(seed);
   Picture picture(size.width, size.height);

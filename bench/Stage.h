@@ -32,6 +32,9 @@ struct Stage {
   std::shared_ptr<Picture> picture;
 };
 
+/// Such as "20x20".
+std::string SizeText(Size size);
+
 /// A picture of random colours, the same in every run of the program.
 Picture Noise(Size size, unsigned seed);
 

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/QtPlatform.h"
+#include "shell/ArtSheets.h"
+#include "tests/support/FakePlatform.h"
+#include "tools/MainForm.h"
+
+namespace morvane::bench {
+
+/// The real platform with a user who says yes to everything.
+class YesPlatform : public QtPlatform {
+ public:
+  Answer MsgBox(const std::string&, BoxStyle, const std::string&) override { return Answer::Yes; }
+};
+
+/// A platform that counts the snapshots it is given and keeps none.
+class ForgetfulPlatform : public FakePlatform {
+ public:
+  Failure WriteSnapshot(ByteSource&) override {
+    ++snapshots;
+    return {};
+  }
+};
+
+/// The editor with its real art and no window, and a map of any size.
+template <class Desktop>
+struct BenchEditor {
+  explicit BenchEditor(Size map) {
+    constexpr int kBorders = 4;
+    form.Form_Initialize();
+    for (PictureBox* box : {&document.Canvas, &document.pbclear}) {
+      box->SetWidth(map.width + kBorders);
+      box->SetHeight(map.height + kBorders);
+      box->Cls();
+    }
+  }
+
+  Desktop platform;
+  MainForm form{platform, &LoadArtSheet};
+  Document& document = form.document;
+  Palette& palette = form.palette;
+};
+
+}  // namespace morvane::bench

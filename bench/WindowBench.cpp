@@ -1,0 +1,79 @@
+#include <QCoreApplication>
+#include <QEvent>
+#include <QMouseEvent>
+
+#include "bench/BenchEditor.h"
+#include "bench/Benches.h"
+#include "bench/Stage.h"
+#include "bench/WorkFolder.h"
+#include "shell/frmMain.h"
+
+namespace morvane::bench {
+namespace {
+
+constexpr int kMoves = 400;
+
+/// Counts how often a widget is painted.
+class PaintCounter : public QObject {
+ public:
+  int paints = 0;
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++paints;
+    return false;
+  }
+};
+
+/// The real main window.
+struct Window {
+  YesPlatform platform;
+  MainForm form{platform, &LoadArtSheet};
+  PaintCounter counter;
+  frmMain window{form};
+  QWidget* canvas = window.findChild<QWidget*>("Canvas");
+
+  Window() {
+    Must(canvas != nullptr, "There is no map in the window");
+    platform.SetWindow(&window, [this] { window.ShowState(); });
+    canvas->installEventFilter(&counter);
+    window.show();
+    QCoreApplication::processEvents();
+  }
+
+  /// Moves pixel by pixel; what a move changes is painted before the next comes.
+  void MoveAlong(Qt::MouseButtons held) {
+    for (int step = 0; step < kMoves; ++step) {
+      const QPointF place(52 + step, 52 + step / 4);
+      QCoreApplication::postEvent(
+          canvas, new QMouseEvent(QEvent::MouseMove, place, canvas->mapToGlobal(place),
+                                  Qt::NoButton, held, Qt::NoModifier));
+      // The repaint that the move asked for comes in a round of its own.
+      QCoreApplication::processEvents();
+      QCoreApplication::processEvents();
+    }
+  }
+};
+
+void AddMoves(RatioTable& table, const std::shared_ptr<Window>& window, const std::string& name,
+              Qt::MouseButtons held, int leastPaints) {
+  window->counter.paints = 0;
+  window->MoveAlong(held);
+  Must(window->counter.paints >= leastPaints, "The window doesn't paint its moves");
+  Contest(table, {.name = name, .pieces = kMoves})
+      .Ours([=] { window->MoveAlong(held); })
+      .Alone(AtLeast(20'000));
+}
+
+}  // namespace
+
+void AddWindow(RatioTable& table) {
+  const auto folder = std::make_shared<WorkFolder>();
+  folder->Enter();
+  const auto window = std::make_shared<Window>();
+  AddMoves(table, window, "Moves of a stroke in the window, each painted", Qt::LeftButton,
+           kMoves * 4 / 5);
+  AddMoves(table, window, "Moves that hover in the window", Qt::NoButton, kMoves / 20);
+}
+
+}  // namespace morvane::bench
