@@ -24,17 +24,18 @@ std::shared_ptr<Editor> EditorFor(Size map, const char* tile) {
 
 /// Presses in the middle of each cell where the stamp fits on a map of the designed size.
 void PressAll(Editor& editor, const std::vector<Place>& cells) {
+  constexpr int kMiddle = kCellSize / 2;
   for (const Place& cell : cells) {
-    Canvas_MouseDown(editor.palette, kLeftButton, static_cast<float>(cell.x + kCellSize / 2),
-                     static_cast<float>(cell.y + kCellSize / 2));
+    Canvas_MouseDown(editor.palette, kLeftButton, static_cast<float>(cell.x + kMiddle),
+                     static_cast<float>(cell.y + kMiddle));
   }
 }
 
 /// Moves pixel by pixel, a slow hand's way across the cells.
 void MoveAlong(Editor& editor, int button) {
-  for (int step = 0; step < kMoves; ++step) {
-    Canvas_MouseMove(editor.palette, button, static_cast<float>(50 + step),
-                     static_cast<float>(50 + step / 4));
+  for (int x = 50; x < 50 + kMoves; ++x) {
+    const int y = x / 4 + 40;
+    Canvas_MouseMove(editor.palette, button, static_cast<float>(x), static_cast<float>(y));
   }
 }
 

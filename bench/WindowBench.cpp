@@ -42,9 +42,9 @@ struct Window {
   }
 
   /// Moves pixel by pixel; what a move changes is painted before the next comes.
-  void MoveAlong(Qt::MouseButtons held) {
-    for (int step = 0; step < kMoves; ++step) {
-      const QPointF place(52 + step, 52 + step / 4);
+  void MoveAlong(Qt::MouseButtons held) const {
+    for (int x = 50; x < 50 + kMoves; ++x) {
+      const QPoint place(x, x / 4 + 40);
       QCoreApplication::postEvent(
           canvas, new QMouseEvent(QEvent::MouseMove, place, canvas->mapToGlobal(place),
                                   Qt::NoButton, held, Qt::NoModifier));
