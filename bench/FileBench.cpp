@@ -107,7 +107,7 @@ void AddSnapshotRead(RatioTable& table) {
   const FileStage stage(kLargeMap);
   const auto snapshot = SnapshotOf(stage);
   const std::string path = stage.folder->File("mvtmp.~mp");
-  const auto read = std::make_shared<Picture>();
+  const auto read = std::make_shared<Picture>(kLargeMap.width, kLargeMap.height);
   const auto loaded = std::make_shared<QImage>();
   Work work{.name = "Undo's read of a snapshot " + SizeText(kLargeMap),
             .result = [read] { return PixelsOf(read)(); },
@@ -116,9 +116,9 @@ void AddSnapshotRead(RatioTable& table) {
       .Ours([=] {
         auto file = snapshot->Read();
         Must(file.Ok(), "The snapshot could not be opened");
-        auto picture = ReadBmp(*file.Value());
-        Must(picture.Ok(), "The snapshot could not be read");
-        *read = std::move(picture.Value());
+        BmpDecoder decoder(*file.Value());
+        Must(snapshot->IsUntouched() && decoder.Open().empty(), "The snapshot is not as it was");
+        Must(decoder.Decode(read->Draw()).empty(), "The snapshot could not be read");
       })
       .Limit("pread into ready memory", AtMost(3),
              [file = HeldOpen(path), stage, buffer = std::make_shared<Bytes>(*stage.bytes)] {

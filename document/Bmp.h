@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "document/BmpHeader.h"
+#include "document/ByteSources.h"
 #include "document/Picture.h"
 #include "platform/Platform.h"
 
@@ -13,6 +15,24 @@ bool IsBmp(ByteSource& file);
 /// Decodes a BMP file of any form that isn't itself a JPEG, a PNG or a fax inside. What is
 /// see-through is laid over white. A file that ends too early or contradicts itself is refused with
 /// its reason.
+class BmpDecoder {
+ public:
+  explicit BmpDecoder(ByteSource& file) : file_(file), window_(file) {}
+
+  /// Reads the headers. Comes first.
+  Failure Open();
+  /// The picture's size in pixels.
+  Size PictureSize() const { return {header_.width, header_.height}; }
+  /// Decodes into a picture of that size. After a failure its pixels are undefined.
+  Failure Decode(const Surface& picture);
+
+ private:
+  ByteSource& file_;
+  ByteWindow window_;
+  BmpHeader header_;
+};
+
+/// Decodes a whole BMP file.
 Result<Picture> ReadBmp(ByteSource& file);
 
 /// A picture as an uncompressed BMP file of 24 bits a pixel at 96 dpi. The bytes are made when they

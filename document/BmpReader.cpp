@@ -1,7 +1,6 @@
 #include <algorithm>
 
 #include "document/Bmp.h"
-#include "document/BmpHeader.h"
 #include "document/BmpRle.h"
 #include "document/PixelBytes.h"
 
@@ -116,21 +115,27 @@ bool IsBmp(ByteSource& file) {
          mark[1] == 'M';
 }
 
-Result<Picture> ReadBmp(ByteSource& file) {
-  ByteWindow window(file);
-  if (!window.Show(std::min(file.Size(), kBmpHeadBytes))) {
-    return Result<Picture>::Failed(window.Reason());
-  }
-  Result<BmpHeader> read = ReadBmpHeader({window.Data(), window.Shown()}, file.Size());
-  if (!read.Ok()) return Result<Picture>::Failed(read.Reason());
-  const BmpHeader& header = read.Value();
-  window.Skip(header.dataOffset);
-  if (!HasRoom(header, window.Left())) return Result<Picture>::Failed("The file ends too early.");
+Failure BmpDecoder::Open() {
+  if (!window_.Show(std::min(file_.Size(), kBmpHeadBytes))) return window_.Reason();
+  Result<BmpHeader> header = ReadBmpHeader({window_.Data(), window_.Shown()}, file_.Size());
+  if (!header.Ok()) return header.Reason();
+  header_ = std::move(header.Value());
+  window_.Skip(header_.dataOffset);
+  return HasRoom(header_, window_.Left()) ? Failure() : "The file ends too early.";
+}
 
-  Picture picture = Picture::Unpainted(header.width, header.height);
-  Failure failure = header.compression == BmpCompression::None
-                        ? ReadRows(window, header, picture.Draw())
-                        : ReadBmpRuns(window, header, picture.Draw());
+Failure BmpDecoder::Decode(const Surface& picture) {
+  return header_.compression == BmpCompression::None ? ReadRows(window_, header_, picture)
+                                                     : ReadBmpRuns(window_, header_, picture);
+}
+
+Result<Picture> ReadBmp(ByteSource& file) {
+  BmpDecoder decoder(file);
+  Failure failure = decoder.Open();
+  if (!failure.empty()) return Result<Picture>::Failed(std::move(failure));
+  const Size size = decoder.PictureSize();
+  Picture picture = Picture::Unpainted(size.width, size.height);
+  failure = decoder.Decode(picture.Draw());
   if (!failure.empty()) return Result<Picture>::Failed(std::move(failure));
   return picture;
 }

@@ -4,6 +4,12 @@
 #include <cstring>
 
 namespace morvane {
+namespace {
+
+/// What a window holds at once: it stays in the cache while it is decoded.
+constexpr std::size_t kWindowBytes = std::size_t{64} << 10U;
+
+}  // namespace
 
 Failure MemorySource::ReadAt(std::size_t place, std::span<std::uint8_t> buffer) {
   std::memcpy(buffer.data(), bytes_.data() + place, buffer.size());
@@ -25,7 +31,7 @@ void ByteWindow::Skip(std::size_t count) {
 bool ByteWindow::Fill(std::size_t count) {
   if (count > Left() || !reason_.empty()) return false;
   const std::size_t kept = end_ - begin_;
-  if (buffer_.size() < count) buffer_.resize(std::max(count, std::min(kChunkBytes, Left())));
+  if (buffer_.size() < count) buffer_.resize(std::max(count, std::min(kWindowBytes, Left())));
   std::memmove(buffer_.data(), buffer_.data() + begin_, kept);
   const std::size_t fresh = std::min(buffer_.size() - kept, source_.Size() - place_);
   reason_ = source_.ReadAt(place_, std::span(buffer_).subspan(kept, fresh));

@@ -64,6 +64,15 @@ void PictureBox::SetPicture(Picture picture) {
   ExposeAll();
 }
 
+std::optional<Surface> PictureBox::OverwriteImage(Size size) {
+  const bool fits = size == Size{store_.Width(), store_.Height()} && size.width >= ScaleWidth() &&
+                    size.height >= ScaleHeight();
+  if (!fits) return std::nullopt;
+  image_ = size;
+  ExposeAll();
+  return store_.Draw();
+}
+
 void PictureBox::SetPictureAndSize(Picture picture) {
   width_ = picture.Width() + 2 * border_;
   height_ = picture.Height() + 2 * border_;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "document/Picture.h"
 
 namespace morvane {
@@ -38,7 +40,10 @@ class PictureBox {
   /// Puts the picture in the place of the image, at the top left corner and at its natural size, on
   /// white. The box keeps its size.
   void SetPicture(Picture picture);
-  /// The same for a box that takes the size of its picture.
+  /// The memory of the image, where a picture of that size would take its place as it is. All its
+  /// pixels are going to be written anew.
+  std::optional<Surface> OverwriteImage(Size size);
+  /// Like SetPicture, for a box that takes the size of its picture.
   void SetPictureAndSize(Picture picture);
 
   /// Begins the image anew, white and as large as the inside of the box, with nothing in reserve.

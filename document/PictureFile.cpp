@@ -6,7 +6,6 @@
 #include "document/ByteSources.h"
 
 namespace morvane {
-
 namespace {
 
 Result<Picture> DecodeForeign(Platform& platform, ByteSource& content) {
@@ -17,22 +16,25 @@ Result<Picture> DecodeForeign(Platform& platform, ByteSource& content) {
 
 }  // namespace
 
-Result<Picture> WithinMemory(const std::function<Result<Picture>()>& load) {
+Failure WithinMemory(const std::function<Failure()>& load) {
   try {
     return load();
   } catch (const std::bad_alloc&) {
-    return Result<Picture>::Failed("There is not enough memory for this picture.");
+    return "There is not enough memory for this picture.";
   }
 }
 
 Result<Picture> LoadPicture(Platform& platform, const std::string& path) {
-  return WithinMemory([&] {
+  Result<Picture> picture = Result<Picture>::Failed({});
+  Failure failure = WithinMemory([&]() -> Failure {
     Result<std::unique_ptr<ByteSource>> file = platform.OpenFile(path);
-    if (!file.Ok()) return Result<Picture>::Failed(file.Reason());
+    if (!file.Ok()) return file.Reason();
     ByteSource& content = *file.Value();
-    if (content.Size() == 0) return Result<Picture>::Failed("The file is empty.");
-    return IsBmp(content) ? ReadBmp(content) : DecodeForeign(platform, content);
+    if (content.Size() == 0) return "The file is empty.";
+    picture = IsBmp(content) ? ReadBmp(content) : DecodeForeign(platform, content);
+    return {};
   });
+  return failure.empty() ? std::move(picture) : Result<Picture>::Failed(std::move(failure));
 }
 
 Failure SavePicture(Platform& platform, const PictureView& picture, const std::string& path) {

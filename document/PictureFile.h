@@ -9,7 +9,7 @@
 namespace morvane {
 
 /// Runs what loads a picture; a lack of memory becomes a reason like any other.
-Result<Picture> WithinMemory(const std::function<Result<Picture>()>& load);
+Failure WithinMemory(const std::function<Failure()>& load);
 
 /// Loads a picture from an image file of any known format.
 Result<Picture> LoadPicture(Platform& platform, const std::string& path);

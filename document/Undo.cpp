@@ -7,11 +7,23 @@
 namespace morvane {
 namespace {
 
-Result<Picture> LoadSnapshot(Platform& platform) {
-  return WithinMemory([&] {
-    Result<std::unique_ptr<ByteSource>> snapshot = platform.OpenSnapshot();
-    return snapshot.Ok() ? ReadBmp(*snapshot.Value()) : Result<Picture>::Failed(snapshot.Reason());
-  });
+/// Puts the snapshot in the place of the map. One that nobody has touched is read over the map
+/// itself: any other could turn out to be unsound half-way.
+Failure RestoreSnapshot(Document& document) {
+  Result<std::unique_ptr<ByteSource>> snapshot = document.platform.OpenSnapshot();
+  if (!snapshot.Ok()) return snapshot.Reason();
+  BmpDecoder decoder(*snapshot.Value());
+  Failure failure = decoder.Open();
+  if (!failure.empty()) return failure;
+  const Size size = decoder.PictureSize();
+  if (document.platform.IsSnapshotUntouched()) {
+    const auto image = document.Canvas.OverwriteImage(size);
+    if (image) return decoder.Decode(*image);
+  }
+  Picture picture = Picture::Unpainted(size.width, size.height);
+  failure = decoder.Decode(picture.Draw());
+  if (failure.empty()) document.Canvas.SetPicture(std::move(picture));
+  return failure;
 }
 
 }  // namespace
@@ -28,15 +40,14 @@ void mnuEditUndo_Click(Document& document) {
   document.Canvas.MousePointer = Pointer::Hourglass;
   document.platform.ShowState();
 
-  Result<Picture> snapshot = LoadSnapshot(document.platform);
-  if (snapshot.Ok()) document.Canvas.SetPicture(std::move(snapshot.Value()));
+  const Failure failure = WithinMemory([&document] { return RestoreSnapshot(document); });
   document.UndoButtonEnabled = false;
   document.mnuEditUndoEnabled = false;
 
   document.MousePointer = windowPointer;
   document.Canvas.MousePointer = canvasPointer;
-  if (!snapshot.Ok()) {
-    TellFailure(document.platform, "The last change can't be taken back.", snapshot.Reason());
+  if (!failure.empty()) {
+    TellFailure(document.platform, "The last change can't be taken back.", failure);
   }
 }
 

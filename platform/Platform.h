@@ -124,6 +124,8 @@ class Platform {
   virtual Failure WriteSnapshot(ByteSource& content) = 0;
   /// The snapshot, to be read before the next one is written.
   virtual Result<std::unique_ptr<ByteSource>> OpenSnapshot() = 0;
+  /// Whether nobody has touched the snapshot since it was written.
+  virtual bool IsSnapshotUntouched() = 0;
   virtual void DeleteSnapshot() = 0;
 
   /// Decodes a picture of any format but BMP, laid over white.

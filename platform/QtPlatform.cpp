@@ -134,6 +134,10 @@ Result<std::unique_ptr<ByteSource>> QtPlatform::OpenSnapshot() {
   return snapshot_.Read();
 }
 
+bool QtPlatform::IsSnapshotUntouched() {
+  return snapshot_.IsUntouched();
+}
+
 void QtPlatform::DeleteSnapshot() {
   snapshot_.Delete();
 }

@@ -40,6 +40,7 @@ class QtPlatform : public Platform {
                                     const std::string& value, const std::string& path) override;
   Failure WriteSnapshot(ByteSource& content) override;
   Result<std::unique_ptr<ByteSource>> OpenSnapshot() override;
+  bool IsSnapshotUntouched() override;
   void DeleteSnapshot() override;
   Result<Picture> DecodePicture(const Bytes& content) override;
   bool EditText(std::string& text) override;

@@ -91,6 +91,12 @@ Result<std::unique_ptr<ByteSource>> SnapshotFile::Read() const {
   return Opened(std::make_unique<HeldFile>(file_, size_, path_));
 }
 
+bool SnapshotFile::IsUntouched() const {
+  struct stat status {};
+  return size_ > 0 && fstat(file_, &status) == 0 && status.st_size == static_cast<off_t>(size_) &&
+         status.st_ctim.tv_sec == changed_.tv_sec && status.st_ctim.tv_nsec == changed_.tv_nsec;
+}
+
 void SnapshotFile::Delete() {
   size_ = 0;
   if (file_ < 0) return;
@@ -137,8 +143,14 @@ Failure SnapshotFile::Overwrite(ByteSource& content) {
         return WriteAt(file_, place, bytes) ? Failure() : SystemReason(path_);
       });
   if (!failure.empty()) return failure;
-  return ftruncate(file_, static_cast<off_t>(content.Size())) == 0 ? Failure()
-                                                                   : SystemReason(path_);
+  const auto size = static_cast<off_t>(content.Size());
+  struct stat status {};
+  bool isDone = fstat(file_, &status) == 0;
+  if (isDone && status.st_size != size) {
+    isDone = ftruncate(file_, size) == 0 && fstat(file_, &status) == 0;
+  }
+  changed_ = status.st_ctim;
+  return isDone ? Failure() : SystemReason(path_);
 }
 
 }  // namespace morvane

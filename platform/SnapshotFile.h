@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ctime>
 #include <memory>
 #include <string>
 
@@ -23,6 +24,8 @@ class SnapshotFile {
   Failure Write(ByteSource& content);
   /// The snapshot, to be read before the next one is written.
   Result<std::unique_ptr<ByteSource>> Read() const;
+  /// Whether nobody has touched the file since it was written.
+  bool IsUntouched() const;
   void Delete();
 
  private:
@@ -35,6 +38,7 @@ class SnapshotFile {
   std::string path_;
   bool isPrivate_ = false;  ///< then nothing bears its name any more
   std::size_t size_ = 0;    ///< of the snapshot; 0 where there is none
+  timespec changed_{};      ///< when it was written, by the clock of the disk
   ChunkBuffer chunk_;
 };
 

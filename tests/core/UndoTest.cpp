@@ -77,5 +77,22 @@ TEST_F(Undo, WithoutASnapshotItSaysSoAndLeavesTheMap) {
   EXPECT_EQ(Difference(Map(), before), "");
 }
 
+TEST_F(Undo, ASnapshotThatOthersTouchedIsReadAsideFirst) {
+  Press(5, 5);
+  const Picture stamped = Map();
+  Press(45, 45);
+  const Picture both = Map();
+  platform.snapshotTouched = true;
+  const Bytes whole = platform.snapshot;
+  platform.snapshot.resize(whole.size() / 2);
+  mnuEditUndo_Click(document);
+  EXPECT_EQ(Difference(Map(), both), "");
+  ASSERT_EQ(platform.boxes.size(), 1U);
+  EXPECT_NE(platform.boxes[0].text.find("ends too early"), std::string::npos);
+  platform.snapshot = whole;
+  mnuEditUndo_Click(document);
+  EXPECT_EQ(Difference(Map(), stamped), "");
+}
+
 }  // namespace
 }  // namespace morvane

@@ -111,7 +111,9 @@ TEST_F(SnapshotFileTest, AFolderThatCannotBeWrittenIsNoHindranceButTwoAre) {
 TEST_F(SnapshotFileTest, AFileThatWasDeletedOrCutByOthersIsNoticed) {
   SnapshotFile file;
   ASSERT_EQ(Write(file, first), "");
+  EXPECT_TRUE(file.IsUntouched());
   ASSERT_EQ(truncate(name, 3), 0);
+  EXPECT_FALSE(file.IsUntouched());
   EXPECT_EQ(Read(file), Bytes());
   ASSERT_EQ(Write(file, first), "");
   ASSERT_EQ(unlink(name), 0);

@@ -74,6 +74,7 @@ class FakePlatform : public Platform, public DialogScript {
   std::string profilePath;                      ///< of the last setting that was used
   bool snapshotFails = false;
   bool memoryIsFull = false;
+  bool snapshotTouched = false;
   int snapshots = 0;  ///< written so far
   int foldersRead = 0;
   Bytes snapshot;
@@ -140,6 +141,7 @@ class FakePlatform : public Platform, public DialogScript {
     if (snapshot.empty()) return Opened::Failed("No earlier state of the map was kept.");
     return Opened(std::make_unique<OwnedBytes>(snapshot));
   }
+  bool IsSnapshotUntouched() override { return !snapshotTouched; }
   void DeleteSnapshot() override { snapshot.clear(); }
   Result<Picture> DecodePicture(const Bytes&) override {
     return Result<Picture>::Failed("This is not a picture that can be read.");
