@@ -22,16 +22,18 @@ namespace {
 constexpr Size kLargeMap{1432, 1168};
 constexpr std::chrono::milliseconds kBetweenPresses{60};
 
-/// A map, the bytes of its file, and a place to put files.
+/// A map and a place to put files.
 struct FileStage {
-  explicit FileStage(Size size) : map(Noise(size, 20)) {
+  explicit FileStage(Size size) : map(Noise(size, 20)) {}
+
+  std::size_t FileBytes() const { return BmpEncoder(map.View()).Size(); }
+  /// The bytes of its file, ready in memory.
+  std::shared_ptr<Bytes> ReadyBytes() const {
     BmpEncoder encoder(map.View());
-    bytes = std::make_shared<Bytes>(ReadAll(encoder).Value());
-    folder->Enter();
+    return std::make_shared<Bytes>(ReadAll(encoder).Value());
   }
 
   Stage map;
-  std::shared_ptr<Bytes> bytes;
   std::shared_ptr<WorkFolder> folder = std::make_shared<WorkFolder>();
 };
 
@@ -94,7 +96,8 @@ void AddSnapshotWrite(RatioTable& table) {
       .Ours([=] { WriteSnapshot(*snapshot, stage.map.View()); })
       .Against(
           "pwrite of ready bytes", AtMost(2.6),
-          [file = HeldOpen(bare), stage] { WriteBare(*file, *stage.bytes); }, DecodedFile(bare))
+          [file = HeldOpen(bare), stage, bytes = stage.ReadyBytes()] { WriteBare(*file, *bytes); },
+          DecodedFile(bare))
       .Against(
           "QImage::save", Faster(6),
           [image = PackedCopy(stage.map.View()), saved, stage] {
@@ -121,7 +124,7 @@ void AddSnapshotRead(RatioTable& table) {
         Must(decoder.Decode(read->Draw()).empty(), "The snapshot could not be read");
       })
       .Limit("pread into ready memory", AtMost(3),
-             [file = HeldOpen(path), stage, buffer = std::make_shared<Bytes>(*stage.bytes)] {
+             [file = HeldOpen(path), stage, buffer = stage.ReadyBytes()] {
                const ssize_t count = pread(*file, buffer->data(), buffer->size(), 0);
                Must(count == static_cast<ssize_t>(buffer->size()), "The file could not be read");
              })
@@ -145,7 +148,7 @@ void AddSnapshotGrowth(RatioTable& table) {
     const FileStage smaller(sizes[i - 1]);
     const auto smallerSnapshot = SnapshotOf(smaller);
     const double growth =
-        static_cast<double>(larger.bytes->size()) / static_cast<double>(smaller.bytes->size());
+        static_cast<double>(larger.FileBytes()) / static_cast<double>(smaller.FileBytes());
     Work work{.name = "Snapshot, map " + SizeText(sizes[i]), .pause = kBetweenPresses};
     Contest(table, work)
         .Ours([=] { WriteSnapshot(*largerSnapshot, larger.map.View()); })
@@ -181,11 +184,11 @@ void AddSaving(RatioTable& table) {
       })
       .Against(
           "write, fsync, rename of ready bytes", AtMost(1.6),
-          [=] {
+          [stage, bare, bytes = stage.ReadyBytes()] {
             const std::string temporary = bare + ".new";
             {
               const auto file = HeldOpen(temporary);
-              WriteBare(*file, *stage.bytes);
+              WriteBare(*file, *bytes);
               Must(fsync(*file) == 0, "A file could not be flushed");
             }
             Must(std::rename(temporary.c_str(), bare.c_str()) == 0, "A file could not be renamed");

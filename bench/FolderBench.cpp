@@ -1,7 +1,6 @@
 #include <dirent.h>
 
 #include <QListWidget>
-#include <array>
 #include <fstream>
 #include <memory>
 
@@ -16,21 +15,28 @@ namespace {
 
 constexpr int kPictures = 10'000;
 
-/// A folder full of empty pictures, and their names in the order of a list.
-struct FullFolder {
-  explicit FullFolder(const std::string& beginning) {
+/// A folder full of empty pictures and their names in the order of a list, and an empty folder.
+struct Folders {
+  Folders() {
     for (int number = 1; number <= kPictures; ++number) {
-      const std::string name = beginning + ' ' + std::to_string(number) + ".bmp";
-      Must(std::ofstream(folder.File(name.c_str())).good(), "A picture could not be made");
+      const std::string name = "tile " + std::to_string(number) + ".bmp";
+      Must(std::ofstream(full.File(name.c_str())).good(), "A picture could not be made");
       names << QString::fromStdString(name);
     }
   }
 
-  WorkFolder folder;
+  WorkFolder full;
+  WorkFolder empty;
   QStringList names;
 };
 
-using Folders = std::shared_ptr<std::array<FullFolder, 2>>;
+int EntriesIn(const WorkFolder& folder) {
+  int entries = 0;
+  DIR* directory = opendir(folder.File("").c_str());
+  while (readdir(directory) != nullptr) ++entries;
+  closedir(directory);
+  return entries;
+}
 
 /// The frame of the custom tiles in a window, on the real disk.
 struct Lister {
@@ -43,8 +49,8 @@ struct Lister {
     window.show();
     frame.ShowState();
   }
-  void List(const FullFolder& full) {
-    Must(editor.palette.File1.SetPath(editor.platform, full.folder.File("")),
+  void List(const WorkFolder& folder) {
+    Must(editor.palette.File1.SetPath(editor.platform, folder.File("")),
          "A folder could not be listed");
     frame.ShowState();
   }
@@ -56,14 +62,11 @@ struct PlainList {
   QListWidget list{&window};
 
   PlainList() { window.show(); }
-  void List(const FullFolder& full) {
-    int entries = 0;
-    DIR* folder = opendir(full.folder.File("").c_str());
-    while (readdir(folder) != nullptr) ++entries;
-    closedir(folder);
-    Must(entries == kPictures + 2, "A folder could not be read");
+  void List(const WorkFolder& folder, const QStringList& names) {
+    constexpr int kItselfAndParent = 2;
+    Must(EntriesIn(folder) == names.size() + kItselfAndParent, "A folder could not be read");
     list.clear();
-    list.addItems(full.names);
+    list.addItems(names);
   }
 };
 
@@ -78,22 +81,23 @@ Result NamesIn(QListWidget* list) {
 }  // namespace
 
 void AddFolders(RatioTable& table) {
-  const Folders folders(new std::array<FullFolder, 2>{FullFolder("tile"), FullFolder("wall")});
+  const auto folders = std::make_shared<const Folders>();
   const auto lister = std::make_shared<Lister>();
   const auto plain = std::make_shared<PlainList>();
-  // Two folders in turn, for a list that already shows a folder isn't filled again.
+  // The empty folder comes first, for a list that already shows a folder isn't filled again.
   Work work{.name = "A folder of 10,000 pictures, listed",
-            .pieces = 2,
             .result = NamesIn(lister->frame.findChild<QListWidget*>("File1")),
             .clock = Clock::Wall};
   Contest(table, work)
       .Ours([=] {
-        for (const FullFolder& full : *folders) lister->List(full);
+        lister->List(folders->empty);
+        lister->List(folders->full);
       })
       .Against(
           "readdir and QListWidget::addItems", AtMost(2.0),
           [=] {
-            for (const FullFolder& full : *folders) plain->List(full);
+            plain->List(folders->empty, {});
+            plain->List(folders->full, folders->names);
           },
           NamesIn(&plain->list));
 }

@@ -1,3 +1,5 @@
+#include <array>
+
 #include "bench/BenchEditor.h"
 #include "bench/Benches.h"
 #include "bench/Stage.h"
@@ -68,17 +70,29 @@ void AddPress(RatioTable& table) {
       .Alone(Within(5000));
 }
 
-void AddMove(RatioTable& table, const std::string& name, int button) {
+struct Hand {
+  const char* name;
+  int button;
+};
+
+void AddMoves(RatioTable& table) {
+  constexpr std::array<Hand, 2> kHands = {
+      {{"A move of a stroke", kLeftButton}, {"A move that hovers", 0}}};
   const auto designed = EditorFor(kMap, "pbfloor");
-  const int before = designed->platform.snapshots;
-  AddAllocations(table, name, *designed, [&] { MoveAlong(*designed, button); });
-  const int snapshots = designed->platform.snapshots - before;
-  table.Add(Count{name, std::to_string(snapshots) + " snapshots", "none", snapshots == 0});
+  for (const Hand& hand : kHands) {
+    const int before = designed->platform.snapshots;
+    AddAllocations(table, hand.name, *designed, [&] { MoveAlong(*designed, hand.button); });
+    const int snapshots = designed->platform.snapshots - before;
+    table.Add(Count{hand.name, std::to_string(snapshots) + " snapshots", "none", snapshots == 0});
+  }
   for (const Size size : {Size{1432, 1168}, Size{3840, 2160}, Size{7680, 4320}}) {
     const auto larger = EditorFor(size, "pbfloor");
-    Contest(table, {.name = name + ", map " + SizeText(size), .pieces = kMoves})
-        .Ours([=] { MoveAlong(*larger, button); })
-        .Limit("map " + SizeText(kMap), AtMost(1.1), [=] { MoveAlong(*designed, button); });
+    for (const auto [name, button] : kHands) {
+      Contest(table, {.name = std::string(name) + ", map " + SizeText(size), .pieces = kMoves})
+          .Ours([=, button = button] { MoveAlong(*larger, button); })
+          .Limit("map " + SizeText(kMap), AtMost(1.1),
+                 [=, button = button] { MoveAlong(*designed, button); });
+    }
   }
 }
 
@@ -101,8 +115,7 @@ void AddBlit(RatioTable& table) {
 
 void AddPresses(RatioTable& table) {
   AddPress(table);
-  AddMove(table, "A move of a stroke", kLeftButton);
-  AddMove(table, "A move that hovers", 0);
+  AddMoves(table);
   AddBlit(table);
 }
 
