@@ -68,6 +68,16 @@ TEST(Blit, CopiesOfEverySizeAndAlignmentAreEqualToPlainOnes) {
   }
 }
 
+TEST(Blit, ASinglePixelBetweenKeyPixelsIsNeverLeftOut) {
+  for (int at = 0; at < 70; ++at) {
+    Picture source(70, 1, kWhite);
+    SetPixelV(source.Draw(), at, 0, 0x010203);
+    Picture target(70, 1, 0);
+    TransparentBlt(target.Draw(), 0, 0, 70, 1, source.View(), 0, 0, kWhite);
+    EXPECT_EQ(GetPixel(target.View(), at, 0), 0x010203U) << at;
+  }
+}
+
 TEST(Blit, OnlyExactlyTheKeyColourIsSeenThrough) {
   Picture source(3, 1, kWhite);
   SetPixelV(source.Draw(), 1, 0, 0xFEFFFF);

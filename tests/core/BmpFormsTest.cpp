@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "document/Bmp.h"
+#include "document/LittleEndian.h"
 #include "document/PixelBytes.h"
 #include "tests/support/BmpMaker.h"
 #include "tests/support/FileBytes.h"
@@ -76,7 +77,13 @@ TEST(Bmp, AnyPieceOfAFileIsThatPieceOfTheWhole) {
 
 TEST(Bmp, FilesLongerThanAChunkAreReadAsAWhole) {
   const Picture large = Speckled(701, 411);
-  EXPECT_EQ(ReadBmp(WriteBmp(large.View())).Value(), large);
+  Bytes file = WriteBmp(large.View());
+  EXPECT_EQ(ReadBmp(file).Value(), large);
+  // A gap before the pixels, as the header may tell.
+  constexpr std::uint32_t kGap = 100'000;
+  file.insert(file.begin() + 54, kGap, 0);
+  Write32(file, 10, 54 + kGap);
+  EXPECT_EQ(ReadBmp(file).Value(), large);
 
   // Single pixels, so that every border of a chunk lies inside of something.
   BmpMaker maker{.width = 601, .height = 901, .bits = 8, .compression = 1};
