@@ -21,23 +21,25 @@ inline void Overlay(Vector& result, const Pixel* to, const Pixel* from, const Ve
   result = result == keys ? old : result;
 }
 
-/// For rows of at least one vector. The last vector of a row may overlap the one before, which
-/// changes nothing: it is read first, so that it needn't wait for what was just written.
-template <typename Vector>
+/// For a row of so many vectors, of which the last one may overlap the one before. All are read
+/// before the first is written, so that none needs to wait for another.
+template <typename Vector, int kVectors>
+inline void CopyKeyedRow(Pixel* to, const Pixel* from, int width, const Vector& keys) {
+  constexpr int kStep = kPixelsOf<Vector>;
+  const int at = kVectors > 1 ? 0 : width - kStep;
+  Vector pixels;
+  Overlay(pixels, to + at, from + at, keys);
+  if constexpr (kVectors > 1) {
+    CopyKeyedRow<Vector, kVectors - 1>(to + kStep, from + kStep, width - kStep, keys);
+  }
+  StorePixels(to + at, pixels);
+}
+
+template <typename Vector, int kVectors>
 inline void CopyKeyedRows(Surface to, PictureView from, Pixel key) {
   const Vector keys = Vector{} + key;
-  const int last = to.width - kPixelsOf<Vector>;
   for (int y = 0; y < to.height; ++y) {
-    Pixel* toRow = to.Row(y);
-    const Pixel* fromRow = from.Row(y);
-    Vector end;
-    Overlay(end, toRow + last, fromRow + last, keys);
-    for (int x = 0; x < last; x += kPixelsOf<Vector>) {
-      Vector pixels;
-      Overlay(pixels, toRow + x, fromRow + x, keys);
-      StorePixels(toRow + x, pixels);
-    }
-    StorePixels(toRow + last, end);
+    CopyKeyedRow<Vector, kVectors>(to.Row(y), from.Row(y), to.width, keys);
   }
 }
 
@@ -75,14 +77,24 @@ inline void CopyKeyedRuns(Surface to, PictureView from, Pixel key) {
 }
 
 inline void CopyKeyed(Surface to, PictureView from, Pixel key) {
+  static_assert(kLongRun == 4 * kPixelsOf<PixelVector>);
   if (to.width >= kLongRun) {
     CopyKeyedRuns(to, from, key);
+  } else if (to.width > 3 * kPixelsOf<PixelVector>) {
+    CopyKeyedRows<PixelVector, 4>(to, from, key);
+  } else if (to.width > 2 * kPixelsOf<PixelVector>) {
+    CopyKeyedRows<PixelVector, 3>(to, from, key);
   } else if (to.width >= kPixelsOf<PixelVector>) {
-    CopyKeyedRows<PixelVector>(to, from, key);
-  } else if (to.width >= kPixelsOf<HalfVector>) {
-    CopyKeyedRows<HalfVector>(to, from, key);
+    CopyKeyedRows<PixelVector, 2>(to, from, key);
+  } else if (to.width > kPixelsOf<HalfVector>) {
+    CopyKeyedRows<HalfVector, 2>(to, from, key);
+  } else if (to.width == kPixelsOf<HalfVector>) {
+    CopyKeyedRows<HalfVector, 1>(to, from, key);
   } else {
-    CopyKeyedRows<Pixel>(to, from, key);
+    for (int x = 0; x < to.width; ++x) {
+      const Surface column = {to.pixels + x, 1, to.height, to.stride};
+      CopyKeyedRows<Pixel, 1>(column, {from.pixels + x, 1, from.height, from.stride}, key);
+    }
   }
 }
 
