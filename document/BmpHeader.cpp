@@ -168,9 +168,12 @@ class HeaderReader {
 std::uint32_t BmpChannel::Of(std::uint32_t pixel) const {
   if (mask == 0) return 0;
   const auto shift = static_cast<unsigned>(std::countr_zero(mask));
-  const std::uint64_t most = mask >> shift;
-  const std::uint64_t value = (pixel & mask) >> shift;
-  return static_cast<std::uint32_t>((value * 255 + most / 2) / most);
+  const std::uint32_t most = mask >> shift;
+  const std::uint32_t value = (pixel & mask) >> shift;
+  if (most == 255) return value;
+  // Long divisions cost much, and hardly any file needs them.
+  if (most <= 0xFFFF) return (value * 255 + most / 2) / most;
+  return static_cast<std::uint32_t>((std::uint64_t{value} * 255 + most / 2) / most);
 }
 
 Result<BmpHeader> ReadBmpHeader(std::span<const std::uint8_t> head, std::size_t fileSize) {

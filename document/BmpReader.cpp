@@ -22,23 +22,42 @@ std::uint32_t OverWhite(std::uint32_t value, std::uint32_t alpha) {
 }
 
 /// The bits of one pixel of 16 or 32 bits.
-std::uint32_t RawPixel(const std::uint8_t* at, int bits) {
+template <int bits>
+std::uint32_t RawPixel(const std::uint8_t* at) {
   std::uint32_t raw = at[0] | (static_cast<std::uint32_t>(at[1]) << 8U);
-  if (bits == 32) {
+  if constexpr (bits == 32) {
     raw |= (static_cast<std::uint32_t>(at[2]) << 16U) | (static_cast<std::uint32_t>(at[3]) << 24U);
   }
   return raw;
 }
 
-/// Decodes one row with bit fields; alpha counts only where the picture uses it.
-void ReadFieldRow(const std::uint8_t* row, const BmpHeader& header, bool alphaCounts, Pixel* to) {
-  for (int x = 0; x < header.width; ++x) {
-    const std::uint32_t raw = RawPixel(row, header.bits);
-    row += header.bits / 8;
-    const std::uint32_t alpha = alphaCounts ? header.alpha.Of(raw) : 255;
-    to[x] = MakePixel(OverWhite(header.red.Of(raw), alpha), OverWhite(header.green.Of(raw), alpha),
-                      OverWhite(header.blue.Of(raw), alpha));
+/// Decodes one row with bit fields. An alpha channel without bits stands for an opaque picture.
+template <int bits>
+void ReadFieldRow(const std::uint8_t* row, const BmpHeader& header, BmpChannel alpha, Pixel* to) {
+  const BmpChannel red = header.red;
+  const BmpChannel green = header.green;
+  const BmpChannel blue = header.blue;
+  for (int x = 0; x < header.width; ++x, row += bits / 8) {
+    const std::uint32_t raw = RawPixel<bits>(row);
+    std::uint32_t r = red.Of(raw);
+    std::uint32_t g = green.Of(raw);
+    std::uint32_t b = blue.Of(raw);
+    if (alpha.mask != 0) {
+      const std::uint32_t opacity = alpha.Of(raw);
+      r = OverWhite(r, opacity);
+      g = OverWhite(g, opacity);
+      b = OverWhite(b, opacity);
+    }
+    to[x] = MakePixel(r, g, b);
   }
+}
+
+template <int bits>
+bool UsesAlpha(const std::uint8_t* row, const BmpHeader& header) {
+  for (int x = 0; header.alpha.mask != 0 && x < header.width; ++x, row += bits / 8) {
+    if ((RawPixel<bits>(row) & header.alpha.mask) != 0) return true;
+  }
+  return false;
 }
 
 /// Decodes uncompressed rows, in the order of the file.
@@ -52,9 +71,10 @@ class RowReader {
       ReadIndexRow(bytes, header_, to);
     } else if (header_.bits == 24) {
       UnpackPixels(to, bytes, header_.width);
+    } else if (header_.bits == 16) {
+      ReadFields<16>(bytes, to);
     } else {
-      if (!alphaCounts_ && UsesAlpha(bytes)) BeginAlpha();
-      ReadFieldRow(bytes, header_, alphaCounts_, to);
+      ReadFields<32>(bytes, to);
     }
   }
 
@@ -63,11 +83,10 @@ class RowReader {
     return target_.Row(header_.topDown ? number : header_.height - 1 - number);
   }
 
-  bool UsesAlpha(const std::uint8_t* bytes) const {
-    for (int x = 0; header_.alpha.mask != 0 && x < header_.width; ++x, bytes += header_.bits / 8) {
-      if ((RawPixel(bytes, header_.bits) & header_.alpha.mask) != 0) return true;
-    }
-    return false;
+  template <int bits>
+  void ReadFields(const std::uint8_t* bytes, Pixel* to) {
+    if (!alphaCounts_ && UsesAlpha<bits>(bytes, header_)) BeginAlpha();
+    ReadFieldRow<bits>(bytes, header_, alphaCounts_ ? header_.alpha : BmpChannel{}, to);
   }
 
   /// Many programs leave the alpha channel all zero and mean opaque. A picture that uses it after

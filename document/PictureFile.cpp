@@ -8,9 +8,13 @@
 namespace morvane {
 namespace {
 
+/// Such a file is held in memory as a whole.
+constexpr std::size_t kMostForeignBytes = 256'000'000;
+
 Result<Picture> DecodeForeign(Platform& platform, ByteSource& content) {
+  if (content.Size() > kMostForeignBytes) return Result<Picture>::Failed(kTooLargeFile);
   Result<Bytes> bytes = ReadAll(content);
-  return bytes.Ok() ? platform.DecodePicture(bytes.Value())
+  return bytes.Ok() ? platform.DecodePicture(std::move(bytes.Value()))
                     : Result<Picture>::Failed(bytes.Reason());
 }
 

@@ -28,6 +28,7 @@ std::string Settings::GetINIFileString(const std::string& section, const std::st
 
 Failure Settings::Write(const std::string& section, const std::string& key,
                         const std::string& value) const {
+  if (value.size() >= kBufferSize) return "The text is too long: it could not be read back.";
   return platform_.WritePrivateProfileString(section, key, value, Path());
 }
 

@@ -15,17 +15,16 @@
 #include <string_view>
 #include <utility>
 
+#include "document/Picture.h"
 #include "platform/ChunkBuffer.h"
 #include "platform/NaturalOrder.h"
 
 namespace morvane {
 namespace {
 
-constexpr qint64 kMostBytes = qint64{1} << 30;
-
 Failure WhyNotNormal(const QFileInfo& info) {
   if (info.isDir()) return "This is a folder, not a file.";
-  if (info.isFile()) return info.size() > kMostBytes ? "The file is too large." : Failure();
+  if (info.isFile()) return info.size() > kMostFileBytes ? kTooLargeFile : Failure();
   return info.exists() ? "This is not a normal file." : "There is no such file.";
 }
 

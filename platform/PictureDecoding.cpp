@@ -3,6 +3,12 @@
 #include <QBuffer>
 #include <QImageReader>
 #include <QPainter>
+#include <atomic>
+#include <future>
+#include <memory>
+#include <new>
+#include <thread>
+#include <utility>
 
 #include "platform/Images.h"
 
@@ -11,29 +17,94 @@ namespace {
 
 constexpr int kMegabytesForMostPixels = static_cast<int>(kMostPixels * 8 / 1'000'000);
 
+/// Decoders at work, given up or not.
+std::atomic<int>& AtWork() {
+  static std::atomic<int> count = 0;
+  return count;
+}
+
+/// The bytes of a picture, which come to an end early once it is given up.
+class StoppableBytes : public QBuffer {
+ public:
+  StoppableBytes(const Bytes& content, const std::atomic<bool>& isGivenUp) : isGivenUp_(isGivenUp) {
+    setData(QByteArray::fromRawData(reinterpret_cast<const char*>(content.data()),
+                                    static_cast<qsizetype>(content.size())));
+  }
+
+ protected:
+  qint64 readData(char* data, qint64 size) override {
+    return isGivenUp_ ? -1 : QBuffer::readData(data, size);
+  }
+
+ private:
+  const std::atomic<bool>& isGivenUp_;
+};
+
+/// A picture that is decoded beside the window.
+class Decoding {
+ public:
+  explicit Decoding(Bytes content) : content_(std::move(content)) { ++AtWork(); }
+
+  std::future<Result<Picture>> Outcome() { return outcome_.get_future(); }
+  void GiveUp() { isGivenUp_ = true; }
+
+  void Run() {
+    Result<Picture> picture = DecodeWithinMemory();
+    --AtWork();
+    outcome_.set_value(std::move(picture));
+  }
+
+ private:
+  Result<Picture> DecodeWithinMemory() {
+    try {
+      return Decode();
+    } catch (const std::bad_alloc&) {
+      return Result<Picture>::Failed("There is not enough memory for this picture.");
+    }
+  }
+
+  Result<Picture> Decode() {
+    StoppableBytes bytes(content_, isGivenUp_);
+    QImageReader::setAllocationLimit(kMegabytesForMostPixels);
+    QImageReader reader(&bytes);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    const QSize claimed = reader.size();
+    if (claimed.isValid() && qint64{claimed.width()} * claimed.height() > kMostPixels) {
+      return Result<Picture>::Failed(kTooLarge);
+    }
+    const QImage image = reader.read();
+    if (image.isNull()) {
+      return Result<Picture>::Failed(
+          "This is not a picture that can be read: " + reader.errorString().toStdString() + ".");
+    }
+    Picture picture(image.width(), image.height());
+    QImage onWhite = ImageOver(picture.Draw());
+    QPainter(&onWhite).drawImage(QRect(QPoint(0, 0), image.size()), image);
+    return picture;
+  }
+
+  Bytes content_;
+  std::atomic<bool> isGivenUp_ = false;
+  std::promise<Result<Picture>> outcome_;
+};
+
 }  // namespace
 
-Result<Picture> DecodeForeignPicture(const Bytes& content) {
-  QByteArray bytes = QByteArray::fromRawData(reinterpret_cast<const char*>(content.data()),
-                                             static_cast<qsizetype>(content.size()));
-  QBuffer buffer(&bytes);
-  QImageReader::setAllocationLimit(kMegabytesForMostPixels);
-  QImageReader reader(&buffer);
-  reader.setDecideFormatFromContent(true);
-  reader.setAutoTransform(true);
-  const QSize claimed = reader.size();
-  if (claimed.isValid() && qint64{claimed.width()} * claimed.height() > kMostPixels) {
-    return Result<Picture>::Failed(kTooLarge);
+Result<Picture> DecodeForeignPicture(Bytes content, std::chrono::milliseconds limit) {
+  if (IsStillDecoding()) {
+    return Result<Picture>::Failed("The decoder is still busy with an earlier picture.");
   }
-  const QImage image = reader.read();
-  if (image.isNull()) {
-    return Result<Picture>::Failed(
-        "This is not a picture that can be read: " + reader.errorString().toStdString() + ".");
-  }
-  Picture picture(image.width(), image.height());
-  QImage onWhite = ImageOver(picture.Draw());
-  QPainter(&onWhite).drawImage(QRect(QPoint(0, 0), image.size()), image);
-  return picture;
+  const auto decoding = std::make_shared<Decoding>(std::move(content));
+  std::future<Result<Picture>> outcome = decoding->Outcome();
+  std::thread([decoding] { decoding->Run(); }).detach();
+  if (outcome.wait_for(limit) == std::future_status::ready) return outcome.get();
+  decoding->GiveUp();
+  return Result<Picture>::Failed("The picture takes too long to decode.");
+}
+
+bool IsStillDecoding() {
+  return AtWork() > 0;
 }
 
 }  // namespace morvane

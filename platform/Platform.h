@@ -128,8 +128,9 @@ class Platform {
   virtual bool IsSnapshotUntouched() = 0;
   virtual void DeleteSnapshot() = 0;
 
-  /// Decodes a picture of any format but BMP, laid over white.
-  virtual Result<Picture> DecodePicture(const Bytes& content) = 0;
+  /// Decodes a picture of any format but BMP, laid over white. One that takes more than two seconds
+  /// is given up.
+  virtual Result<Picture> DecodePicture(Bytes content) = 0;
 
   /// Lets the user edit rich text. Returns whether it was accepted; text then holds the new one.
   virtual bool EditText(std::string& text) = 0;

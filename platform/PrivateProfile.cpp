@@ -51,6 +51,16 @@ Place FindPlace(std::string_view text, std::string_view section, std::string_vie
   return place;
 }
 
+bool IsQuoted(std::string_view value) {
+  return value.size() >= 2 && value.front() == value.back() &&
+         (value.front() == '"' || value.front() == '\'');
+}
+
+/// The value as it is written: quotes keep what a reader would leave out.
+std::string Written(const std::string& value) {
+  return IsQuoted(value) || Trimmed(value) != value ? '"' + value + '"' : value;
+}
+
 }  // namespace
 
 std::string FindProfileValue(const std::string& text, const std::string& section,
@@ -59,10 +69,15 @@ std::string FindProfileValue(const std::string& text, const std::string& section
   if (!place.hasKey) return dv;
   const std::string_view line = std::string_view(text).substr(place.begin, place.end - place.begin);
   std::string_view value = Trimmed(line.substr(line.find('=') + 1));
-  const bool quoted = value.size() >= 2 && value.front() == value.back() &&
-                      (value.front() == '"' || value.front() == '\'');
-  if (quoted) value = value.substr(1, value.size() - 2);
+  if (IsQuoted(value)) value = value.substr(1, value.size() - 2);
   return std::string(value);
+}
+
+Failure WhyNotStorable(const std::string& value) {
+  constexpr std::string_view kEnds("\r\n\0", 3);
+  return value.find_first_of(kEnds) == std::string::npos
+             ? Failure()
+             : "A line break in the text can't be kept in a settings file.";
 }
 
 std::string WithProfileValue(const std::string& text, const std::string& section,
@@ -75,9 +90,9 @@ std::string WithProfileValue(const std::string& text, const std::string& section
   if (place.hasKey) {
     const std::size_t equals = text.find('=', place.begin);
     const std::size_t valueEnd = text[place.end - 1] == '\r' ? place.end - 1 : place.end;
-    return result.replace(equals + 1, valueEnd - equals - 1, value);
+    return result.replace(equals + 1, valueEnd - equals - 1, Written(value));
   }
-  std::string added = key + "=" + value + lineBreak;
+  std::string added = key + "=" + Written(value) + lineBreak;
   std::size_t at = place.begin;
   if (!place.hasSection) {
     at = text.size();

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/Platform.h"
+
 namespace morvane {
 
 /// The value of a key in the text of a private-profile file; dv where there is none. Sections and
@@ -10,7 +12,11 @@ namespace morvane {
 std::string FindProfileValue(const std::string& text, const std::string& section,
                              const std::string& key, const std::string& dv);
 
-/// The text with one value set. All other lines stay as they are.
+/// Why such a file can't hold a value; empty where it can.
+Failure WhyNotStorable(const std::string& value);
+
+/// The text with one value set, which must be storable, so that it is found again as it is. All
+/// other lines stay as they are.
 std::string WithProfileValue(const std::string& text, const std::string& section,
                              const std::string& key, const std::string& value);
 

@@ -18,6 +18,8 @@ namespace {
 Result<std::string> ReadText(const std::string& path) {
   Result<std::unique_ptr<ByteSource>> file = OpenNormalFile(path);
   if (!file.Ok()) return Result<std::string>::Failed(file.Reason());
+  constexpr std::size_t kMostBytes = 16'000'000;
+  if (file.Value()->Size() > kMostBytes) return Result<std::string>::Failed(kTooLargeFile);
   Result<Bytes> bytes = ReadAll(*file.Value());
   if (!bytes.Ok()) return Result<std::string>::Failed(bytes.Reason());
   return std::string(bytes.Value().begin(), bytes.Value().end());
@@ -114,6 +116,8 @@ std::string QtPlatform::GetPrivateProfileString(const std::string& section, cons
 
 Failure QtPlatform::WritePrivateProfileString(const std::string& section, const std::string& key,
                                               const std::string& value, const std::string& path) {
+  Failure failure = WhyNotStorable(value);
+  if (!failure.empty()) return failure;
   std::string text;
   if (QFileInfo::exists(QString::fromStdString(path))) {
     Result<std::string> old = ReadText(path);
@@ -142,8 +146,8 @@ void QtPlatform::DeleteSnapshot() {
   snapshot_.Delete();
 }
 
-Result<Picture> QtPlatform::DecodePicture(const Bytes& content) {
-  return DecodeForeignPicture(content);
+Result<Picture> QtPlatform::DecodePicture(Bytes content) {
+  return DecodeForeignPicture(std::move(content));
 }
 
 bool QtPlatform::EditText(std::string& text) {

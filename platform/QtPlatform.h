@@ -42,7 +42,7 @@ class QtPlatform : public Platform {
   Result<std::unique_ptr<ByteSource>> OpenSnapshot() override;
   bool IsSnapshotUntouched() override;
   void DeleteSnapshot() override;
-  Result<Picture> DecodePicture(const Bytes& content) override;
+  Result<Picture> DecodePicture(Bytes content) override;
   bool EditText(std::string& text) override;
   void DrawText(const std::string& text, Picture& picture) override;
   Failure Print(const PictureView& picture) override;

@@ -4,7 +4,9 @@
 #include <QElapsedTimer>
 #include <QSettings>
 #include <QThread>
+#include <cstdlib>
 
+#include "platform/PictureDecoding.h"
 #include "platform/QtPlatform.h"
 #include "shell/ArtSheets.h"
 #include "shell/frmMain.h"
@@ -66,7 +68,10 @@ int RunMorvane(int argc, char** argv) {
   if (rest > 0) QThread::msleep(static_cast<unsigned long>(rest));
   splash->close();
   window.show();
-  return QApplication::exec();
+  const int status = QApplication::exec();
+  // A decoder that hangs in a picture given up long ago would be caught by the end of the program.
+  if (IsStillDecoding()) std::_Exit(status);
+  return status;
 }
 
 }  // namespace morvane

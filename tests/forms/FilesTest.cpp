@@ -8,6 +8,7 @@
 #include <csignal>
 
 #include "document/Blit.h"
+#include "platform/PictureDecoding.h"
 #include "tests/support/FileBytes.h"
 #include "tests/support/FormFixture.h"
 
@@ -98,6 +99,18 @@ TEST_F(Files, PicturesOfOtherFormatsLieOnWhite) {
   // A header alone, which claims 30,000 by 30,000 pixels.
   const std::string claims = "P6\n30000 30000\n255\n";
   EXPECT_EQ(platform.DecodePicture(Bytes(claims.begin(), claims.end())).Reason(), kTooLarge);
+}
+
+TEST_F(Files, APictureThatTakesTooLongIsGivenUp) {
+  QImage picture(3000, 3000, QImage::Format_RGB32);
+  picture.fill(Qt::red);
+  ASSERT_TRUE(picture.save("slow.png"));
+  const Bytes slow = Read("slow.png");
+  Result<Picture> refused = DecodeForeignPicture(slow, std::chrono::milliseconds(1));
+  ASSERT_FALSE(refused.Ok());
+  EXPECT_EQ(refused.Reason(), "The picture takes too long to decode.");
+  ASSERT_TRUE(QTest::qWaitFor([] { return !IsStillDecoding(); }));
+  EXPECT_TRUE(DecodeForeignPicture(slow).Ok());
 }
 
 }  // namespace

@@ -37,6 +37,49 @@ TEST(PrivateProfile, SettingAValueLeavesAllOtherLines) {
   EXPECT_EQ(WithProfileValue("[Map]\r\nDir=x\r\n", "Map", "Dir", ""), "[Map]\r\nDir=\r\n");
 }
 
+TEST(PrivateProfile, WhatIsStoredIsFoundAgainOrRefused) {
+  for (const char* value :
+       {"", "/a b", " /a", "/a\t", "\"", "\"\"", "'a'", "[x]", "=", ";", "é漢"}) {
+    for (const std::string text : {"", "[Map]\r\nDir= 'b'\r\n[Color]", "no line end"}) {
+      EXPECT_EQ(Value(WithProfileValue(text, "Map", "Dir", value), "Map", "Dir"), value);
+    }
+    EXPECT_EQ(WhyNotStorable(value), "");
+  }
+  QtPlatform platform;
+  const StartFolder folder;
+  for (const std::string& value :
+       {std::string("/a\n[Color]"), std::string("\r"), std::string(1, 0)}) {
+    EXPECT_NE(platform.WritePrivateProfileString("Map", "Dir", value, folder.File("a.ini")), "");
+  }
+  Settings settings(platform);
+  settings.StartDir = folder.File("");
+  EXPECT_NE(settings.Write("Map", "Dir", std::string(100'000, 'x')), "");
+  EXPECT_FALSE(QFile::exists("a.ini"));
+  EXPECT_FALSE(QFile::exists("Morvane.ini"));
+}
+
+TEST(PrivateProfile, HugeAndBinaryFilesAreReadAndTheirOtherLinesKept) {
+  const StartFolder folder;
+  const std::string path = folder.File("Morvane.ini");
+  std::string noise(7'500'000, 'x');
+  noise[7'000'000] = '\0';
+  std::string between = noise;
+  between.append("\n[Map]\nDir=/old\n").append(noise);
+  for (const std::string& start : {noise, between}) {
+    QFile file("Morvane.ini");
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(start.data(), static_cast<qint64>(start.size()));
+    file.close();
+    QtPlatform platform;
+    ASSERT_EQ(platform.WritePrivateProfileString("Map", "Dir", "/new", path), "");
+    EXPECT_EQ(platform.GetPrivateProfileString("Map", "Dir", "", 2048, path), "/new");
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const std::string end = file.readAll().toStdString();
+    EXPECT_TRUE(end.starts_with(noise));
+    EXPECT_EQ(end.ends_with(noise), start.size() > noise.size());
+  }
+}
+
 TEST(PrivateProfile, LongValuesAreCutToTheBuffer) {
   const StartFolder folder;
   QFile file("Morvane.ini");

@@ -143,7 +143,7 @@ class FakePlatform : public Platform, public DialogScript {
   }
   bool IsSnapshotUntouched() override { return !snapshotTouched; }
   void DeleteSnapshot() override { snapshot.clear(); }
-  Result<Picture> DecodePicture(const Bytes&) override {
+  Result<Picture> DecodePicture(Bytes) override {
     return Result<Picture>::Failed("This is not a picture that can be read.");
   }
   bool EditText(std::string& text) override { return Text(text); }
