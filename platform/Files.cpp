@@ -1,23 +1,26 @@
 #include "platform/Files.h"
 
 #include <dirent.h>
+#include <fcntl.h>
 #include <mntent.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
+#include <filesystem>
 #include <memory>
 #include <string_view>
 #include <utility>
 
 #include "document/Picture.h"
-#include "platform/ChunkBuffer.h"
 #include "platform/NaturalOrder.h"
+#include "platform/PassingFile.h"
 
 namespace morvane {
 namespace {
@@ -62,6 +65,24 @@ class NormalFile : public ByteSource {
   QFile file_;
   std::size_t size_ = 0;
 };
+
+/// The path behind symbolic links, whether anything is there or not.
+std::filesystem::path WhereLinksLead(std::filesystem::path path) {
+  constexpr int kMostLinks = 40;
+  std::error_code error;
+  for (int i = 0; i < kMostLinks && std::filesystem::is_symlink(path, error); ++i) {
+    path = path.parent_path() / std::filesystem::read_symlink(path, error);
+  }
+  return path;
+}
+
+Failure WhyNotReplaced(const std::filesystem::path& path, const struct stat& old) {
+  if (S_ISDIR(old.st_mode)) return "This is a folder, not a file.";
+  if (!S_ISREG(old.st_mode)) return "This is not a normal file.";
+  // The system would replace it nevertheless, but then its mode was no protection.
+  return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 ? Failure()
+                                                                  : std::strerror(errno);
+}
 
 enum class Kind { File, Folder };
 
@@ -119,21 +140,25 @@ Result<std::unique_ptr<ByteSource>> OpenNormalFile(const std::string& path) {
 }
 
 Failure ReplaceFile(const std::string& path, ByteSource& content) {
-  const QFileInfo info(QString::fromStdString(path));
-  if (info.isDir()) return "This is a folder, not a file.";
-  if (info.exists() && !info.isFile()) return "This is not a normal file.";
-  if (!info.dir().exists()) return "The folder doesn't exist.";
-  QSaveFile file(info.filePath());
-  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return ReasonOf(file);
-  Failure failure = ForEachChunk(
-      content, {}, [&file](std::size_t /*place*/, std::span<const std::uint8_t> bytes) {
-        const auto size = static_cast<qint64>(bytes.size());
-        const bool isWritten =
-            file.write(reinterpret_cast<const char*>(bytes.data()), size) == size;
-        return isWritten ? Failure() : ReasonOf(file);
-      });
-  if (!failure.empty()) return failure;
-  return file.commit() ? Failure() : ReasonOf(file);
+  const std::filesystem::path target = WhereLinksLead(path);
+  struct stat old {};
+  const bool exists = stat(target.c_str(), &old) == 0;
+  if (!exists && errno != ENOENT) return std::strerror(errno);
+  if (exists) {
+    Failure failure = WhyNotReplaced(target, old);
+    if (!failure.empty()) return failure;
+  }
+  const Descriptor folder(open(target.parent_path().c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+  if (!folder.IsOpen()) {
+    return errno == ENOENT ? "The folder doesn't exist." : std::strerror(errno);
+  }
+  const std::string name = target.filename();
+  PassingFile file(folder.Number());
+  // Until it has the right mode, nobody else may look into it.
+  Failure failure = file.Create(name, exists ? 0600 : 0666);
+  if (failure.empty() && exists) file.TakeAfter(old);
+  if (failure.empty()) failure = file.Fill(content);
+  return failure.empty() ? file.RenameTo(name) : failure;
 }
 
 std::vector<std::string> FoldersIn(const std::string& folder) {

@@ -11,8 +11,11 @@ namespace morvane {
 /// Opens a normal file. Folders, pipes and devices are refused before they are opened.
 Result<std::unique_ptr<ByteSource>> OpenNormalFile(const std::string& path);
 
-/// Writes a temporary file beside the target, flushes it and renames it over the target. Symbolic
-/// links are followed and the file's mode is kept.
+/// Writes a passing file in the target's folder, flushes it and renames it over the target:
+/// whatever happens, the target is the old file or the new one. Symbolic links are followed; owner,
+/// group and mode are kept. Folders, pipes, devices and files that may not be written are refused.
+/// A file that has several names gets the new content under this one; the others keep the old
+/// content.
 Failure ReplaceFile(const std::string& path, ByteSource& content);
 
 /// The names of the folders in a folder, in natural order.

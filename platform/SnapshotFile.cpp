@@ -11,6 +11,8 @@
 #include <cstring>
 #include <utility>
 
+#include "platform/SystemFiles.h"
+
 namespace morvane {
 namespace {
 
@@ -18,22 +20,6 @@ constexpr const char* kName = "/mvtmp.~mp";
 
 Failure SystemReason(const std::string& path) {
   return path + ": " + std::strerror(errno);
-}
-
-/// Whether the file is one that this user made for nothing else: a planted or linked one is not.
-bool IsOurs(const struct stat& file) {
-  return S_ISREG(file.st_mode) && file.st_uid == geteuid() && file.st_nlink == 1;
-}
-
-bool WriteAt(int file, std::size_t place, std::span<const std::uint8_t> bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = pwrite(file, bytes.data(), bytes.size(), static_cast<off_t>(place));
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return false;
-    place += static_cast<std::size_t>(written);
-    bytes = bytes.subspan(static_cast<std::size_t>(written));
-  }
-  return true;
 }
 
 /// A file that somebody else holds open.
@@ -100,11 +86,7 @@ bool SnapshotFile::IsUntouched() const {
 void SnapshotFile::Delete() {
   size_ = 0;
   if (file_ < 0) return;
-  struct stat held {};
-  struct stat named {};
-  const bool stillThere = fstat(file_, &held) == 0 && lstat(path_.c_str(), &named) == 0 &&
-                          held.st_ino == named.st_ino && held.st_dev == named.st_dev;
-  if (stillThere) unlink(path_.c_str());
+  if (IsNameOf(AT_FDCWD, path_, file_)) unlink(path_.c_str());
   close(std::exchange(file_, -1));
   isPrivate_ = false;
 }

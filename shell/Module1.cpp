@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QSettings>
 #include <QThread>
+#include <csignal>
 #include <cstdlib>
 
 #include "platform/PictureDecoding.h"
@@ -36,6 +37,8 @@ void ForgetDialogHistory() {
 }  // namespace
 
 int RunMorvane(int argc, char** argv) {
+  // A file that grows beyond the limit of the session is a failed save, not the end of the run.
+  std::signal(SIGXFSZ, SIG_IGN);
   // Map pixels stay square and sharp: only whole-number scale factors.
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
   QApplication application(argc, argv);

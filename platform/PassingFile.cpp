@@ -1,0 +1,101 @@
+#include "platform/PassingFile.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <utility>
+
+#include "platform/ChunkBuffer.h"
+
+namespace morvane {
+namespace {
+
+constexpr int kMostNames = 100;
+
+Failure SystemReason() {
+  return std::strerror(errno);
+}
+
+/// False and errno where the disk didn't take everything.
+bool Flush(int file) {
+  int outcome = fsync(file);
+  while (outcome != 0 && errno == EINTR) outcome = fsync(file);
+  // Some volumes know no flushing.
+  return outcome == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
+}  // namespace
+
+PassingFile::~PassingFile() {
+  if (!name_.empty()) unlinkat(folder_, name_.c_str(), 0);
+}
+
+Failure PassingFile::Create(const std::string& wishedName, mode_t mode) {
+  for (int i = 1; i <= kMostNames; ++i) {
+    const std::string name = ".morvane-save-" + std::to_string(i);
+    if (name == wishedName) continue;
+    RemoveIfLeftBehind(name);
+    if (TryName(name, mode)) return {};
+    if (errno != EEXIST) return SystemReason();
+  }
+  return SystemReason();
+}
+
+bool PassingFile::TryName(const std::string& name, mode_t mode) {
+  constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+  Descriptor file(openat(folder_, name.c_str(), kFlags, mode));
+  if (!file.IsOpen()) return false;
+  // Another save may have found the file before it was locked, and have taken it away.
+  const bool isLocked = flock(file.Number(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+  if (!isLocked || !IsNameOf(folder_, name, file.Number())) {
+    errno = EEXIST;
+    return false;
+  }
+  file_ = std::move(file);
+  name_ = name;
+  return true;
+}
+
+void PassingFile::RemoveIfLeftBehind(const std::string& name) const {
+  constexpr int kFlags = O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+  struct stat status {};
+  if (fstatat(folder_, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0 || !IsOurs(status)) return;
+  const Descriptor left(openat(folder_, name.c_str(), kFlags));
+  if (!left.IsOpen() || flock(left.Number(), LOCK_EX | LOCK_NB) != 0) return;
+  // Who holds the lock of the file under the name is the only one to rename or remove it.
+  if (IsNameOf(folder_, name, left.Number())) unlinkat(folder_, name.c_str(), 0);
+}
+
+void PassingFile::TakeAfter(const struct stat& other) {
+  const int file = file_.Number();
+  const bool hasGroup =
+      fchown(file, other.st_uid, other.st_gid) == 0 || fchown(file, -1, other.st_gid) == 0;
+  // What a group may do is meant for that group alone.
+  fchmod(file, other.st_mode & (hasGroup ? 0777U : 0707U));
+}
+
+Failure PassingFile::Fill(ByteSource& content) {
+  const int file = file_.Number();
+  Failure failure =
+      ForEachChunk(content, {}, [file](std::size_t place, std::span<const std::uint8_t> bytes) {
+        return WriteAt(file, place, bytes) ? Failure() : SystemReason();
+      });
+  if (!failure.empty()) return failure;
+  return Flush(file) ? Failure() : SystemReason();
+}
+
+Failure PassingFile::RenameTo(const std::string& name) {
+  if (renameat(folder_, name_.c_str(), folder_, name.c_str()) != 0) return SystemReason();
+  name_.clear();
+  // The file has its name already. Without this, a power cut could give the old one back, which is
+  // whole too; so a folder that can't be flushed is no failure.
+  const Descriptor folder(openat(folder_, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (folder.IsOpen()) Flush(folder.Number());
+  return {};
+}
+
+}  // namespace morvane

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <string>
+
+#include "platform/Platform.h"
+#include "platform/SystemFiles.h"
+
+namespace morvane {
+
+/// A new file under a passing name in a folder, which may then take the place of another one. What
+/// never did is gone with this object.
+///
+/// The names are few, short and the same in every folder: ".morvane-save-1" and on. The file is
+/// locked as long as it is open, so a name whose file isn't locked was left by a run that was
+/// killed, and the next save into that folder takes it away.
+class PassingFile {
+ public:
+  /// The folder stays open longer than this.
+  explicit PassingFile(int folder) : folder_(folder) {}
+  PassingFile(const PassingFile&) = delete;
+  PassingFile& operator=(const PassingFile&) = delete;
+  ~PassingFile();
+
+  /// Makes the empty file with a mode, which the user's mask cuts. It never takes the wished name
+  /// itself.
+  Failure Create(const std::string& wishedName, mode_t mode);
+  /// Gives the file the owner, the group and the mode of another one, as far as the system lets us.
+  void TakeAfter(const struct stat& other);
+  /// Writes all the content and flushes it to the disk.
+  Failure Fill(ByteSource& content);
+  /// Takes the place of what bears the name in the folder, if anything does, and flushes the
+  /// folder.
+  Failure RenameTo(const std::string& name);
+
+ private:
+  bool TryName(const std::string& name, mode_t mode);
+  void RemoveIfLeftBehind(const std::string& name) const;
+
+  int folder_;
+  Descriptor file_;
+  std::string name_;  ///< empty where there is nothing to take away
+};
+
+}  // namespace morvane

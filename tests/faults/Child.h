@@ -1,0 +1,115 @@
+#pragma once
+
+#include <fcntl.h>
+#include <grp.h>
+#include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <string>
+
+#include "document/PictureFile.h"
+#include "tests/support/FormFixture.h"
+
+namespace morvane {
+
+/// How a process ends that couldn't set its fault up.
+constexpr int kCannot = 77;
+
+/// Starts a process of its own for a check. It fails where an expectation failed, and is ended by
+/// the system if it hangs.
+inline pid_t StartChild(const std::function<void()>& check) {
+  constexpr unsigned kMostSeconds = 60;
+  std::fflush(nullptr);
+  const pid_t child = fork();
+  if (child != 0) return child;
+  alarm(kMostSeconds);
+  check();
+  std::fflush(nullptr);
+  _exit(testing::Test::HasFailure() ? 1 : 0);
+}
+
+/// The exit code of a process, or 128 and the signal that ended it.
+inline int WaitFor(pid_t child) {
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+inline int RunInChild(const std::function<void()>& check) {
+  return WaitFor(StartChild(check));
+}
+
+/// In a child: modes of files hold for this user.
+inline void BecomeOrdinaryUser() {
+  constexpr id_t kNobody = 65534;
+  if (geteuid() != 0) return;
+  if (setgroups(0, nullptr) != 0 || setgid(kNobody) != 0 || setuid(kNobody) != 0) _exit(kCannot);
+}
+
+/// In a child: a disk of its own of some bytes, which is gone with the process.
+inline void MountSmallDisk(const std::string& folder, std::size_t bytes) {
+  const uid_t user = geteuid();
+  const gid_t group = getegid();
+  if (unshare(user == 0 ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER) != 0) _exit(kCannot);
+  if (user != 0) {
+    std::ofstream("/proc/self/setgroups") << "deny";
+    std::ofstream("/proc/self/uid_map") << user << ' ' << user << " 1";
+    std::ofstream("/proc/self/gid_map") << group << ' ' << group << " 1";
+  }
+  const std::string size = "size=" + std::to_string(bytes);
+  if (mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+      mount("none", folder.c_str(), "tmpfs", 0, size.c_str()) != 0) {
+    _exit(kCannot);
+  }
+}
+
+/// In a child: the whole editor with a user, started in a new folder below TMPDIR.
+struct Session {
+  struct Window : FormFixture {
+    void TestBody() override {}
+    Picture Map() const { return Picture(form.document.Canvas.Image()); }
+    void Close() { window.close(); }
+    /// The one message since the last time; a failure where there were more or none.
+    std::string OneBox() {
+      EXPECT_EQ(platform.boxes.size(), 1U);
+      const std::string text = platform.boxes.empty() ? "" : platform.boxes.back().text;
+      platform.boxes.clear();
+      return text;
+    }
+    void SaveAs(const std::string& path) {
+      platform.chosenFiles.push_back(path);
+      Choose("mnuFileSaveAs");
+    }
+  };
+
+  int count = 1;
+  char name[8] = "morvane";
+  char* arguments[2] = {name, nullptr};
+  QApplication application{count, arguments};
+  Window editor;
+};
+
+/// All that lies in a folder, hidden files too.
+inline std::string NamesIn(const std::string& folder) {
+  QDir::Filters all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+  return QDir(QString::fromStdString(folder)).entryList(all).join(' ').toStdString();
+}
+
+/// The map in a file; an empty picture and a failure where it can't be read.
+inline Picture MapIn(const std::string& path) {
+  QtPlatform platform;
+  Result<Picture> map = LoadPicture(platform, path);
+  EXPECT_TRUE(map.Ok()) << path << ": " << map.Reason();
+  return map.Ok() ? std::move(map.Value()) : Picture();
+}
+
+}  // namespace morvane
