@@ -17,6 +17,7 @@
 #include <string>
 
 #include "document/PictureFile.h"
+#include "platform/Files.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {

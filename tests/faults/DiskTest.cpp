@@ -8,31 +8,33 @@
 namespace morvane {
 namespace {
 
-/// What becomes of the disk or the folder under a running editor.
+/// What becomes of the disk, or of the folder the editor was started in.
 struct Fault {
   const char* name;
-  const char* reason;          ///< of a save that fails
-  const char* newFileReason;   ///< of one under a new name
-  bool undoes;                 ///< the snapshot isn't hit
-  bool rescues;                ///< another folder takes the rescue copy
-  void (*prepare)(const std::string& folder);
-  void (*happen)(const std::string& folder);
+  std::string reason;  ///< of a save that fails
+  bool hitsSnapshot;
+  bool leavesRescue;                         ///< another folder can be written
+  void (*prepare)(const std::string& disk);  ///< before the editor starts
+  void (*happen)(const std::filesystem::path& folder);
 };
 
-void Nothing(const std::string& /*folder*/) {}
+void NeedNothing(const std::string& /*disk*/) {}
 
-void PrepareSmallDisk(const std::string& folder) {
+void NeedSmallDisk(const std::string& disk) {
   constexpr std::size_t kBytes = 6'000'000;
-  MountSmallDisk(folder, kBytes);
+  MountSmallDisk(disk, kBytes);
 }
 
-void FillDisk(const std::string& folder) {
-  std::ofstream filler(folder + "/filler");
-  while (filler << std::string(4096, 'x') << std::flush) {
-  }
+void NeedModes(const std::string& /*disk*/) {
+  BecomeOrdinaryUser();
 }
 
-void LimitFiles(const std::string& /*folder*/) {
+void FillDisk(const std::filesystem::path& folder) {
+  std::ofstream filler(folder / "filler");
+  while (filler << std::string(4096, 'x') << std::flush) continue;
+}
+
+void LimitFiles(const std::filesystem::path& /*folder*/) {
   std::signal(SIGXFSZ, SIG_IGN);
   rlimit limit{};
   getrlimit(RLIMIT_FSIZE, &limit);
@@ -40,10 +42,154 @@ void LimitFiles(const std::string& /*folder*/) {
   setrlimit(RLIMIT_FSIZE, &limit);
 }
 
-void LockFolder(const std::string& /*folder*/) {
-  std::filesystem::permissions(std::filesystem::current_path(), std::filesystem::perms(0500));
+void LockFolder(const std::filesystem::path& folder) {
+  std::filesystem::permissions(folder, std::filesystem::perms(0500));
 }
 
-void RemoveFolder(const std::string& /*folder*/) {
-  std::filesystem::remove_all(std::filesystem::current_path());
+void RemoveFolder(const std::filesystem::path& folder) {
+  std::filesystem::remove_all(folder);
 }
+
+/// A fault hits the editor between two strokes; then the user tries everything that writes.
+struct Disk : testing::TestWithParam<Fault> {
+  const QTemporaryDir base;
+  const std::string home = base.filePath("home").toStdString();
+  const std::string disk = base.filePath("disk").toStdString();
+
+  Disk() {
+    for (const std::string& folder : {base.path().toStdString(), home, disk}) {
+      std::filesystem::create_directories(folder);
+      std::filesystem::permissions(folder, std::filesystem::perms::all);
+    }
+    qputenv("HOME", home.c_str());
+    qputenv("TMPDIR", disk.c_str());
+  }
+  ~Disk() override {
+    for (const char* name : {"HOME", "TMPDIR"}) qunsetenv(name);
+  }
+
+  static void TrySaves(Session::Window& editor, const std::string& old) {
+    const std::string reason = "\n\n" + GetParam().reason;
+    const std::string fresh = editor.folder.File("fresh.bmp");
+    const Picture map = editor.Map();
+    editor.Choose("mnuFileSave");
+    EXPECT_EQ(editor.OneBox(), "The map could not be saved.\n\n" + old + reason);
+    editor.SaveAs(fresh);
+    EXPECT_EQ(editor.OneBox(), "The map could not be saved.\n\n" + fresh + reason);
+    EXPECT_EQ(editor.window.windowTitle(), "Morvane - old.bmp");
+    EXPECT_EQ(editor.Map(), map);
+  }
+  static void TryOptions(Session::Window& editor) {
+    Options options(editor.form.document);
+    options.Form_Load();
+    EXPECT_FALSE(options.cmdOK_Click());
+    EXPECT_EQ(editor.OneBox(), "The options could not be stored.\n\n" +
+                                   editor.folder.File("Morvane.ini") + "\n\n" + GetParam().reason);
+  }
+  static void TryUndo(Session::Window& editor) {
+    const Picture map = editor.Map();
+    editor.Press(90, 90);
+    EXPECT_NE(editor.Map(), map);
+    if (!GetParam().hitsSnapshot) {
+      editor.Choose("mnuEditUndo");
+      EXPECT_EQ(editor.Map(), map);
+      EXPECT_EQ(editor.platform.boxes.size(), 0U);
+      return;
+    }
+    const std::string told = editor.OneBox();
+    EXPECT_TRUE(told.starts_with("The map could not be kept for Undo. Drawing goes on")) << told;
+    EXPECT_TRUE(told.ends_with(GetParam().reason)) << told;
+    editor.Press(130, 90);  // told once is enough
+    const Picture painted = editor.Map();
+    editor.Choose("mnuEditUndo");
+    EXPECT_EQ(editor.OneBox(),
+              "The last change can't be taken back.\n\nNo earlier state of the map was kept.");
+    EXPECT_EQ(editor.Map(), painted);
+  }
+  void TryExit(Session::Window& editor, const std::string& old) const {
+    const std::string rescue = home + "/Morvane rescue.bmp";
+    editor.platform.answers.push_back(Answer::Yes);
+    editor.platform.boxes.clear();
+    editor.Close();
+    ASSERT_EQ(editor.platform.boxes.size(), 2U);
+    EXPECT_EQ(
+        editor.platform.boxes[1].text,
+        "The map could not be saved.\n\n" + old + "\n\n" + GetParam().reason + "\n\n" +
+            (GetParam().leavesRescue ? "A rescue copy was saved as\n" + rescue
+                                     : "It could not be written to any other folder either."));
+    if (GetParam().leavesRescue) {
+      EXPECT_EQ(MapIn(rescue), editor.Map());
+    }
+    EXPECT_EQ(NamesIn(home), GetParam().leavesRescue ? "Morvane rescue.bmp" : "");
+    EXPECT_FALSE(editor.window.isVisible());
+  }
+  void Try() const {
+    GetParam().prepare(disk);
+    Session session;
+    Session::Window& editor = session.editor;
+    const std::filesystem::path folder = std::filesystem::current_path();
+    const std::string old = editor.folder.File("old.bmp");
+    std::ofstream("Morvane.ini") << "; " << std::string(5000, '-') << '\n';
+    editor.Press(30, 30);
+    editor.SaveAs(old);
+    const Picture kept = editor.Map();
+    editor.Press(60, 30);
+
+    GetParam().happen(folder);
+    const std::string names = NamesIn(folder);
+    TrySaves(editor, old);
+    TryOptions(editor);
+    EXPECT_EQ(NamesIn(folder), names);
+    TryUndo(editor);
+    TryExit(editor, old);
+    if (names.empty()) return;
+    EXPECT_EQ(MapIn(old), kept);
+    EXPECT_EQ(NamesIn(folder).find(".morvane"), std::string::npos);
+    std::filesystem::permissions(folder, std::filesystem::perms(0700));
+  }
+};
+
+TEST_P(Disk, FaultHarmsNeitherTheOldFileNorTheMap) {
+  const int outcome = RunInChild([this] { Try(); });
+  if (outcome == kCannot) GTEST_SKIP() << "No disk or user of its own can be had here.";
+  EXPECT_EQ(outcome, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Faults, Disk,
+    testing::Values(Fault{"Full", "No space left on device", false, true, NeedSmallDisk, FillDisk},
+                    Fault{"FileSizeLimit", "File too large", true, false, NeedNothing, LimitFiles},
+                    Fault{"ReadOnlyFolder", "Permission denied", false, true, NeedModes,
+                          LockFolder},
+                    Fault{"RemovedFolder", "The folder doesn't exist.", false, true, NeedNothing,
+                          RemoveFolder}),
+    [](const auto& fault) { return fault.param.name; });
+
+/// What may not be written stays as it is, though its folder could be written.
+TEST(ReadOnlyFile, IsLeftAlone) {
+  const int outcome = RunInChild([] {
+    BecomeOrdinaryUser();
+    const StartFolder folder;
+    const auto content = [](const char* name) {
+      std::ifstream file(name);
+      return std::string(std::istreambuf_iterator<char>(file), {});
+    };
+    for (const char* name : {"map.bmp", "mvtmp.~mp"}) {
+      std::ofstream(name) << "mine";
+      std::filesystem::permissions(name, std::filesystem::perms(0400));
+    }
+    const Bytes bytes = {1, 2, 3};
+    MemorySource source(bytes);
+    EXPECT_EQ(ReplaceFile(folder.File("map.bmp"), source), "Permission denied");
+    SnapshotFile snapshot;
+    EXPECT_EQ(snapshot.Write(source), "");
+    snapshot.Delete();
+    for (const char* name : {"map.bmp", "mvtmp.~mp"}) EXPECT_EQ(content(name), "mine") << name;
+    EXPECT_EQ(NamesIn("."), "map.bmp mvtmp.~mp");
+  });
+  if (outcome == kCannot) GTEST_SKIP() << "No ordinary user can be had here.";
+  EXPECT_EQ(outcome, 0);
+}
+
+}  // namespace
+}  // namespace morvane
