@@ -191,7 +191,8 @@ void frmMain::Form_Resize() {
 
 void frmMain::ShowState() {
   Document& document = form_.document;
-  setWindowTitle(TextOf(document.Caption));
+  // The toolkit takes a single "[*]" for a mark of its own.
+  setWindowTitle(TextOf(document.Caption).replace("[*]", "[*][*]"));
   ShowPointer(this, document.MousePointer);
   ShowPointer(canvas_, document.Canvas.MousePointer);
   menu_->SetUndoEnabled(document.mnuEditUndoEnabled);

@@ -1,6 +1,8 @@
 #include <sys/resource.h>
 
+#include <cerrno>
 #include <csignal>
+#include <cstring>
 
 #include "document/Options.h"
 #include "tests/faults/Child.h"
@@ -11,7 +13,7 @@ namespace {
 /// What becomes of the disk, or of the folder the editor was started in.
 struct Fault {
   const char* name;
-  std::string reason;  ///< of a save that fails
+  int error;  ///< of the system when a save fails; 0 where we find the fault first
   bool hitsSnapshot;
   bool leavesRescue;                         ///< another folder can be written
   void (*prepare)(const std::string& disk);  ///< before the editor starts
@@ -34,12 +36,16 @@ void FillDisk(const std::filesystem::path& folder) {
   while (filler << std::string(4096, 'x') << std::flush) continue;
 }
 
-void LimitFiles(const std::filesystem::path& /*folder*/) {
-  std::signal(SIGXFSZ, SIG_IGN);
+void SetFileSizeLimit() {
   rlimit limit{};
   getrlimit(RLIMIT_FSIZE, &limit);
   limit.rlim_cur = 2000;
   setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+void LimitFiles(const std::filesystem::path& /*folder*/) {
+  std::signal(SIGXFSZ, SIG_IGN);  // as the program does
+  SetFileSizeLimit();
 }
 
 void LockFolder(const std::filesystem::path& folder) {
@@ -48,6 +54,10 @@ void LockFolder(const std::filesystem::path& folder) {
 
 void RemoveFolder(const std::filesystem::path& folder) {
   std::filesystem::remove_all(folder);
+}
+
+std::string ReasonOf(const Fault& fault) {
+  return fault.error == 0 ? "The folder doesn't exist." : std::strerror(fault.error);
 }
 
 /// A fault hits the editor between two strokes; then the user tries everything that writes.
@@ -69,7 +79,7 @@ struct Disk : testing::TestWithParam<Fault> {
   }
 
   static void TrySaves(Session::Window& editor, const std::string& old) {
-    const std::string reason = "\n\n" + GetParam().reason;
+    const std::string reason = "\n\n" + ReasonOf(GetParam());
     const std::string fresh = editor.folder.File("fresh.bmp");
     const Picture map = editor.Map();
     editor.Choose("mnuFileSave");
@@ -84,7 +94,8 @@ struct Disk : testing::TestWithParam<Fault> {
     options.Form_Load();
     EXPECT_FALSE(options.cmdOK_Click());
     EXPECT_EQ(editor.OneBox(), "The options could not be stored.\n\n" +
-                                   editor.folder.File("Morvane.ini") + "\n\n" + GetParam().reason);
+                                   editor.folder.File("Morvane.ini") + "\n\n" +
+                                   ReasonOf(GetParam()));
   }
   static void TryUndo(Session::Window& editor) {
     const Picture map = editor.Map();
@@ -98,7 +109,7 @@ struct Disk : testing::TestWithParam<Fault> {
     }
     const std::string told = editor.OneBox();
     EXPECT_TRUE(told.starts_with("The map could not be kept for Undo. Drawing goes on")) << told;
-    EXPECT_TRUE(told.ends_with(GetParam().reason)) << told;
+    EXPECT_TRUE(told.ends_with(ReasonOf(GetParam()))) << told;
     editor.Press(130, 90);  // told once is enough
     const Picture painted = editor.Map();
     editor.Choose("mnuEditUndo");
@@ -114,7 +125,7 @@ struct Disk : testing::TestWithParam<Fault> {
     ASSERT_EQ(editor.platform.boxes.size(), 2U);
     EXPECT_EQ(
         editor.platform.boxes[1].text,
-        "The map could not be saved.\n\n" + old + "\n\n" + GetParam().reason + "\n\n" +
+        "The map could not be saved.\n\n" + old + "\n\n" + ReasonOf(GetParam()) + "\n\n" +
             (GetParam().leavesRescue ? "A rescue copy was saved as\n" + rescue
                                      : "It could not be written to any other folder either."));
     if (GetParam().leavesRescue) {
@@ -157,13 +168,35 @@ TEST_P(Disk, FaultHarmsNeitherTheOldFileNorTheMap) {
 
 INSTANTIATE_TEST_SUITE_P(
     Faults, Disk,
-    testing::Values(Fault{"Full", "No space left on device", false, true, NeedSmallDisk, FillDisk},
-                    Fault{"FileSizeLimit", "File too large", true, false, NeedNothing, LimitFiles},
-                    Fault{"ReadOnlyFolder", "Permission denied", false, true, NeedModes,
-                          LockFolder},
-                    Fault{"RemovedFolder", "The folder doesn't exist.", false, true, NeedNothing,
-                          RemoveFolder}),
+    testing::Values(Fault{"Full", ENOSPC, false, true, NeedSmallDisk, FillDisk},
+                    Fault{"FileSizeLimit", EFBIG, true, false, NeedNothing, LimitFiles},
+                    Fault{"ReadOnlyFolder", EACCES, false, true, NeedModes, LockFolder},
+                    Fault{"RemovedFolder", 0, false, true, NeedNothing, RemoveFolder}),
     [](const auto& fault) { return fault.param.name; });
+
+/// Whether a process leaves a signal alone; not if it has ended.
+bool Ignores(pid_t process, int signal) {
+  std::ifstream status("/proc/" + std::to_string(process) + "/status");
+  std::string word;
+  while (status >> word && word != "SigIgn:") continue;
+  unsigned long long mask = 0;
+  status >> std::hex >> mask;
+  return (mask >> (signal - 1) & 1U) != 0;
+}
+
+TEST(FileSizeLimit, DoesNotEndTheProgram) {
+  const StartFolder folder;
+  const pid_t program = StartChild([] {
+    SetFileSizeLimit();
+    execl(MORVANE_PROGRAM, MORVANE_PROGRAM, "-platform", "offscreen", nullptr);
+  });
+  bool isSafe = false;
+  int status = 0;
+  while (!isSafe && waitpid(program, &status, WNOHANG) == 0) isSafe = Ignores(program, SIGXFSZ);
+  EXPECT_TRUE(isSafe);
+  if (isSafe) kill(program, SIGKILL);
+  if (isSafe) WaitFor(program);
+}
 
 /// What may not be written stays as it is, though its folder could be written.
 TEST(ReadOnlyFile, IsLeftAlone) {
@@ -180,7 +213,7 @@ TEST(ReadOnlyFile, IsLeftAlone) {
     }
     const Bytes bytes = {1, 2, 3};
     MemorySource source(bytes);
-    EXPECT_EQ(ReplaceFile(folder.File("map.bmp"), source), "Permission denied");
+    EXPECT_EQ(ReplaceFile(folder.File("map.bmp"), source), std::strerror(EACCES));
     SnapshotFile snapshot;
     EXPECT_EQ(snapshot.Write(source), "");
     snapshot.Delete();

@@ -5,6 +5,8 @@
 
 #include <QFile>
 #include <QImage>
+#include <cerrno>
+#include <cstring>
 
 #include "document/Blit.h"
 #include "platform/PictureDecoding.h"
@@ -56,7 +58,7 @@ TEST_F(Files, LinksMayLeadFarNowhereOrInCircles) {
   EXPECT_TRUE(QFileInfo("one").isSymLink());
   ASSERT_TRUE(QFile::link("b", "a"));
   ASSERT_TRUE(QFile::link("a", "b"));
-  EXPECT_EQ(Replace(folder.File("a"), content), "Too many levels of symbolic links");
+  EXPECT_EQ(Replace(folder.File("a"), content), std::strerror(ELOOP));
 }
 
 TEST_F(Files, OtherNamesOfTheFileKeepTheOldContent) {
