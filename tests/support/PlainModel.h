@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+
 #include "tests/support/Sample.h"
 
 namespace morvane {
@@ -8,7 +10,9 @@ namespace morvane {
 /// sharing between modes. Slow, and a second opinion on every pixel of the map.
 struct PlainModel {
   const TilePictures& art;
+  Size box{619, 487};  ///< of the map with its border
   Picture map{615, 483, kWhite};
+  Picture behind;  ///< what a growing map finds beyond its edge; white elsewhere
   Picture blank{619, 487, kWhite};
   Picture undo{613, 480, kWhite};
   Picture stamp;   ///< at its own size
@@ -46,9 +50,59 @@ struct PlainModel {
     }
   }
 
-  void Undo() {
-    map = Picture(615, 483, kWhite);
-    Copy(undo, 0, 0, undo.Width(), undo.Height(), nullptr);
+  void Undo() { Load(undo); }
+
+  /// A picture takes the place of the map.
+  void Load(const Picture& picture) {
+    behind = Picture();
+    map = Grown(picture, Inside());
+  }
+
+  /// The inside of the window has a new size. A side that would be negative stays.
+  void Resize(int width, int height, bool statusBar) {
+    const Size wanted = {width - 168, height - 28 - (statusBar ? 22 : 4)};
+    if (wanted.width >= 0) box.width = wanted.width;
+    if (wanted.height >= 0) box.height = wanted.height;
+    Picture grown(std::max(map.Width(), Inside().width), std::max(map.Height(), Inside().height),
+                  kWhite);
+    Lay(behind, grown);
+    Lay(map, grown);
+    map = grown;
+    blank = Grown(blank, box);
+  }
+
+  void NewMap(Color color, bool grid, Color gridColor) {
+    const auto paper = [&](Size size, Size filled, Size lines) {
+      Picture picture(std::max(1, size.width), std::max(1, size.height), kWhite);
+      for (int y = 0; y < picture.Height(); ++y) {
+        for (int x = 0; x < picture.Width(); ++x) {
+          if (x < filled.width && y < filled.height) picture.Row(y)[x] = PixelOf(color);
+          const bool onLine = x % 20 == 19 || y % 20 == 19;
+          if (grid && onLine && x < lines.width && y < lines.height) {
+            picture.Row(y)[x] = PixelOf(gridColor);
+          }
+        }
+      }
+      return picture;
+    };
+    const Size ahead = {1428, 1164};
+    map = paper(Inside(), Inside(), ahead);
+    behind = grid ? paper(ahead, {}, ahead) : Picture();
+    blank = paper(box, box, box);
+  }
+
+  /// A picture file becomes the stamp; a preview is how it looks beside the buttons.
+  void PickFile(const Picture& picture, const Picture& preview) {
+    custom = picture;
+    stamp = preview;
+    if (preview == picture) source = picture;
+    outline = {picture.Width(), picture.Height()};
+    wall = door = false;
+  }
+
+  void Text(const Picture& block, int X, int Y) {
+    const Pixel key = PixelOf(kWhite);
+    Draw(true, block, X - 2, Y - 8, block.Width(), block.Height(), &key);
   }
 
   /// where tells the place of pixel (x, y) of a picture of W by H.
@@ -82,13 +136,30 @@ struct PlainModel {
     }
   }
 
+  Size Inside() const { return {std::max(0, box.width - 4), std::max(0, box.height - 4)}; }
+
  private:
+  /// Rows are laid whole, for time.
+  static void Lay(const Picture& from, Picture& onto) {
+    const int width = std::min(from.Width(), onto.Width());
+    for (int y = 0; y < std::min(from.Height(), onto.Height()); ++y) {
+      std::copy_n(from.View().Row(y), width, onto.Row(y));
+    }
+  }
+
+  static Picture Grown(const Picture& from, Size least) {
+    Picture grown(std::max(from.Width(), least.width), std::max(from.Height(), least.height),
+                  kWhite);
+    Lay(from, grown);
+    return grown;
+  }
+
   void Copy(Picture& from, int toX, int toY, int width, int height, const Pixel* key) {
     for (int y = 0; y < height; ++y) {
       for (int x = 0; x < width; ++x) {
         const int X = toX + x;
         const int Y = toY + y;
-        if (X < 0 || Y < 0 || X >= map.Width() || Y >= map.Height()) continue;
+        if (X < 0 || Y < 0 || X >= Inside().width || Y >= Inside().height) continue;
         if (x >= from.Width() || y >= from.Height()) continue;
         if (key == nullptr || from.Row(y)[x] != *key) map.Row(Y)[X] = from.Row(y)[x];
       }
@@ -103,10 +174,10 @@ struct PlainModel {
   void Tile(bool press, int button, int X, int Y) {
     int SnapX = 0;
     int SnapY = 0;
-    for (int i = 0; i <= 619 / 20; ++i) {
+    for (int i = 0; i <= box.width / 20; ++i) {
       if (X > 20 * i - 1 && X < 20 * (i + 1) - 1) SnapX = 20 * i;
     }
-    for (int i = 0; i <= 487 / 20; ++i) {
+    for (int i = 0; i <= box.height / 20; ++i) {
       if (Y > 20 * i - 1 && Y < 20 * (i + 1) - 1) SnapY = 20 * i;
     }
     const int limit = button == 2 && !press ? 20 : 40;
@@ -117,8 +188,8 @@ struct PlainModel {
   }
 
   void Side(bool press, int X, int Y, Edge kind) {
-    const int n = 615 / 20;
-    const int m = 483 / 20;
+    const int n = Inside().width / 20;
+    const int m = Inside().height / 20;
     bool InBody = false;
     for (int i = 0; i <= n; ++i) {
       for (int j = 0; j <= m; ++j) {
