@@ -1,6 +1,7 @@
 #include "shell/RichTextBox.h"
 
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QTextBlock>
 #include <QTextDocument>
 
@@ -34,6 +35,15 @@ QTextCharFormat KeptFormat(const QTextCharFormat& pasted) {
   return kept;
 }
 
+/// The mark-up with paragraphs in the place of table cells. No table is kept, and a cell that
+/// spans thousands of others would take the toolkit minutes to lay out.
+QString WithoutTables(QString markup) {
+  static const QRegularExpression kTags(
+      "<(/?)(table|thead|tbody|tfoot|caption|col|colgroup|tr|td|th)\\b",
+      QRegularExpression::CaseInsensitiveOption);
+  return markup.replace(kTags, "<\\1p");
+}
+
 /// Tables in tables cost the toolkit twice the time for each level.
 bool IsDeep(const QString& markup) {
   return markup.count("<table", Qt::CaseInsensitive) > kDeepestMarkup ||
@@ -62,11 +72,14 @@ void RichTextBox::insertFromMimeData(const QMimeData* source) {
   }
   // The pasted document is taken apart and told again: pictures, tables and lists stay outside.
   ClosedDocument pasted;
-  pasted.setHtml(markup);
+  pasted.setHtml(WithoutTables(markup));
   QTextCursor cursor = textCursor();
   int runs = 0;
   for (QTextBlock block = pasted.begin(); block.isValid() && room > 0; block = block.next()) {
-    if (block != pasted.begin()) cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
+    if (block != pasted.begin()) {
+      cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
+      --room;
+    }
     for (auto part = block.begin(); !part.atEnd() && room > 0; ++part) {
       const QString text =
           part.fragment().text().remove(QChar::ObjectReplacementCharacter).left(room);

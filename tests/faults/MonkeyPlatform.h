@@ -27,7 +27,9 @@ namespace morvane {
 class Dice {
  public:
   explicit Dice(unsigned seed) : engine_(seed) {}
-  int Roll(int from, int to) { return std::uniform_int_distribution(from, to)(engine_); }
+  int Roll(int from, int to) {
+    return std::uniform_int_distribution(from, std::max(from, to))(engine_);
+  }
   bool OneIn(int cases) { return Roll(1, cases) == 1; }
   template <typename Row>
   auto Pick(const Row& row) {
@@ -88,7 +90,8 @@ class DialogRobot : public QObject {
     if (isTired || steps_ > 100) {
       dice_.OneIn(2) ? dialog->reject() : dialog->accept();
     } else if (auto* box = qobject_cast<QMessageBox*>(dialog)) {
-      dice_.Pick(box->buttons())->click();
+      const auto buttons = box->buttons();
+      buttons.isEmpty() ? box->reject() : dice_.Pick(buttons)->click();
     } else if (auto* files = qobject_cast<QFileDialog*>(dialog)) {
       files->findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(path_));
       dice_.OneIn(3) ? dialog->reject() : dialog->accept();
@@ -198,6 +201,7 @@ class MonkeyPlatform : public QtPlatform {
     } else if (style == BoxStyle::YesNoCancelQuestion && !dice_.OneIn(4)) {
       answer = Answer::Cancel;
     }
+    if (std::getenv("DBG")) fprintf(stderr, "BOX %s\n", text.c_str());
     brought.boxes.push_back({{text, style, title}, answer});
     return answer;
   }

@@ -7,6 +7,7 @@
 #include <QListWidget>
 #include <QTabBar>
 #include <cstring>
+#include <map>
 
 #include "document/PictureFile.h"
 #include "palette/CustomTiles.h"
@@ -36,8 +37,11 @@ namespace morvane {
 /// every event that the window's parts report.
 class MonkeySession : public QObject {
  public:
-  MonkeySession(Dice& dice, const Workshop& workshop)
-      : platform(dice, workshop), form(platform, &LoadArtSheet), window(form) {
+  /// Counts what it hears.
+  using Counts = std::map<std::string, int>;
+
+  MonkeySession(Dice& dice, const Workshop& workshop, Counts& heard)
+      : platform(dice, workshop), form(platform, &LoadArtSheet), window(form), heard_(heard) {
     platform.SetWindow(&window, [this] { window.ShowState(); });
     platform.SetTextForm([this](std::string& text) {
       frmText dialog(text, &window);
@@ -95,6 +99,7 @@ class MonkeySession : public QObject {
       if (name == "RotateLeft") Turn(Qt::Key_Left);
     });
     Hear<PaletteView>(&PaletteView::ItemClicked, [this](const Item& item) {
+      ++heard_["pick"];
       model.Pick(item);
       tile_ = item.caption;
       dimensions_.clear();
@@ -103,6 +108,7 @@ class MonkeySession : public QObject {
     Hear<CustomFrame>(&CustomFrame::FileClicked, [this](const std::string& name) {
       const std::string path = WithTrailingBackslash(form.palette.File1.Path()) + name;
       Result<Picture> picture = LoadPicture(platform, path);
+      ++heard_[picture.Ok() ? "custom tile" : "broken tile"];
       if (!picture.Ok()) return;
       const Size full = {picture.Value().Width(), picture.Value().Height()};
       const Size size = PreviewSize(full);
@@ -118,6 +124,7 @@ class MonkeySession : public QObject {
   void HearCanvas() {
     Hear<CanvasView>(&CanvasView::Pressed, [this](int Button, float X, float Y) {
       outlineShows_ = false;
+      ++heard_[isArmed_ ? "text" : "press"];
       if (!isArmed_) {
         model.Paint(true, Button, static_cast<int>(X), static_cast<int>(Y));
       } else if (platform.brought.text) {
@@ -131,6 +138,7 @@ class MonkeySession : public QObject {
     });
     Hear<CanvasView>(&CanvasView::Moved, [this](int Button, float X, float Y) {
       if (isArmed_) return;
+      ++heard_[Button != 0 ? "stroke" : "hover"];
       if (Button != 0) {
         model.Paint(false, Button, static_cast<int>(X), static_cast<int>(Y));
         menuUndo_ = buttonUndo_ = true;
@@ -158,12 +166,14 @@ class MonkeySession : public QObject {
   }
 
   void NextMode() {
+    ++heard_["mode"];
     const bool wasDoor = model.door;
     model.NextMode();
     outlineShows_ = wasDoor;
   }
 
   void Turn(Qt::Key key) {
+    ++heard_["turn"];
     using Place = std::pair<int, int>;
     if (key == Qt::Key_Down) {
       model.Turn(false, [](int x, int y, int W, int) { return Place(W - 1 - x, y); });
@@ -177,11 +187,13 @@ class MonkeySession : public QObject {
   }
 
   void Resize() {
+    ++heard_["resize"];
     const QWidget* client = window.centralWidget();
     model.Resize(client->width(), client->height(), statusBar_);
   }
 
   void Command(const QString& name) {
+    ++heard_[name.toStdString()];
     if (name == "mnuFileNew") NewMap();
     if (name == "mnuFileOpen") Open();
     if (name == "mnuFileSave" && file_.empty()) SaveAs();
@@ -200,6 +212,7 @@ class MonkeySession : public QObject {
 
   void NewMap() {
     if (platform.brought.boxes.at(0).second != Answer::Yes) return;
+    ++heard_["new map"];
     const Settings& settings = form.document.settings;
     model.NewMap(ColorValue(settings.GetINIFileString("Color", "Canvas", "")),
                  settings.GetINIFileString("Map", "Grid", "") == "1",
@@ -210,6 +223,7 @@ class MonkeySession : public QObject {
   void Open() {
     if (platform.brought.file.empty()) return;
     Result<Picture> picture = LoadPicture(platform, platform.brought.file);
+    ++heard_[picture.Ok() ? "opened" : "not opened"];
     if (!picture.Ok()) return;
     model.Load(picture.Value());
     file_ = platform.brought.file;
@@ -221,6 +235,7 @@ class MonkeySession : public QObject {
       if (box.title == "Warning" && answer != Answer::Yes) return;
       if (box.text.starts_with("The map could not be saved.")) return;
     }
+    ++heard_["saved"];
     file_ = platform.brought.file;
     Result<Picture> saved = LoadPicture(platform, file_);
     if (!saved.Ok() || saved.Value() != model.map) wrongFile_ = file_;
@@ -329,6 +344,7 @@ class MonkeySession : public QObject {
     return same ? std::string() : name + (": " + Difference(seen, expected.View()));
   }
 
+  Counts& heard_;
   bool isArmed_ = false;
   bool menuUndo_ = false;
   bool buttonUndo_ = true;

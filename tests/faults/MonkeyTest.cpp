@@ -54,7 +54,7 @@ class Monkey {
   void Restart() {
     held_ = Qt::NoButton;
     session_.reset();
-    session_ = std::make_unique<MonkeySession>(dice_, workshop_);
+    session_ = std::make_unique<MonkeySession>(dice_, workshop_, heard);
   }
 
   /// The heap without a window, so that its map doesn't count.
@@ -96,6 +96,7 @@ class Monkey {
 
   bool WindowIsOpen() const { return session_->window.isVisible(); }
   std::string Fault(bool withPictures) { return session_->Fault(withPictures); }
+  MonkeySession::Counts heard;
   std::string Trail() const {
     std::string text;
     for (const std::string& event : trail_) text += "\n  " + event;
@@ -204,6 +205,7 @@ class Monkey {
     for (QAction* action : session_->window.menuBar()->findChildren<QAction*>()) {
       if (action->isVisible() && action->menu() == nullptr) entries.push_back(action);
     }
+    if (entries.empty()) return;
     QAction* entry = dice_.Pick(entries);
     if (entry->objectName() == "mnuToolsOptions" && !dice_.OneIn(3)) return;
     Note("entry " + entry->objectName().toStdString());
@@ -302,6 +304,28 @@ TEST(Monkey, LeavesTheWindowTheCoreAndThePlainModelAgreed) {
     heap.push_back(monkey.HeapAtRest());
     std::cout << "event " << i << ", window " << windows << ": heap " << heap.back() << " MB, "
               << "resident " << ResidentMegabytes() << " MB\n";
+  }
+  for (const char* event : {"press",
+                            "stroke",
+                            "hover",
+                            "text",
+                            "pick",
+                            "custom tile",
+                            "broken tile",
+                            "mode",
+                            "turn",
+                            "resize",
+                            "new map",
+                            "opened",
+                            "not opened",
+                            "saved",
+                            "mnuEditUndo",
+                            "mnuToolsOptions",
+                            "mnuHelpAbout",
+                            "mnuFilePrint",
+                            "mnuFilePageSetup",
+                            "mnuFileExit"}) {
+    EXPECT_GT(monkey.heard[event], 0) << event << " never came about";
   }
   constexpr double kCaches = 4;  // MB: letters and styles that the toolkit keeps
   EXPECT_LT(heap.back() - heap.front(), kCaches);

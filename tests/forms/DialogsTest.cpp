@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -186,6 +187,27 @@ TEST_F(Dialogs, PastedTextBringsNothingWithIt) {
   EXPECT_EQ(box.currentCharFormat().fontWeight(), QFont::Bold);
   EXPECT_EQ(box.currentCharFormat().foreground().color(), QColor(255, 0, 0));
   EXPECT_EQ(box.textCursor().currentList(), nullptr);
+}
+
+TEST_F(Dialogs, PastedTablesAndEmptyLinesTakeNoTime) {
+  RichTextBox box(nullptr);
+  struct Open : RichTextBox {
+    using RichTextBox::insertFromMimeData;
+  };
+  QElapsedTimer time;
+  time.start();
+  QMimeData spans;
+  spans.setHtml("<TABLE><tr><td colspan=60000 rowspan=9999>w<b>id</b>e</td></tr>" +
+                QString("<tr><td>y").repeated(500) + "</table>");
+  (box.*&Open::insertFromMimeData)(&spans);
+  EXPECT_EQ(box.toPlainText(), "wide" + QString("\ny").repeated(500));
+  EXPECT_EQ(box.document()->rootFrame()->childFrames().size(), 0);
+  QMimeData lines;
+  lines.setHtml("<pre>" + QString(49'000, '\n') + "</pre>");
+  box.clear();
+  (box.*&Open::insertFromMimeData)(&lines);
+  EXPECT_LE(box.document()->blockCount(), 20'000);
+  EXPECT_LT(time.elapsed(), 20'000) << "ms; the toolkit's own tables take minutes";
 }
 
 TEST_F(Dialogs, CustomPicturesAreChosenByClick) {
