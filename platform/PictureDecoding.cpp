@@ -15,8 +15,6 @@
 namespace morvane {
 namespace {
 
-constexpr int kMegabytesForMostPixels = static_cast<int>(kMostPixels * 8 / 1'000'000);
-
 /// Decoders at work, given up or not.
 std::atomic<int>& AtWork() {
   static std::atomic<int> count = 0;
@@ -43,7 +41,10 @@ class StoppableBytes : public QBuffer {
 /// A picture that is decoded beside the window.
 class Decoding {
  public:
-  explicit Decoding(Bytes content) : content_(std::move(content)) { ++AtWork(); }
+  Decoding(Bytes content, long long mostPixels)
+      : content_(std::move(content)), mostPixels_(mostPixels) {
+    ++AtWork();
+  }
 
   std::future<Result<Picture>> Outcome() { return outcome_.get_future(); }
   void GiveUp() { isGivenUp_ = true; }
@@ -65,12 +66,13 @@ class Decoding {
 
   Result<Picture> Decode() {
     StoppableBytes bytes(content_, isGivenUp_);
-    QImageReader::setAllocationLimit(kMegabytesForMostPixels);
+    // In megabytes; a decoder may use as much as eight bytes for a pixel.
+    QImageReader::setAllocationLimit(static_cast<int>(mostPixels_ * 8 / 1'000'000));
     QImageReader reader(&bytes);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
     const QSize claimed = reader.size();
-    if (claimed.isValid() && qint64{claimed.width()} * claimed.height() > kMostPixels) {
+    if (claimed.isValid() && qint64{claimed.width()} * claimed.height() > mostPixels_) {
       return Result<Picture>::Failed(kTooLarge);
     }
     const QImage image = reader.read();
@@ -85,20 +87,21 @@ class Decoding {
   }
 
   Bytes content_;
+  long long mostPixels_;
   std::atomic<bool> isGivenUp_ = false;
   std::promise<Result<Picture>> outcome_;
 };
 
 }  // namespace
 
-Result<Picture> DecodeForeignPicture(Bytes content, std::chrono::milliseconds limit) {
+Result<Picture> DecodeForeignPicture(Bytes content, DecodingLimits limits) {
   if (IsStillDecoding()) {
     return Result<Picture>::Failed("The decoder is still busy with an earlier picture.");
   }
-  const auto decoding = std::make_shared<Decoding>(std::move(content));
+  const auto decoding = std::make_shared<Decoding>(std::move(content), limits.pixels);
   std::future<Result<Picture>> outcome = decoding->Outcome();
   std::thread([decoding] { decoding->Run(); }).detach();
-  if (outcome.wait_for(limit) == std::future_status::ready) return outcome.get();
+  if (outcome.wait_for(limits.time) == std::future_status::ready) return outcome.get();
   decoding->GiveUp();
   return Result<Picture>::Failed("The picture takes too long to decode.");
 }

@@ -56,7 +56,7 @@ bool IsQuoted(std::string_view value) {
          (value.front() == '"' || value.front() == '\'');
 }
 
-/// The value as it is written: quotes keep what a reader would leave out.
+/// The value as its line holds it: in quotes where reading would take something off its ends.
 std::string Written(const std::string& value) {
   return IsQuoted(value) || Trimmed(value) != value ? '"' + value + '"' : value;
 }
@@ -73,15 +73,13 @@ std::string FindProfileValue(const std::string& text, const std::string& section
   return std::string(value);
 }
 
-Failure WhyNotStorable(const std::string& value) {
+Result<std::string> WithProfileValue(const std::string& text, const std::string& section,
+                                     const std::string& key, const std::string& value) {
+  using Changed = Result<std::string>;
   constexpr std::string_view kEnds("\r\n\0", 3);
-  return value.find_first_of(kEnds) == std::string::npos
-             ? Failure()
-             : "A line break in the text can't be kept in a settings file.";
-}
-
-std::string WithProfileValue(const std::string& text, const std::string& section,
-                             const std::string& key, const std::string& value) {
+  if (value.find_first_of(kEnds) != std::string::npos) {
+    return Changed::Failed("A setting can't hold a line break.");
+  }
   const bool plainBreaks =
       text.find('\n') != std::string::npos && text.find("\r\n") == std::string::npos;
   const std::string lineBreak = plainBreaks ? "\n" : "\r\n";
@@ -90,7 +88,7 @@ std::string WithProfileValue(const std::string& text, const std::string& section
   if (place.hasKey) {
     const std::size_t equals = text.find('=', place.begin);
     const std::size_t valueEnd = text[place.end - 1] == '\r' ? place.end - 1 : place.end;
-    return result.replace(equals + 1, valueEnd - equals - 1, Written(value));
+    return Changed(result.replace(equals + 1, valueEnd - equals - 1, Written(value)));
   }
   std::string added = key + "=" + Written(value) + lineBreak;
   std::size_t at = place.begin;
@@ -100,7 +98,7 @@ std::string WithProfileValue(const std::string& text, const std::string& section
     if (!text.empty()) added.insert(0, lineBreak);
   }
   if (at > 0 && text[at - 1] != '\n') added.insert(0, lineBreak);
-  return result.insert(at, added);
+  return Changed(result.insert(at, added));
 }
 
 std::string CutText(std::string text, std::size_t most) {

@@ -12,13 +12,10 @@ namespace morvane {
 std::string FindProfileValue(const std::string& text, const std::string& section,
                              const std::string& key, const std::string& dv);
 
-/// Why such a file can't hold a value; empty where it can.
-Failure WhyNotStorable(const std::string& value);
-
-/// The text with one value set, which must be storable, so that it is found again as it is. All
+/// The text with one value set, such that it is found again; a line break in it is refused. All
 /// other lines stay as they are.
-std::string WithProfileValue(const std::string& text, const std::string& section,
-                             const std::string& key, const std::string& value);
+Result<std::string> WithProfileValue(const std::string& text, const std::string& section,
+                                     const std::string& key, const std::string& value);
 
 /// The text cut to a number of bytes, never inside a character.
 std::string CutText(std::string text, std::size_t most);

@@ -116,16 +116,15 @@ std::string QtPlatform::GetPrivateProfileString(const std::string& section, cons
 
 Failure QtPlatform::WritePrivateProfileString(const std::string& section, const std::string& key,
                                               const std::string& value, const std::string& path) {
-  Failure failure = WhyNotStorable(value);
-  if (!failure.empty()) return failure;
   std::string text;
   if (QFileInfo::exists(QString::fromStdString(path))) {
     Result<std::string> old = ReadText(path);
     if (!old.Ok()) return old.Reason();
     text = std::move(old.Value());
   }
-  const std::string changed = WithProfileValue(text, section, key, value);
-  const Bytes bytes(changed.begin(), changed.end());
+  Result<std::string> changed = WithProfileValue(text, section, key, value);
+  if (!changed.Ok()) return changed.Reason();
+  const Bytes bytes(changed.Value().begin(), changed.Value().end());
   MemorySource content(bytes);
   return ReplaceFile(path, content);
 }

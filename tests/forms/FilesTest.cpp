@@ -112,7 +112,7 @@ TEST_F(Files, APictureThatTakesTooLongIsGivenUp) {
   picture.fill(Qt::red);
   ASSERT_TRUE(picture.save("slow.png"));
   const Bytes slow = Read("slow.png");
-  Result<Picture> refused = DecodeForeignPicture(slow, std::chrono::milliseconds(1));
+  Result<Picture> refused = DecodeForeignPicture(slow, {.time = std::chrono::milliseconds(1)});
   ASSERT_FALSE(refused.Ok());
   EXPECT_EQ(refused.Reason(), "The picture takes too long to decode.");
   ASSERT_TRUE(QTest::qWaitFor([] { return !IsStillDecoding(); }));
