@@ -1,0 +1,66 @@
+#include <algorithm>
+
+#include "fuzz/Require.h"
+#include "tests/support/FileBytes.h"
+
+namespace morvane {
+namespace {
+
+/// Writing and reading larger ones again takes time and shows nothing new.
+constexpr int kMostWritten = 1 << 18;
+
+constexpr const char* kBroken = "The disk is broken.";
+
+/// A file that can't be read at one place.
+class BrokenSource : public ByteSource {
+ public:
+  BrokenSource(std::span<const std::uint8_t> bytes, std::size_t broken)
+      : source_(bytes), broken_(broken) {}
+
+  std::size_t Size() const override { return source_.Size(); }
+  Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override {
+    Require(place + buffer.size() <= Size(), "nobody asks for bytes beyond the end");
+    const bool hit = place <= broken_ && broken_ < place + buffer.size();
+    return hit ? Failure(kBroken) : source_.ReadAt(place, buffer);
+  }
+
+ private:
+  MemorySource source_;
+  std::size_t broken_;
+};
+
+void WriteAndReadAgain(const Picture& picture) {
+  Result<Picture> again = ReadBmp(WriteBmp(picture.View()));
+  Require(again.Ok(), "what is written can be read");
+  Require(again.Value() == picture, "what is written comes back");
+}
+
+void ReadBroken(std::span<const std::uint8_t> bytes, std::size_t place, Result<Picture>& whole) {
+  BrokenSource file(bytes, place);
+  Result<Picture> read = ReadBmp(file);
+  if (read.Ok()) {
+    Require(whole.Ok() && read.Value() == whole.Value(), "a place that isn't needed does no harm");
+  } else {
+    Require(read.Reason() == kBroken || (!whole.Ok() && read.Reason() == whole.Reason()),
+            "a failure gives its own reason");
+  }
+}
+
+}  // namespace
+}  // namespace morvane
+
+/// Any bytes as a BMP file. The last two choose where a second reading fails.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace morvane;
+  const std::span bytes(data, size);
+  MemorySource file(bytes);
+  IsBmp(file);
+  Result<Picture> picture = ReadBmp(file);
+  Require(picture.Ok() || !picture.Reason().empty(), "a refusal has a reason");
+  if (size >= 2) ReadBroken(bytes, (data[size - 1] * 256U + data[size - 2]) % size, picture);
+  if (!picture.Ok()) return 0;
+  const Picture& read = picture.Value();
+  Require(read.Width() > 0 && read.Height() > 0, "a picture has a size");
+  if (read.Width() * read.Height() <= kMostWritten) WriteAndReadAgain(read);
+  return 0;
+}
