@@ -5,6 +5,7 @@
 #include "document/Bmp.h"
 #include "document/LittleEndian.h"
 #include "document/PixelBytes.h"
+#include "document/Transform.h"
 #include "tests/support/BmpMaker.h"
 #include "tests/support/FileBytes.h"
 #include "tests/support/Sample.h"
@@ -179,6 +180,47 @@ TEST(Bmp, ReadsTrueColourWithAndWithoutBitFields) {
   maker.masks.clear();
   maker.data = {0, 0, 255, 77, 255, 255, 0, 0};  // the fourth byte means nothing
   ExpectSame(maker, expected);
+}
+
+TEST(Bmp, ReadsTrueColourUnderAllHeadersAndInBothDirections) {
+  struct Form {
+    unsigned bits;
+    std::uint32_t compression;
+    std::vector<std::uint32_t> masks;
+    Bytes red, blue;  ///< one row of one pixel each
+  };
+  const std::vector<Form> forms = {
+      {16, 0, {}, {0, 0x7C, 0, 0}, {0x1F, 0, 0, 0}},
+      {24, 0, {}, {0, 0, 255, 0}, {255, 0, 0, 0}},
+      {32, 0, {}, {0, 0, 255, 0}, {255, 0, 0, 9}},
+      {16, 3, {0xF, 0xF0, 0xF00}, {0xF, 0xF0, 0, 0}, {0, 0xF, 0, 0}},
+      {32, 3, {1, 2, 0xFFFFFFFC}, {1, 0, 0, 0}, {0xFC, 255, 255, 255}},
+      {16, 6, {0xF, 0xF0, 0xF00, 0xF000}, {0xF, 0xF0, 0, 0}, {0, 0xFF, 0, 0}},
+      {32, 6, {0xFF, 0, 0xFF00, 0x80000000}, {255, 0, 0, 128}, {0, 255, 77, 255}}};
+  for (const Form& form : forms) {
+    for (const std::uint32_t header : {12U, 16U, 40U, 52U, 56U, 64U, 108U, 124U}) {
+      const bool hasFields = header >= 40 && header != 64;
+      // From 56 bytes on the header always has room for the mask of what is see-through.
+      if ((form.compression != 0 && !hasFields) || (form.compression == 6 && header == 52))
+        continue;
+      SCOPED_TRACE(testing::Message() << form.bits << " bits under a header of " << header);
+      BmpMaker maker{.header = header,
+                     .width = 1,
+                     .height = 2,
+                     .bits = form.bits,
+                     .compression = form.compression,
+                     .masks = form.masks,
+                     .data = form.red};
+      if (header >= 56 && maker.masks.size() == 3) maker.masks.push_back(0);
+      maker.data.insert(maker.data.end(), form.blue.begin(), form.blue.end());
+      Picture expected(1, 2, 0xFF0000);  // blue above red
+      SetPixelV(expected.Draw(), 0, 1, 0x0000FF);
+      ExpectSame(maker, expected);
+      if (header == 12) continue;
+      maker.height = -2;
+      ExpectSame(maker, Transformed(expected.View(), Transform::FlipVertical));
+    }
+  }
 }
 
 TEST(Bmp, SeeThroughPixelsLieOnWhite) {

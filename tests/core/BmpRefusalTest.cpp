@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "document/Bmp.h"
+#include "document/LittleEndian.h"
 #include "tests/support/BmpMaker.h"
 #include "tests/support/FileBytes.h"
 #include "tests/support/Sample.h"
@@ -38,10 +39,12 @@ TEST(BmpRefusal, HeadersThatLie) {
     return !ReadBmp(maker.Make()).Ok();
   };
   EXPECT_TRUE(refuses([](BmpMaker& m) { m.width = 0; }));
-  EXPECT_TRUE(refuses([](BmpMaker& m) { m.width = -3; }));
   EXPECT_TRUE(refuses([](BmpMaker& m) { m.height = 0; }));
-  EXPECT_TRUE(refuses([](BmpMaker& m) { m.height = INT32_MIN; }));
-  EXPECT_TRUE(refuses([](BmpMaker& m) { m.width = m.height = INT32_MAX; }));
+  for (const int side : {-3, INT32_MIN, INT32_MIN + 1, INT32_MAX}) {
+    EXPECT_TRUE(refuses([&](BmpMaker& m) { m.width = side; })) << side;
+    EXPECT_TRUE(refuses([&](BmpMaker& m) { m.height = side; })) << side;
+    EXPECT_TRUE(refuses([&](BmpMaker& m) { m.width = m.height = side; })) << side;
+  }
   EXPECT_TRUE(refuses([](BmpMaker& m) { m.height = 3; }));
   EXPECT_TRUE(refuses([](BmpMaker& m) { m.bits = 7; }));
   EXPECT_TRUE(refuses([](BmpMaker& m) { m.bits = 0; }));
@@ -54,9 +57,97 @@ TEST(BmpRefusal, HeadersThatLie) {
     m.compression = 3;
     m.masks = {0xF0F0, 1, 2};
   }));
-  Bytes pixelsInsideHeader = Sound().Make();
-  pixelsInsideHeader[10] = 20;
-  EXPECT_FALSE(ReadBmp(pixelsInsideHeader).Ok());
+}
+
+TEST(BmpRefusal, FieldsAtTheirExtremes) {
+  constexpr std::uint32_t kAll = 0xFFFFFFFF;
+  struct Row {
+    std::size_t at;
+    std::uint32_t value;
+    bool isRead;
+  };
+  // The places of a file of 3 x 2 pixels of 24 bits: 54 bytes of headers and 24 of pixels.
+  const std::vector<Row> rows = {
+      {2, 0, true},      {2, kAll, true},  // size of the file, which many programs get wrong
+      {10, 0, false},    {10, 53, false},  // place of the pixels
+      {10, 55, false},   {10, 78, false},       {10, 1U << 31U, false},
+      {10, kAll, false}, {14, 0, false},        {14, 11, false},
+      {14, 65, false},   {14, kAll, false},     {26, 24U << 16U, true},  // planes
+      {30, 7, false},    {30, kAll, false},                              // compression
+      {34, 0, true},     {34, kAll, true},                               // size of the pixels
+      {38, kAll, true},  {42, 1U << 31U, true},                          // fineness
+      {46, kAll, true},  {50, kAll, true}};  // colours, and how many matter
+  Result<Picture> sound = ReadBmp(Sound().Make());
+  for (const Row& row : rows) {
+    Bytes file = Sound().Make();
+    Write32(file, row.at, row.value);
+    Result<Picture> read = ReadBmp(file);
+    ASSERT_EQ(read.Ok(), row.isRead) << row.value << " at " << row.at;
+    if (!row.isRead) continue;
+    EXPECT_EQ(read.Value(), sound.Value()) << row.value << " at " << row.at;
+  }
+}
+
+TEST(BmpRefusal, PalettesTooShortOrTooLong) {
+  struct Row {
+    std::uint32_t count;  ///< that the header tells
+    std::size_t entries;  ///< that the file has
+    Color first, second;  ///< pixels of index 0 and 2
+  };
+  for (const Row& row : {Row{0, 3, 1, 3},
+                         {0xFFFFFFFF, 3, 1, 3},
+                         {3, 3, 1, 3},
+                         {2, 3, 1, 0},
+                         {256, 2, 1, 0},
+                         {1, 1, 1, 0},
+                         {0, 0, 0, 0},
+                         {300, 300, 1, 3}}) {
+    BmpMaker maker{.width = 2, .height = 1, .bits = 8, .data = {0, 2, 0, 0}};
+    for (Color color = 1; color <= row.entries; ++color) maker.palette.push_back(color);
+    Bytes file = maker.Make();
+    Write32(file, 46, row.count);
+    Result<Picture> read = ReadBmp(file);
+    ASSERT_TRUE(read.Ok()) << row.count << " of " << row.entries << ": " << read.Reason();
+    EXPECT_EQ(GetPixel(read.Value().View(), 0, 0), row.first) << row.count;
+    EXPECT_EQ(GetPixel(read.Value().View(), 1, 0), row.second) << row.count;
+  }
+}
+
+TEST(BmpRefusal, RunsThatStopShortOrRunOver) {
+  struct Row {
+    Bytes data;
+    std::string pixels;  ///< upper row, then lower row, as indices; empty where it is refused
+  };
+  const std::vector<Row> rows = {
+      {{3, 1, 0, 0, 3, 2, 0, 1}, "222111"},
+      {{0, 1}, "000000"},                          // nothing but the end mark
+      {{255, 1, 255, 2, 0, 1}, "000111"},          // over the end of its row
+      {{0, 0, 0, 0, 255, 1, 0, 1}, "000000"},      // above the top row
+      {{0, 2, 255, 255, 3, 1, 0, 1}, "000000"},    // a jump out of the picture
+      {{0, 2, 1, 1, 1, 2, 0, 1}, "020000"},        // a jump inside of it
+      {{0, 3, 1, 2, 1, 9, 0, 1}, "000121"},        // the fill byte isn't a pixel
+      {{0, 5, 1, 2, 1, 2, 2, 0, 0, 1}, "000121"},  // single pixels over the end of their row
+      {{3, 1, 0, 0, 3, 2, 0, 0}, "222111"},        // all rows, but no end mark
+      {{3, 1, 0, 0, 3, 2}, ""},                    // the last row doesn't end
+      {{3, 1, 0, 0, 3}, ""},
+      {{3, 1, 0}, ""},
+      {{3, 1, 0, 2, 1}, ""},
+      {{3, 1, 0, 4, 1, 2, 1}, ""},
+      {{0, 255}, ""}};
+  for (const Row& row : rows) {
+    const BmpMaker maker{.width = 3,
+                         .height = 2,
+                         .bits = 8,
+                         .compression = 1,
+                         .palette = {'0', '1', '2'},
+                         .data = row.data};
+    Result<Picture> read = ReadBmp(maker.Make());
+    std::string pixels;
+    for (int i = 0; read.Ok() && i < 6; ++i) {
+      pixels += static_cast<char>(GetPixel(read.Value().View(), i % 3, i / 3));
+    }
+    EXPECT_EQ(pixels, row.pixels) << "in row " << &row - rows.data();
+  }
 }
 
 TEST(BmpRefusal, RunLengthsThatCannotFillThePictureAreRefusedBeforeMemoryIsTaken) {
