@@ -21,8 +21,8 @@ constexpr long long kMostFuzzedPixels = 2'000'000;
 
 /// A desktop in memory, with the real decoders.
 struct DecodingPlatform : FakePlatform {
-  Result<Picture> DecodePicture(const Bytes& content) override {
-    return DecodeForeignPicture(content, kMostFuzzedPixels);
+  Result<Picture> DecodePicture(Bytes content) override {
+    return DecodeForeignPicture(std::move(content), {.pixels = kMostFuzzedPixels});
   }
 };
 

@@ -15,11 +15,13 @@
 namespace morvane {
 namespace {
 
+/// No settings file is longer; what claims to be one isn't read into memory.
+constexpr std::size_t kMostTextBytes = std::size_t{1} << 20U;
+
 Result<std::string> ReadText(const std::string& path) {
   Result<std::unique_ptr<ByteSource>> file = OpenNormalFile(path);
   if (!file.Ok()) return Result<std::string>::Failed(file.Reason());
-  constexpr std::size_t kMostBytes = 16'000'000;
-  if (file.Value()->Size() > kMostBytes) return Result<std::string>::Failed(kTooLargeFile);
+  if (file.Value()->Size() > kMostTextBytes) return Result<std::string>::Failed(kTooLargeFile);
   Result<Bytes> bytes = ReadAll(*file.Value());
   if (!bytes.Ok()) return Result<std::string>::Failed(bytes.Reason());
   return std::string(bytes.Value().begin(), bytes.Value().end());

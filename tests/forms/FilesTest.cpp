@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "document/Blit.h"
+#include "document/PictureFile.h"
 #include "platform/PictureDecoding.h"
 #include "tests/support/FileBytes.h"
 #include "tests/support/FormFixture.h"
@@ -35,6 +36,18 @@ TEST_F(Files, WhatIsWrittenIsRead) {
   EXPECT_EQ(Replace(folder.File("a b ü.bmp"), content), "");
   EXPECT_EQ(Read("a b ü.bmp"), content);
   EXPECT_EQ(QDir().entryList(QDir::Files | QDir::Hidden).size(), 1);
+}
+
+TEST_F(Files, AFileLargerThanMemoryIsRefusedUnread) {
+  const std::string path = folder.File("huge");
+  ASSERT_TRUE(QFile(QString::fromStdString(path)).open(QIODevice::WriteOnly));
+  ASSERT_EQ(truncate(path.c_str(), off_t{1} << 40U), 0);
+  QtPlatform platform;
+  Result<Picture> picture = LoadPicture(platform, path);
+  ASSERT_FALSE(picture.Ok());
+  EXPECT_EQ(picture.Reason(), "The file is too large.");
+  EXPECT_EQ(platform.GetPrivateProfileString("Map", "Dir", "none", 2048, path), "none");
+  EXPECT_EQ(platform.WritePrivateProfileString("Map", "Dir", "/", path), "The file is too large.");
 }
 
 TEST_F(Files, LinksAreFollowedAndTheModeIsKept) {
