@@ -16,7 +16,7 @@ namespace morvane {
 namespace {
 
 /// No settings file is longer; what claims to be one isn't read into memory.
-constexpr std::size_t kMostTextBytes = std::size_t{1} << 20U;
+constexpr std::size_t kMostTextBytes = 16'000'000;
 
 Result<std::string> ReadText(const std::string& path) {
   Result<std::unique_ptr<ByteSource>> file = OpenNormalFile(path);

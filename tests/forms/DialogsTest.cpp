@@ -9,6 +9,7 @@
 #include <QListWidget>
 #include <QMimeData>
 #include <QPushButton>
+#include <QTextFrame>
 #include <QTimer>
 #include <set>
 
