@@ -70,7 +70,8 @@ TEST(Names, OfEveryKindWorkEverywhere) {
                 const std::string path = session.editor.folder.File(folder.c_str());
                 Use(session.editor, path, name);
                 EXPECT_EQ(NamesIn(path), name);
-                EXPECT_EQ(AgreeToCurrentFile(path + '/' + name), path + '/' + name);
+                const std::string file = session.editor.folder.File((folder + '/' + name).c_str());
+                EXPECT_EQ(AgreeToCurrentFile(file), file);
               }
             }),
             0);
