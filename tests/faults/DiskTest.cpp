@@ -56,6 +56,10 @@ void RemoveFolder(const std::filesystem::path& folder) {
   std::filesystem::remove_all(folder);
 }
 
+void PrintTo(const Fault& fault, std::ostream* stream) {
+  *stream << fault.name;
+}
+
 std::string ReasonOf(const Fault& fault) {
   return fault.error == 0 ? "The folder doesn't exist." : std::strerror(fault.error);
 }
