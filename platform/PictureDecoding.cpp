@@ -71,6 +71,10 @@ class Decoding {
     QImageReader reader(&bytes);
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
+    // A drawing may name other files and places to be drawn with it.
+    if (reader.format().startsWith("svg") || reader.format() == "pdf") {
+      return Result<Picture>::Failed("Drawings of this kind can't be used, only pictures.");
+    }
     const QSize claimed = reader.size();
     if (claimed.isValid() && qint64{claimed.width()} * claimed.height() > mostPixels_) {
       return Result<Picture>::Failed(kTooLarge);

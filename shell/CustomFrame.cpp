@@ -90,7 +90,7 @@ void CustomFrame::ListDrives() {
   drive_->clear();
   for (const std::string& root : palette_.document.platform.ListDrives()) {
     drive_->addItem(TextOf(root));
-    drive_->setItemData(drive_->count() - 1, TextOf(root), Qt::ToolTipRole);
+    drive_->setItemData(drive_->count() - 1, ToolTipOf(TextOf(root)), Qt::ToolTipRole);
   }
   ShowDrive();
 }
@@ -105,7 +105,7 @@ void CustomFrame::ShowDrive() {
     longest = root.size();
     presentDrive_ = i;
   }
-  drive_->setToolTip(drive_->itemText(presentDrive_));
+  drive_->setToolTip(ToolTipOf(drive_->itemText(presentDrive_)));
 }
 
 void CustomFrame::ShowFolders() {
@@ -121,7 +121,7 @@ void CustomFrame::ShowFolders() {
     auto* item = new QListWidgetItem(row.isOnTheWay ? open : closed, TextOf(row.name), folders_);
     item->setData(Qt::UserRole, TextOf(row.path));
     item->setData(kDepthRole, row.depth);
-    item->setToolTip(TextOf(row.path));
+    item->setToolTip(ToolTipOf(TextOf(row.path)));
     if (row.isOnTheWay) present = folders_->count() - 1;
   }
   folders_->setCurrentRow(present);

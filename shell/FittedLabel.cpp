@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "shell/Text.h"
+
 namespace morvane {
 
 QFont FittedFont(const QFont& font, const QString& text, int width) {
@@ -20,7 +22,7 @@ void FittedLabel::ShowText(const QString& text) {
   const QFont fitted = FittedFont(plain, text, visibleWidth_);
   setFont(fitted);
   setText(QFontMetrics(fitted).elidedText(text, Qt::ElideRight, visibleWidth_));
-  setToolTip(text);
+  setToolTip(ToolTipOf(text));
 }
 
 }  // namespace morvane

@@ -120,7 +120,7 @@ void frmOptions::AddColors() {
 void frmOptions::ShowState() {
   const auto show = [](QLineEdit* field, const std::string& text) {
     field->setText(TextOf(text));
-    field->setToolTip(TextOf(text));
+    field->setToolTip(ToolTipOf(TextOf(text)));
   };
   show(TextMapDir_, options_.TextMapDir);
   show(TextCustomDir_, options_.TextCustomDir);
