@@ -303,7 +303,8 @@ TEST(Monkey, LeavesTheWindowTheCoreAndThePlainModelAgreed) {
     if (i != events / 10 && i != events / 2 && i != events) continue;
     heap.push_back(monkey.HeapAtRest());
     std::cout << "event " << i << ", window " << windows << ": heap " << heap.back() << " MB, "
-              << "resident " << ResidentMegabytes() << " MB\n";
+              << "resident " << ResidentMegabytes() << " MB\n"
+              << std::flush;
   }
   for (const char* event : {"press",
                             "stroke",
