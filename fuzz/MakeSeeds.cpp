@@ -35,8 +35,9 @@ class SeedFolder {
 
 /// Uncompressed rows with something of everything in them.
 Bytes Rows(const BmpMaker& maker) {
-  const auto width = static_cast<unsigned>(maker.width);
-  Bytes rows((width * maker.bits + 31) / 32 * 4 * static_cast<unsigned>(std::abs(maker.height)));
+  const auto width = static_cast<std::size_t>(maker.width);
+  const auto height = static_cast<std::size_t>(std::abs(maker.height));
+  Bytes rows((width * maker.bits + 31) / 32 * 4 * height);
   for (std::size_t i = 0; i < rows.size(); ++i) rows[i] = static_cast<std::uint8_t>(i * 37);
   return rows;
 }
