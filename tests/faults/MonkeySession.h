@@ -278,7 +278,9 @@ class MonkeySession : public QObject {
     if (Find<QLabel>("lbMode")->text() != kModes[model.wall ? 1 : model.door ? 2 : 0]) {
       return "shown mode";
     }
-    if (Find<QLabel>("Label2")->toolTip() != TextOf(form.palette.Label2)) return "shown tile";
+    if (Find<QLabel>("Label2")->toolTip() != ToolTipOf(TextOf(form.palette.Label2))) {
+      return "shown tile";
+    }
     if (Find<QAction>("mnuEditUndo")->isEnabled() != menuUndo_) return "shown menu Undo";
     if (tool->isEnabled() != buttonUndo_) return "shown tool bar Undo";
     if (Find("sbStatusBar")->isHidden() == statusBar_) return "shown status bar";
