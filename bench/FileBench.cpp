@@ -120,7 +120,8 @@ void AddSnapshotRead(RatioTable& table) {
         auto file = snapshot->Read();
         Must(file.Ok(), "The snapshot could not be opened");
         BmpDecoder decoder(*file.Value());
-        Must(snapshot->IsUntouched() && decoder.Open().empty(), "The snapshot is not as it was");
+        Must(snapshot->IsUntouched() && decoder.Open().empty() && TryToRead(*file.Value()).empty(),
+             "The snapshot is not as it was");
         Must(decoder.Decode(read->Draw()).empty(), "The snapshot could not be read");
       })
       .Limit("pread into ready memory", AtMost(3),

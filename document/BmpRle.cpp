@@ -36,11 +36,12 @@ class RunReader {
     return y_ < 0 ? Failure() : "The file ends too early.";
   }
 
-  /// Sets the next pixel; what runs past the end of a row is dropped.
-  void Put(Pixel pixel) {
-    if (x_ == header_.width) return;
-    if (y_ >= 0) target_.Row(y_)[x_] = pixel;
-    ++x_;
+  /// Sets the next pixel.
+  void Put(Pixel pixel) { target_.Row(y_)[x_++] = pixel; }
+
+  /// How many of the next pixels lie in the picture.
+  unsigned Visible(unsigned count) const {
+    return y_ < 0 ? 0 : std::min(count, static_cast<unsigned>(header_.width - x_));
   }
 
   void Skip(int columns, int rows) {
@@ -58,6 +59,7 @@ class RunReader {
     const std::size_t bytes = trueColor ? 3 : 1;
     if (!file_.Show(bytes)) return false;
     const unsigned value = file_.Data()[0];
+    count = Visible(count);  // what runs past the end of a row is dropped
     for (unsigned i = 0; i < count; ++i) {
       Put(trueColor ? TrueColor(0) : header_.palette[IndexIn(value, i)]);
     }
@@ -90,6 +92,7 @@ class RunReader {
     std::size_t bytes = nibbles ? (count + 1) / 2 : count;
     if (trueColor) bytes = std::size_t{count} * 3;
     if (!file_.Show(bytes)) return false;
+    count = Visible(count);
     for (unsigned i = 0; i < count; ++i) {
       if (trueColor) {
         Put(TrueColor(std::size_t{i} * 3));

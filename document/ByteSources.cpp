@@ -22,6 +22,16 @@ Result<Bytes> ReadAll(ByteSource& source) {
   return failure.empty() ? Result<Bytes>(std::move(bytes)) : Result<Bytes>::Failed(failure);
 }
 
+Failure TryToRead(ByteSource& source) {
+  Bytes buffer(std::min(kWindowBytes, source.Size()));
+  Failure failure;
+  for (std::size_t place = 0; place < source.Size() && failure.empty(); place += buffer.size()) {
+    const std::size_t count = std::min(buffer.size(), source.Size() - place);
+    failure = source.ReadAt(place, std::span(buffer).first(count));
+  }
+  return failure;
+}
+
 void ByteWindow::Skip(std::size_t count) {
   const std::size_t shown = std::min(count, end_ - begin_);
   begin_ += shown;

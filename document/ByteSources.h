@@ -21,6 +21,9 @@ class MemorySource : public ByteSource {
 /// All bytes of a source at once.
 Result<Bytes> ReadAll(ByteSource& source);
 
+/// Reads all bytes once and keeps none. Tells why some can't be read.
+Failure TryToRead(ByteSource& source);
+
 /// Reads a source from front to back through a window of some bytes.
 class ByteWindow {
  public:

@@ -32,14 +32,14 @@ int PictureBox::ScaleHeight() const {
 
 void PictureBox::SetWidth(int width) {
   if (width < 0) return;
+  GrowImage(width - 2 * border_, ScaleHeight());
   width_ = width;
-  GrowImage();
 }
 
 void PictureBox::SetHeight(int height) {
   if (height < 0) return;
+  GrowImage(ScaleWidth(), height - 2 * border_);
   height_ = height;
-  GrowImage();
 }
 
 PictureView PictureBox::Image() const {
@@ -80,8 +80,8 @@ void PictureBox::SetPictureAndSize(Picture picture) {
 }
 
 void PictureBox::Cls() {
+  store_ = Picture(std::max(1, ScaleWidth()), std::max(1, ScaleHeight()));
   TrimImage();
-  store_ = Picture(image_.width, image_.height);
   ExposeAll();
 }
 
@@ -103,11 +103,13 @@ bool PictureBox::TakeFocus() {
   return std::exchange(focusWanted_, false);
 }
 
-void PictureBox::GrowImage() {
-  image_ = {std::max(image_.width, ScaleWidth()), std::max(image_.height, ScaleHeight())};
-  if (image_.width > store_.Width() || image_.height > store_.Height()) {
-    store_ = Enlarged(store_.View(), image_.width, image_.height);
+void PictureBox::GrowImage(int width, int height) {
+  const Size grown = {std::max(image_.width, width), std::max(image_.height, height)};
+  // Sizes follow only when there was memory for them.
+  if (grown.width > store_.Width() || grown.height > store_.Height()) {
+    store_ = Enlarged(store_.View(), grown.width, grown.height);
   }
+  image_ = grown;
 }
 
 void PictureBox::ExposeAll() {

@@ -63,7 +63,7 @@ class PictureBox {
   Pointer MousePointer = Pointer::Standard;
 
  private:
-  void GrowImage();
+  void GrowImage(int width, int height);
   void ExposeAll();
 
   int width_;

@@ -23,11 +23,13 @@ std::string Settings::Path() const {
 
 std::string Settings::GetINIFileString(const std::string& section, const std::string& key,
                                        const std::string& dv) const {
+  if (StartDir.empty()) return dv;
   return platform_.GetPrivateProfileString(section, key, dv, kBufferSize, Path());
 }
 
 Failure Settings::Write(const std::string& section, const std::string& key,
                         const std::string& value) const {
+  if (StartDir.empty()) return "The folder that Morvane was started from is gone.";
   if (value.size() >= kBufferSize) return "The text is too long: it could not be read back.";
   return platform_.WritePrivateProfileString(section, key, value, Path());
 }

@@ -7,8 +7,8 @@
 namespace morvane {
 namespace {
 
-/// Puts the snapshot in the place of the map. One that nobody has touched is read over the map
-/// itself: any other could turn out to be unsound half-way.
+/// Puts the snapshot in the place of the map. One that nobody has touched and that can be read to
+/// its end is read over the map itself: any other could turn out to be unsound half-way.
 Failure RestoreSnapshot(Document& document) {
   Result<std::unique_ptr<ByteSource>> snapshot = document.platform.OpenSnapshot();
   if (!snapshot.Ok()) return snapshot.Reason();
@@ -17,6 +17,8 @@ Failure RestoreSnapshot(Document& document) {
   if (!failure.empty()) return failure;
   const Size size = decoder.PictureSize();
   if (document.platform.IsSnapshotUntouched()) {
+    failure = TryToRead(*snapshot.Value());
+    if (!failure.empty()) return failure;
     const auto image = document.Canvas.OverwriteImage(size);
     if (image) return decoder.Decode(*image);
   }

@@ -51,7 +51,8 @@ void SetValue(const std::string& text, const Key& key, const std::string& value)
   Result<std::string> changed = WithProfileValue(text, key.section, key.key, value);
   if (!changed.Ok()) {
     Require(!changed.Reason().empty(), "a refusal has a reason");
-    Require(value.find_first_of("\r\n") != std::string::npos, "a line is never refused");
+    Require(value.find_first_of(std::string_view("\r\n\0", 3)) != std::string::npos,
+            "a line is never refused");
     return;
   }
   Require(ValueOf(changed.Value(), key) == value, "a value that was written comes back");

@@ -15,7 +15,7 @@ bool FileList::SetPath(Platform& platform, const std::string& path) {
 }
 
 const std::vector<std::string>& FileList::Files() const {
-  if (isRead_) return files_;
+  if (isRead_ || platform_ == nullptr) return files_;
   isRead_ = true;
   ++readings_;
   files_ = platform_->ListFiles(path_, Pattern);
@@ -31,7 +31,7 @@ bool FolderList::SetPath(Platform& platform, const std::string& path) {
 }
 
 const std::vector<FolderList::Row>& FolderList::Rows() const {
-  if (isRead_) return rows_;
+  if (isRead_ || platform_ == nullptr) return rows_;
   isRead_ = true;
   ++readings_;
   rows_ = {{.name = "/", .path = "/", .depth = 0, .isOnTheWay = true}};

@@ -1,12 +1,14 @@
 #include "platform/PictureDecoding.h"
 
-#include <QBuffer>
+#include <QIODevice>
 #include <QImageReader>
 #include <QPainter>
+#include <algorithm>
 #include <atomic>
 #include <future>
 #include <memory>
 #include <new>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -22,19 +24,27 @@ std::atomic<int>& AtWork() {
 }
 
 /// The bytes of a picture, which come to an end early once it is given up.
-class StoppableBytes : public QBuffer {
+/// No QBuffer: decoders would look through it into its memory.
+class StoppableBytes : public QIODevice {
  public:
-  StoppableBytes(const Bytes& content, const std::atomic<bool>& isGivenUp) : isGivenUp_(isGivenUp) {
-    setData(QByteArray::fromRawData(reinterpret_cast<const char*>(content.data()),
-                                    static_cast<qsizetype>(content.size())));
+  StoppableBytes(const Bytes& content, const std::atomic<bool>& isGivenUp)
+      : content_(content), isGivenUp_(isGivenUp) {
+    open(ReadOnly | Unbuffered);
   }
+
+  qint64 size() const override { return static_cast<qint64>(content_.size()); }
 
  protected:
-  qint64 readData(char* data, qint64 size) override {
-    return isGivenUp_ ? -1 : QBuffer::readData(data, size);
+  qint64 readData(char* data, qint64 most) override {
+    if (isGivenUp_) return -1;
+    const qint64 count = std::clamp<qint64>(size() - pos(), 0, most);
+    std::copy_n(content_.begin() + pos(), count, data);
+    return count;
   }
+  qint64 writeData(const char* /*data*/, qint64 /*size*/) override { return -1; }
 
  private:
+  const Bytes& content_;
   const std::atomic<bool>& isGivenUp_;
 };
 
@@ -42,14 +52,13 @@ class StoppableBytes : public QBuffer {
 class Decoding {
  public:
   Decoding(Bytes content, long long mostPixels)
-      : content_(std::move(content)), mostPixels_(mostPixels) {
-    ++AtWork();
-  }
+      : content_(std::move(content)), mostPixels_(mostPixels) {}
 
   std::future<Result<Picture>> Outcome() { return outcome_.get_future(); }
   void GiveUp() { isGivenUp_ = true; }
 
   void Run() {
+    ++AtWork();
     Result<Picture> picture = DecodeWithinMemory();
     --AtWork();
     outcome_.set_value(std::move(picture));
@@ -104,7 +113,11 @@ Result<Picture> DecodeForeignPicture(Bytes content, DecodingLimits limits) {
   }
   const auto decoding = std::make_shared<Decoding>(std::move(content), limits.pixels);
   std::future<Result<Picture>> outcome = decoding->Outcome();
-  std::thread([decoding] { decoding->Run(); }).detach();
+  try {
+    std::thread([decoding] { decoding->Run(); }).detach();
+  } catch (const std::system_error&) {
+    return Result<Picture>::Failed("There is not enough memory for this picture.");
+  }
   if (outcome.wait_for(limits.time) == std::future_status::ready) return outcome.get();
   decoding->GiveUp();
   return Result<Picture>::Failed("The picture takes too long to decode.");

@@ -92,7 +92,8 @@ void SnapshotFile::Delete() {
 }
 
 Failure SnapshotFile::OpenInCurrentDirectory() {
-  return Open(QDir::currentPath().toStdString() + kName);
+  const std::string folder = QDir::currentPath().toStdString();
+  return folder.empty() ? "The start folder is gone." : Open(folder + kName);
 }
 
 Failure SnapshotFile::OpenInPrivateFolder() {

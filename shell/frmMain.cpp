@@ -59,14 +59,17 @@ void ShowPointer(QWidget* widget, Pointer pointer) {
 
 template <typename Rule>
 auto frmMain::Event(Rule rule) {
-  return [this, rule](const auto&... arguments) {
-    try {
-      rule(form_.palette, arguments...);
-    } catch (const std::bad_alloc&) {
-      form_.document.StatusText = "There is not enough memory for this.";
-    }
-    ShowState();
-  };
+  return
+      [this, rule](const auto&... arguments) { Run([&] { rule(form_.palette, arguments...); }); };
+}
+
+void frmMain::Run(const std::function<void()>& command) {
+  try {
+    command();
+  } catch (const std::bad_alloc&) {
+    form_.document.StatusText = "There is not enough memory for this.";
+  }
+  ShowState();
 }
 
 frmMain::frmMain(MainForm& form)
@@ -121,8 +124,7 @@ void frmMain::ConnectEvents() {
   connect(canvas_, &CanvasView::Pressed, this, Event(&Canvas_MouseDown));
   connect(canvas_, &CanvasView::Moved, this, Event(&Canvas_MouseMove));
   connect(canvas_, &CanvasView::KeyPressed, this, [this](int Key, int Modifiers, bool& handled) {
-    handled = Canvas_KeyDown(form_.palette, Key, Modifiers);
-    ShowState();
+    Run([&] { handled = Canvas_KeyDown(form_.palette, Key, Modifiers); });
   });
   connect(leftColumn_, &LeftColumn::ButtonClicked, this, [this](const QString& name) {
     static const std::map<QString, void (*)(Palette&)> kClicks = {
@@ -167,12 +169,12 @@ void frmMain::RunCommand(const QString& name) {
   };
   const auto found = kDocumentCommands.find(name);
   if (found != kDocumentCommands.end()) {
-    found->second(form_.document);
+    Run([&] { found->second(form_.document); });
   } else if (name == "mnuViewStatusBar") {
-    form_.mnuViewStatusBar_Click();
+    Run([this] { form_.mnuViewStatusBar_Click(); });
   } else if (name == "mnuToolsOptions") {
     frmOptions(form_.document, this).exec();
-    ShowStoredFolder(form_.palette);
+    Run([this] { ShowStoredFolder(form_.palette); });
   } else if (name == "mnuHelpAbout") {
     frmAbout(form_.document.platform, this).exec();
   } else if (name == "mnuFileExit") {
@@ -185,8 +187,7 @@ void frmMain::Form_Resize() {
   tbToolBar_->setGeometry(0, 0, client_->width(), kToolBarHeight);
   sbStatusBar_->setGeometry(0, client_->height() - kStatusBarHeight, client_->width(),
                             kStatusBarHeight);
-  form_.Form_Resize(client_->width(), client_->height());
-  ShowState();
+  Run([this] { form_.Form_Resize(client_->width(), client_->height()); });
 }
 
 void frmMain::ShowState() {

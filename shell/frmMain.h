@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
 
 #include "tools/MainForm.h"
 
@@ -36,6 +37,8 @@ class frmMain : public QMainWindow {
   /// An event of the palette or the map: the rule runs, then the window shows the state.
   template <typename Rule>
   auto Event(Rule rule);
+  /// Runs what an event asks for and shows the state; a lack of memory is told, not the end.
+  void Run(const std::function<void()>& command);
   void WatchHover();
   /// Runs the command of a menu entry or of the tool bar button that stands for it.
   void RunCommand(const QString& name);
