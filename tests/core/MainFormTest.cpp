@@ -52,6 +52,18 @@ TEST(MainForm, FoldersAreReadWhenTheirListsAreLookedAt) {
   EXPECT_EQ(platform.foldersRead, 2);
 }
 
+TEST(MainForm, AStartFolderThatIsGoneHarmsNothing) {
+  FakePlatform platform;
+  platform.currentDirectory.clear();
+  MainForm form(platform, &SpeckledSheet);
+  form.Form_Initialize();
+  TileSetSelector_Click(form.palette, kCustomSet);
+  EXPECT_TRUE(form.palette.File1.Files().empty());
+  EXPECT_TRUE(form.palette.Dir1.Rows().empty());
+  EXPECT_NE(form.document.settings.Write("Map", "Grid", "1"), "");
+  EXPECT_TRUE(platform.settings.empty());
+}
+
 TEST(MainForm, TheCanvasFillsTheWindow) {
   Editor editor;
   const PictureBox& canvas = editor.document.Canvas;

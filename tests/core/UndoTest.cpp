@@ -78,6 +78,17 @@ TEST_F(Undo, WithoutASnapshotItSaysSoAndLeavesTheMap) {
   EXPECT_EQ(Difference(Map(), before), "");
 }
 
+TEST_F(Undo, ASnapshotThatCannotBeReadToItsEndLeavesTheMap) {
+  Press(5, 5);
+  Press(45, 45);
+  const Picture both = Map();
+  platform.readableSnapshot = platform.snapshot.size() / 2;
+  mnuEditUndo_Click(document);
+  EXPECT_EQ(Difference(Map(), both), "");
+  ASSERT_EQ(platform.boxes.size(), 1U);
+  EXPECT_NE(platform.boxes[0].text.find("Input/output error"), std::string::npos);
+}
+
 TEST_F(Undo, ASnapshotThatOthersTouchedIsReadAsideFirst) {
   Press(5, 5);
   const Picture stamped = Map();

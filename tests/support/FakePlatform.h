@@ -75,6 +75,8 @@ class FakePlatform : public Platform, public DialogScript {
   bool snapshotFails = false;
   bool memoryIsFull = false;
   bool snapshotTouched = false;
+  std::size_t readableSnapshot = static_cast<std::size_t>(-1);  ///< bytes of it
+  std::string currentDirectory = "/start";
   int snapshots = 0;  ///< written so far
   int foldersRead = 0;
   Bytes snapshot;
@@ -90,7 +92,7 @@ class FakePlatform : public Platform, public DialogScript {
   }
   std::string ShowOpen(const FileDialog& dialog) override { return File(dialog); }
   std::string ShowSave(const FileDialog& dialog) override { return File(dialog); }
-  std::string CurrentDirectory() override { return "/start"; }
+  std::string CurrentDirectory() override { return currentDirectory; }
   bool FileExists(const std::string& path) override { return files.contains(path); }
   bool FolderExists(const std::string& path) override { return folders.contains(path); }
   Result<std::unique_ptr<ByteSource>> OpenFile(const std::string& path) override {
@@ -139,7 +141,9 @@ class FakePlatform : public Platform, public DialogScript {
   Result<std::unique_ptr<ByteSource>> OpenSnapshot() override {
     if (memoryIsFull) throw std::bad_alloc();
     if (snapshot.empty()) return Opened::Failed("No earlier state of the map was kept.");
-    return Opened(std::make_unique<OwnedBytes>(snapshot));
+    auto file = std::make_unique<OwnedBytes>(snapshot);
+    file->readable = readableSnapshot;
+    return Opened(std::move(file));
   }
   bool IsSnapshotUntouched() override { return !snapshotTouched; }
   void DeleteSnapshot() override { snapshot.clear(); }

@@ -24,8 +24,11 @@ class OwnedBytes : public ByteSource {
 
   std::size_t Size() const override { return source_.Size(); }
   Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override {
+    if (place + buffer.size() > readable) return "Input/output error";
     return source_.ReadAt(place, buffer);
   }
+
+  std::size_t readable = static_cast<std::size_t>(-1);  ///< bytes; the disk is damaged behind them
 
  private:
   Bytes bytes_;
