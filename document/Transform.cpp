@@ -120,14 +120,12 @@ void ExchangeSides(std::array<HalfVector, 4>& rows) {
 /// Turns four by four pixels: source column x + i becomes the row i * toStep behind `to`.
 void TurnQuad(Pixel* to, std::ptrdiff_t toStep, const Pixel* from, std::ptrdiff_t fromStep) {
   std::array<HalfVector, 4> rows;
-  for (HalfVector& row : rows) {
-    LoadPixels(row, from);
-    from += fromStep;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    LoadPixels(rows[i], from + static_cast<std::ptrdiff_t>(i) * fromStep);
   }
   ExchangeSides(rows);
-  for (const HalfVector& row : rows) {
-    StorePixels(to, row);
-    to += toStep;
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    StorePixels(to + static_cast<std::ptrdiff_t>(i) * toStep, rows[i]);
   }
 }
 

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
+#include <filesystem>
 #include <utility>
 
 #include "document/ByteSources.h"
@@ -119,7 +120,9 @@ std::string QtPlatform::GetPrivateProfileString(const std::string& section, cons
 Failure QtPlatform::WritePrivateProfileString(const std::string& section, const std::string& key,
                                               const std::string& value, const std::string& path) {
   std::string text;
-  if (QFileInfo::exists(QString::fromStdString(path))) {
+  // Only where there is no file a new one begins: another may just be out of reach.
+  std::error_code error;
+  if (std::filesystem::status(path, error).type() != std::filesystem::file_type::not_found) {
     Result<std::string> old = ReadText(path);
     if (!old.Ok()) return old.Reason();
     text = std::move(old.Value());

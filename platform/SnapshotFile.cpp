@@ -22,6 +22,11 @@ Failure SystemReason(const std::string& path) {
   return path + ": " + std::strerror(errno);
 }
 
+/// Locks the file for this process. On a volume without locks nobody holds anything.
+bool IsHeldByOthers(int file) {
+  return flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+}
+
 /// A file that somebody else holds open.
 class HeldFile : public ByteSource {
  public:
@@ -111,7 +116,7 @@ Failure SnapshotFile::Open(const std::string& path) {
   const int file = open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK, 0600);
   if (file < 0) return SystemReason(path);
   struct stat status {};
-  if (fstat(file, &status) != 0 || !IsOurs(status) || flock(file, LOCK_EX | LOCK_NB) != 0) {
+  if (fstat(file, &status) != 0 || !IsOurs(status) || IsHeldByOthers(file)) {
     close(file);
     return path + " is in use.";
   }
