@@ -69,7 +69,7 @@ void AddWholeMap(RatioTable& table, Size size) {
 void AddCopies(RatioTable& table) {
   AddStamps(table, {20, 20}, 1.25);
   AddStamps(table, {40, 40}, 1.15);
-  AddStamps(table, {60, 60}, 1.15);
+  AddStamps(table, {60, 40}, 1.15);
   AddWholeMap(table, kMap);
   AddWholeMap(table, {1432, 1168});
   AddWholeMap(table, {3840, 2160});

@@ -70,7 +70,7 @@ TEST(Names, OfEveryKindWorkEverywhere) {
                 const std::string path = session.editor.folder.File(folder.c_str());
                 Use(session.editor, path, name);
                 EXPECT_EQ(NamesIn(path), name);
-                const std::string file = session.editor.folder.File((folder + '/' + name).c_str());
+                const std::string file = std::filesystem::path(path) / name;
                 EXPECT_EQ(AgreeToCurrentFile(file), file);
               }
             }),
