@@ -78,9 +78,7 @@ void SetTitle(Document& document) {
   document.Caption += " - " + path.substr(path.rfind('/') + 1);
 }
 
-void mnuFileOpen_Click(Document& document) {
-  const std::string path = document.platform.ShowOpen(MapDialog(document, "Open"));
-  if (path.empty()) return;
+void OpenMap(Document& document, const std::string& path) {
   Result<Picture> picture = LoadPicture(document.platform, path);
   if (!picture.Ok()) {
     TellFileFailure(document.platform, "The map could not be opened.", path, picture.Reason());
@@ -90,6 +88,11 @@ void mnuFileOpen_Click(Document& document) {
   document.Canvas.SetPicture(std::move(picture.Value()));
   document.HasCurrentFile = true;
   SetTitle(document);
+}
+
+void mnuFileOpen_Click(Document& document) {
+  const std::string path = document.platform.ShowOpen(MapDialog(document, "Open"));
+  if (!path.empty()) OpenMap(document, path);
 }
 
 void mnuFileSave_Click(Document& document) {

@@ -4,8 +4,11 @@
 #include <QElapsedTimer>
 #include <QSettings>
 #include <QThread>
+#include <QTimer>
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
+#include <system_error>
 
 #include "platform/PictureDecoding.h"
 #include "platform/QtPlatform.h"
@@ -71,6 +74,13 @@ int RunMorvane(int argc, char** argv) {
   if (rest > 0) QThread::msleep(static_cast<unsigned long>(rest));
   splash->close();
   window.show();
+  // What the toolkit left over is a map, chosen in a file manager. It is opened once the window is
+  // there, as from the menu.
+  if (argc > 1) {
+    std::error_code folderIsGone;
+    const std::filesystem::path path = std::filesystem::absolute(argv[1], folderIsGone);
+    QTimer::singleShot(0, &window, [&window, path] { window.Open(path); });
+  }
   const int status = QApplication::exec();
   // A decoder that hangs in a picture given up long ago would be caught by the end of the program.
   if (IsStillDecoding()) std::_Exit(status);

@@ -104,6 +104,10 @@ void frmMain::Prepare() {
   store->endPaint();
 }
 
+void frmMain::Open(const std::string& path) {
+  Run([&] { OpenMap(form_.document, path); });
+}
+
 void frmMain::ConnectEvents() {
   connect(client_, &ClientArea::Resized, this, &frmMain::Form_Resize);
   connect(menu_, &MainMenu::Chosen, this, &frmMain::RunCommand);

@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 #include <functional>
+#include <string>
 
 #include "tools/MainForm.h"
 
@@ -25,6 +26,9 @@ class frmMain : public QMainWindow {
 
   /// Does ahead what the first showing would take time for.
   void Prepare();
+
+  /// Opens a map that the user has chosen outside, by its absolute path.
+  void Open(const std::string& path);
 
   /// Brings every control up to date.
   void ShowState();
