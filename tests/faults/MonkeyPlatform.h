@@ -238,8 +238,8 @@ class MonkeyPlatform : public QtPlatform {
   }
 
   // The machine's other folders are none of the monkey's business.
-  bool FolderExists(const std::string& path) override {
-    return QtPlatform::FolderExists(path) && (workshop_.Holds(path) || path == "/");
+  bool IsFolderReadable(const std::string& path) override {
+    return QtPlatform::IsFolderReadable(path) && (workshop_.Holds(path) || path == "/");
   }
   std::vector<std::string> ListDrives() override { return {"/", workshop_.Path("")}; }
   std::vector<std::string> ListFolders(const std::string& folder) override {
