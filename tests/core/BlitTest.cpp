@@ -78,15 +78,6 @@ TEST(Blit, ASinglePixelBetweenKeyPixelsIsNeverLeftOut) {
   }
 }
 
-TEST(Blit, OnlyExactlyTheKeyColourIsSeenThrough) {
-  Picture source(3, 1, kWhite);
-  SetPixelV(source.Draw(), 1, 0, 0xFEFFFF);
-  Picture target(3, 1, 0x000000);
-  TransparentBlt(target.Draw(), 0, 0, 3, 1, source.View(), 0, 0, kWhite);
-  EXPECT_EQ(GetPixel(target.View(), 0, 0), 0x000000U);
-  EXPECT_EQ(GetPixel(target.View(), 1, 0), 0xFEFFFFU);
-}
-
 TEST(Blit, DamageIsWhatWasReallyDrawn) {
   const Picture source = Speckled(20, 20);
   Picture target(50, 40);

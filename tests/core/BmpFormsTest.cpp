@@ -30,17 +30,6 @@ Picture Indexed(const BmpMaker& maker, const std::vector<std::vector<int>>& rows
   return picture;
 }
 
-TEST(Bmp, WhatIsWrittenComesBack) {
-  for (const int width : {1, 2, 3, 4, 5, 20, 61}) {
-    const Picture picture = Speckled(width, 7);
-    const Bytes bytes = WriteBmp(picture.View());
-    ASSERT_EQ(bytes.size(), 54U + 7U * static_cast<unsigned>((width * 3 + 3) / 4 * 4));
-    Result<Picture> read = ReadBmp(bytes);
-    ASSERT_TRUE(read.Ok()) << read.Reason();
-    EXPECT_EQ(read.Value(), picture);
-  }
-}
-
 TEST(Bmp, PixelsArePackedAsOnEveryProcessor) {
   const Picture picture = Speckled(80, 1);
   for (int count = 0; count <= 70; ++count) {

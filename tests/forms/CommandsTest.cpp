@@ -132,5 +132,21 @@ TEST_F(Commands, ClosingAsksAndACancelKeepsEverything) {
   EXPECT_EQ(platform.boxes.size(), 2U);
 }
 
+TEST_F(Commands, LackOfMemoryIsToldAndTheWindowGoesOn) {
+  auto* status = Find<QLabel>("SimpleText");
+  const std::function<void()> ways[] = {[this] { Choose("mnuFileOpen"); }, [this] { Push("Open"); },
+                                        [this] { QTest::keyClick(Find("Canvas"), Qt::Key_F11); }};
+  platform.memoryRunsOut = true;
+  for (const auto& open : ways) {
+    form.document.StatusText.clear();
+    open();
+    EXPECT_EQ(status->text(), "There is not enough memory for this.");
+  }
+  platform.memoryRunsOut = false;
+  const Picture before = Map();
+  Press(30, 30);
+  EXPECT_NE(Map(), before);
+}
+
 }  // namespace
 }  // namespace morvane

@@ -48,16 +48,6 @@ TEST_F(SnapshotFileTest, OnlyTheNewestStaysAndItEndsWithTheRun) {
   EXPECT_FALSE(QFile::exists(QString::fromStdString(folder.File(name))));
 }
 
-TEST_F(SnapshotFileTest, AFileLeftByACrashIsTakenOver) {
-  QFile left(name);
-  ASSERT_TRUE(left.open(QIODevice::WriteOnly));
-  left.write("a long text from an earlier run");
-  left.close();
-  SnapshotFile file;
-  EXPECT_EQ(Write(file, second), "");
-  EXPECT_EQ(QFileInfo(name).size(), 2);
-}
-
 TEST_F(SnapshotFileTest, TwoProcessesKeepTheirOwn) {
   SnapshotFile one;
   SnapshotFile two;

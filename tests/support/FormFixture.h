@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <deque>
+#include <new>
 
 #include "platform/QtPlatform.h"
 #include "shell/ArtSheets.h"
@@ -23,10 +24,15 @@ class ScriptedPlatform : public QtPlatform, public DialogScript {
     ShowState();
     return Box(text, style, title);
   }
-  std::string ShowOpen(const FileDialog& dialog) override { return File(dialog); }
+  std::string ShowOpen(const FileDialog& dialog) override {
+    if (memoryRunsOut) throw std::bad_alloc();
+    return File(dialog);
+  }
   std::string ShowSave(const FileDialog& dialog) override { return File(dialog); }
   std::string BrowseForFolder(const std::string& title) override { return Folder(title); }
   void ShowColor(std::uint32_t& color) override { Color(color); }
+
+  bool memoryRunsOut = false;  ///< while a map is chosen
 };
 
 /// A folder of its own as the current directory, as long as it lives.
