@@ -11,9 +11,6 @@ namespace morvane {
 /// Pictures with more pixels are refused: they would take all memory before one is looked at.
 inline constexpr long long kMostPixels = 100'000'000;
 inline constexpr const char* kTooLarge = "The picture is too large.";
-/// No picture of that many pixels needs a larger file.
-inline constexpr long long kMostFileBytes = 420'000'000;
-inline constexpr const char* kTooLargeFile = "The file is too large.";
 
 /// Pixels to read, owned by somebody else.
 struct PictureView {

@@ -7,33 +7,49 @@
 
 namespace morvane {
 
-/// The list of custom pictures in a folder, which is read when the list is first looked at.
-class FileList {
+/// A folder shown in a list. It is read when the list is first looked at.
+class ListedFolder {
  public:
-  static constexpr const char* Pattern = "*.emf;*.wmf;*.cur;*.ico;*.jpg;*.gif;*.bmp;*.rle";
-
   const std::string& Path() const { return path_; }
-  const std::vector<std::string>& Files() const;
-  /// How often the folder was read: as long as that stays, so do the files.
+  /// How often the folder was read: as long as that stays, so does what is in the list.
   int Readings() const { return readings_; }
 
-  /// Shows another folder. One that doesn't exist is refused: the list stays. Returns whether it
+  /// Shows another folder. One that can't be read is refused: the list stays. Returns whether it
   /// shows.
   bool SetPath(Platform& platform, const std::string& path);
   /// Lets the folder be read again.
   void Refresh() { isRead_ = false; }
 
+ protected:
+  /// Calls read with the platform, unless the folder was read already.
+  template <typename Read>
+  void ReadOnce(Read read) const {
+    if (isRead_ || platform_ == nullptr) return;
+    read(*platform_);
+    isRead_ = true;
+    ++readings_;
+  }
+
  private:
   Platform* platform_ = nullptr;
   std::string path_;
-  mutable std::vector<std::string> files_;
-  mutable bool isRead_ = true;
+  mutable bool isRead_ = false;
   mutable int readings_ = 0;
 };
 
-/// The list of folders: the way from the root to the present one, then what it holds. That is read
-/// when the list is first looked at.
-class FolderList {
+/// The list of custom pictures in a folder.
+class FileList : public ListedFolder {
+ public:
+  static constexpr const char* Pattern = "*.emf;*.wmf;*.cur;*.ico;*.jpg;*.gif;*.bmp;*.rle";
+
+  const std::vector<std::string>& Files() const;
+
+ private:
+  mutable std::vector<std::string> files_;
+};
+
+/// The list of folders: the way from the root to the present one, then what it holds.
+class FolderList : public ListedFolder {
  public:
   struct Row {
     std::string name;
@@ -43,21 +59,10 @@ class FolderList {
     friend bool operator==(const Row&, const Row&) = default;
   };
 
-  const std::string& Path() const { return path_; }
   const std::vector<Row>& Rows() const;
-  /// How often the folder was read: as long as that stays, so do the rows.
-  int Readings() const { return readings_; }
-
-  /// Shows another folder. One that doesn't exist is refused: the list stays. Returns whether it
-  /// shows.
-  bool SetPath(Platform& platform, const std::string& path);
 
  private:
-  Platform* platform_ = nullptr;
-  std::string path_;
   mutable std::vector<Row> rows_;
-  mutable bool isRead_ = true;
-  mutable int readings_ = 0;
 };
 
 }  // namespace morvane

@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "platform/Platform.h"
 
@@ -17,14 +16,5 @@ Result<std::unique_ptr<ByteSource>> OpenNormalFile(const std::string& path);
 /// A file that has several names gets the new content under this one; the others keep the old
 /// content.
 Failure ReplaceFile(const std::string& path, ByteSource& content);
-
-/// The names of the folders in a folder, in natural order.
-std::vector<std::string> FoldersIn(const std::string& folder);
-
-/// The roots of the mounted volumes, disks and network folders, the system's first.
-std::vector<std::string> MountedVolumes();
-
-/// The names of the files in a folder that match one of "*.a;*.b", case ignored, in natural order.
-std::vector<std::string> MatchingFiles(const std::string& folder, const std::string& pattern);
 
 }  // namespace morvane

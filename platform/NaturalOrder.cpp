@@ -61,7 +61,7 @@ bool AppendKey(std::string& keys, std::string_view name) {
 }
 
 /// A name to be sorted, its first bytes at hand: most pairs differ in them.
-struct Entry {
+struct PlainEntry {
   std::uint64_t head;
   std::string_view key;
   std::size_t index;
@@ -75,6 +75,15 @@ std::uint64_t HeadOf(std::string_view key) {
   return head;
 }
 
+/// Puts the names into the order of the entries.
+template <typename Entry>
+void Arrange(std::vector<std::string>& names, const std::vector<Entry>& entries) {
+  std::vector<std::string> sorted;
+  sorted.reserve(names.size());
+  for (const Entry& entry : entries) sorted.push_back(std::move(names[entry.index]));
+  names = std::move(sorted);
+}
+
 /// Sorts names of plain characters. False where there are others, and nothing is changed.
 bool SortPlainNames(std::vector<std::string>& names) {
   std::string keys;
@@ -85,7 +94,7 @@ bool SortPlainNames(std::vector<std::string>& names) {
     if (!AppendKey(keys, name)) return false;
     ends.push_back(keys.size());
   }
-  std::vector<Entry> entries;
+  std::vector<PlainEntry> entries;
   entries.reserve(names.size());
   std::size_t begin = 0;
   for (std::size_t i = 0; i < names.size(); ++i) {
@@ -93,15 +102,13 @@ bool SortPlainNames(std::vector<std::string>& names) {
     entries.push_back({HeadOf(key), key, i});
     begin = ends[i];
   }
-  std::sort(entries.begin(), entries.end(), [&names](const Entry& one, const Entry& other) {
-    if (one.head != other.head) return one.head < other.head;
-    const int order = one.key.compare(other.key);
-    return order != 0 ? order < 0 : names[one.index] < names[other.index];
-  });
-  std::vector<std::string> sorted;
-  sorted.reserve(names.size());
-  for (const Entry& entry : entries) sorted.push_back(std::move(names[entry.index]));
-  names = std::move(sorted);
+  std::sort(entries.begin(), entries.end(),
+            [&names](const PlainEntry& one, const PlainEntry& other) {
+              if (one.head != other.head) return one.head < other.head;
+              const int order = one.key.compare(other.key);
+              return order != 0 ? order < 0 : names[one.index] < names[other.index];
+            });
+  Arrange(names, entries);
   return true;
 }
 
@@ -111,19 +118,20 @@ void SortByLanguage(std::vector<std::string>& names) {
   QCollator natural(plain ? QLocale(QLocale::English) : QLocale());
   natural.setNumericMode(true);
   natural.setCaseSensitivity(Qt::CaseInsensitive);
-  std::vector<std::pair<QCollatorSortKey, std::size_t>> keys;
-  keys.reserve(names.size());
+  struct Entry {
+    QCollatorSortKey key;
+    std::size_t index;
+  };
+  std::vector<Entry> entries;
+  entries.reserve(names.size());
   for (std::size_t i = 0; i < names.size(); ++i) {
-    keys.emplace_back(natural.sortKey(QString::fromStdString(names[i])), i);
+    entries.push_back({natural.sortKey(QString::fromStdString(names[i])), i});
   }
-  std::sort(keys.begin(), keys.end(), [&names](const auto& one, const auto& other) {
-    const int order = one.first.compare(other.first);
-    return order != 0 ? order < 0 : names[one.second] < names[other.second];
+  std::sort(entries.begin(), entries.end(), [&names](const Entry& one, const Entry& other) {
+    const int order = one.key.compare(other.key);
+    return order != 0 ? order < 0 : names[one.index] < names[other.index];
   });
-  std::vector<std::string> sorted;
-  sorted.reserve(names.size());
-  for (const auto& key : keys) sorted.push_back(std::move(names[key.second]));
-  names = std::move(sorted);
+  Arrange(names, entries);
 }
 
 }  // namespace

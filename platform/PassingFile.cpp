@@ -6,7 +6,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <utility>
 
 #include "platform/ChunkBuffer.h"
@@ -15,10 +14,6 @@ namespace morvane {
 namespace {
 
 constexpr int kMostNames = 100;
-
-Failure SystemReason() {
-  return std::strerror(errno);
-}
 
 /// False and errno where the disk didn't take everything.
 bool Flush(int file) {
@@ -42,7 +37,7 @@ Failure PassingFile::Create(const std::string& wishedName, mode_t mode) {
     if (TryName(name, mode)) return {};
     if (errno != EEXIST) return SystemReason();
   }
-  return SystemReason();
+  return "Too many files in the folder are called \".morvane-save\" and a number.";
 }
 
 bool PassingFile::TryName(const std::string& name, mode_t mode) {

@@ -53,6 +53,10 @@ class ByteSource {
 /// So many bytes are read or written at once: no file is ever held twice in memory.
 inline constexpr std::size_t kChunkBytes = std::size_t{256} << 10U;
 
+/// No map needs a larger file.
+inline constexpr long long kMostFileBytes = 420'000'000;
+inline constexpr const char* kTooLargeFile = "The file is too large.";
+
 /// Buttons and icon of a message box.
 enum class BoxStyle {
   OkOnly = 0,
@@ -95,7 +99,8 @@ class Platform {
   virtual std::string CurrentDirectory() = 0;
   /// Whether a normal file of that name exists.
   virtual bool FileExists(const std::string& path) = 0;
-  virtual bool FolderExists(const std::string& path) = 0;
+  /// Whether there is a folder whose names can be listed and whose files can be opened.
+  virtual bool IsFolderReadable(const std::string& path) = 0;
   /// Opens a normal file for reading; anything else is refused with its reason.
   virtual Result<std::unique_ptr<ByteSource>> OpenFile(const std::string& path) = 0;
   /// Puts the bytes in the place of a file, all or nothing: after a failure the old file is intact.

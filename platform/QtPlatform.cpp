@@ -9,6 +9,7 @@
 
 #include "document/ByteSources.h"
 #include "platform/Files.h"
+#include "platform/Folders.h"
 #include "platform/PictureDecoding.h"
 #include "platform/PrivateProfile.h"
 #include "platform/TextDrawing.h"
@@ -64,7 +65,7 @@ std::string QtPlatform::ShowSave(const FileDialog& dialog) {
 
 std::string QtPlatform::ShowFileDialog(const FileDialog& dialog, FileDialogMode mode) {
   ShowState();
-  const std::string& folder = FolderExists(dialog.InitDir) ? dialog.InitDir : lastFolder_;
+  const std::string& folder = IsFolderReadable(dialog.InitDir) ? dialog.InitDir : lastFolder_;
   std::string path = AskForFile(window_, dialog, mode, folder);
   if (!path.empty()) lastFolder_ = QFileInfo(QString::fromStdString(path)).path().toStdString();
   return path;
@@ -78,8 +79,8 @@ bool QtPlatform::FileExists(const std::string& path) {
   return QFileInfo(QString::fromStdString(path)).isFile();
 }
 
-bool QtPlatform::FolderExists(const std::string& path) {
-  return !path.empty() && QFileInfo(QString::fromStdString(path)).isDir();
+bool QtPlatform::IsFolderReadable(const std::string& path) {
+  return IsReadableFolder(path);
 }
 
 Result<std::unique_ptr<ByteSource>> QtPlatform::OpenFile(const std::string& path) {
@@ -104,9 +105,12 @@ std::vector<std::string> QtPlatform::ListFiles(const std::string& folder,
 }
 
 std::vector<std::string> QtPlatform::RescueFolders() {
-  return {QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString(),
-          QDir::homePath().toStdString(), QDir::currentPath().toStdString(),
-          QDir::tempPath().toStdString()};
+  std::vector<std::string> folders;
+  for (const QString& folder : {QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
+                                QDir::homePath(), QDir::currentPath(), QDir::tempPath()}) {
+    if (!folder.isEmpty()) folders.push_back(folder.toStdString());
+  }
+  return folders;
 }
 
 std::string QtPlatform::GetPrivateProfileString(const std::string& section, const std::string& key,

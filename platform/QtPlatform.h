@@ -25,7 +25,7 @@ class QtPlatform : public Platform {
   std::string ShowSave(const FileDialog& dialog) override;
   std::string CurrentDirectory() override;
   bool FileExists(const std::string& path) override;
-  bool FolderExists(const std::string& path) override;
+  bool IsFolderReadable(const std::string& path) override;
   Result<std::unique_ptr<ByteSource>> OpenFile(const std::string& path) override;
   Failure WriteFile(const std::string& path, ByteSource& content) override;
   std::vector<std::string> ListFolders(const std::string& folder) override;

@@ -8,7 +8,6 @@
 #include <QDir>
 #include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <utility>
 
 #include "platform/SystemFiles.h"
@@ -18,8 +17,8 @@ namespace {
 
 constexpr const char* kName = "/mvtmp.~mp";
 
-Failure SystemReason(const std::string& path) {
-  return path + ": " + std::strerror(errno);
+Failure ReasonFor(const std::string& path) {
+  return path + ": " + SystemReason();
 }
 
 /// Locks the file for this process. On a volume without locks nobody holds anything.
@@ -36,15 +35,8 @@ class HeldFile : public ByteSource {
   std::size_t Size() const override { return size_; }
 
   Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override {
-    while (!buffer.empty()) {
-      const ssize_t read = pread(file_, buffer.data(), buffer.size(), static_cast<off_t>(place));
-      if (read < 0 && errno == EINTR) continue;
-      if (read < 0) return SystemReason(path_);
-      if (read == 0) return "The snapshot file was cut short.";
-      place += static_cast<std::size_t>(read);
-      buffer = buffer.subspan(static_cast<std::size_t>(read));
-    }
-    return {};
+    const Failure failure = morvane::ReadAt(file_, place, buffer);
+    return failure.empty() ? failure : path_ + ": " + failure;
   }
 
  private:
@@ -103,7 +95,7 @@ Failure SnapshotFile::OpenInCurrentDirectory() {
 
 Failure SnapshotFile::OpenInPrivateFolder() {
   std::string folder = QDir::tempPath().toStdString() + "/morvane-XXXXXX";
-  if (mkdtemp(folder.data()) == nullptr) return SystemReason(folder);
+  if (mkdtemp(folder.data()) == nullptr) return ReasonFor(folder);
   Failure failure = Open(folder + kName);
   // Nobody else needs the name, and so nothing is left behind however the process ends.
   if (failure.empty()) unlink(path_.c_str());
@@ -114,7 +106,7 @@ Failure SnapshotFile::OpenInPrivateFolder() {
 
 Failure SnapshotFile::Open(const std::string& path) {
   const int file = open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK, 0600);
-  if (file < 0) return SystemReason(path);
+  if (file < 0) return ReasonFor(path);
   struct stat status {};
   if (fstat(file, &status) != 0 || !IsOurs(status) || IsHeldByOthers(file)) {
     close(file);
@@ -128,7 +120,7 @@ Failure SnapshotFile::Open(const std::string& path) {
 Failure SnapshotFile::Overwrite(ByteSource& content) {
   Failure failure =
       ForEachChunk(content, chunk_, [this](std::size_t place, std::span<const std::uint8_t> bytes) {
-        return WriteAt(file_, place, bytes) ? Failure() : SystemReason(path_);
+        return WriteAt(file_, place, bytes) ? Failure() : ReasonFor(path_);
       });
   if (!failure.empty()) return failure;
   const auto size = static_cast<off_t>(content.Size());
@@ -138,7 +130,7 @@ Failure SnapshotFile::Overwrite(ByteSource& content) {
     isDone = ftruncate(file_, size) == 0 && fstat(file_, &status) == 0;
   }
   changed_ = status.st_ctim;
-  return isDone ? Failure() : SystemReason(path_);
+  return isDone ? Failure() : ReasonFor(path_);
 }
 
 }  // namespace morvane

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstring>
 
 namespace morvane {
 
@@ -21,6 +22,22 @@ bool IsNameOf(int folder, const std::string& name, int file) {
   return fstat(file, &held) == 0 &&
          fstatat(folder, name.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
          held.st_ino == named.st_ino && held.st_dev == named.st_dev;
+}
+
+Failure SystemReason() {
+  return std::strerror(errno);
+}
+
+Failure ReadAt(int file, std::size_t place, std::span<std::uint8_t> buffer) {
+  while (!buffer.empty()) {
+    const ssize_t read = pread(file, buffer.data(), buffer.size(), static_cast<off_t>(place));
+    if (read < 0 && errno == EINTR) continue;
+    if (read < 0) return SystemReason();
+    if (read == 0) return "The file ends too early.";
+    place += static_cast<std::size_t>(read);
+    buffer = buffer.subspan(static_cast<std::size_t>(read));
+  }
+  return {};
 }
 
 bool WriteAt(int file, std::size_t place, std::span<const std::uint8_t> bytes) {

@@ -8,6 +8,8 @@
 #include <string>
 #include <utility>
 
+#include "platform/Platform.h"
+
 namespace morvane {
 
 /// An open file or folder of the system, or none (-1). It is closed when this goes.
@@ -34,6 +36,12 @@ bool IsOurs(const struct stat& file);
 
 /// Whether an entry of a folder is the very file that is open, not one that took its name since.
 bool IsNameOf(int folder, const std::string& name, int file);
+
+/// Why the system just refused, in its own words.
+Failure SystemReason();
+
+/// Fills the buffer from a place of the file on.
+Failure ReadAt(int file, std::size_t place, std::span<std::uint8_t> buffer);
 
 /// Writes all bytes. False and errno where the system refuses.
 bool WriteAt(int file, std::size_t place, std::span<const std::uint8_t> bytes);

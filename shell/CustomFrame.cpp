@@ -62,13 +62,13 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   connect(drive_, &QComboBox::textActivated, this,
           [this](const QString& root) { emit DriveChosen(root.toStdString()); });
   const auto open = [this](const QListWidgetItem* item) {
-    if (item != nullptr) emit FolderOpened(item->data(Qt::UserRole).toString().toStdString());
+    if (item != nullptr) emit FolderOpened(item->data(Qt::UserRole).toByteArray().toStdString());
   };
   connect(folders_, &QListWidget::itemDoubleClicked, this, open);
   connect(new QShortcut(Qt::Key_Return, folders_, nullptr, nullptr, Qt::WidgetShortcut),
           &QShortcut::activated, this, [this, open] { open(folders_->currentItem()); });
   const auto click = [this](const QListWidgetItem* item) {
-    if (item != nullptr) emit FileClicked(item->text().toStdString());
+    if (item != nullptr) emit FileClicked(shownNames_[static_cast<std::size_t>(files_->row(item))]);
   };
   connect(files_, &QListWidget::itemClicked, this, click);
   connect(new QShortcut(Qt::Key_Return, files_, nullptr, nullptr, Qt::WidgetShortcut),
@@ -119,7 +119,7 @@ void CustomFrame::ShowFolders() {
   int present = 0;
   for (const FolderList::Row& row : rows) {
     auto* item = new QListWidgetItem(row.isOnTheWay ? open : closed, TextOf(row.name), folders_);
-    item->setData(Qt::UserRole, TextOf(row.path));
+    item->setData(Qt::UserRole, QByteArray::fromStdString(row.path));
     item->setData(kDepthRole, row.depth);
     item->setToolTip(ToolTipOf(TextOf(row.path)));
     if (row.isOnTheWay) present = folders_->count() - 1;
@@ -132,11 +132,11 @@ void CustomFrame::ShowFiles() {
   const std::vector<std::string>& files = palette_.File1.Files();
   if (shownFiles_ == palette_.File1.Readings()) return;
   shownFiles_ = palette_.File1.Readings();
+  if (files == shownNames_) return;
+  shownNames_ = files;
   QStringList names;
   names.reserve(std::ssize(files));
   for (const std::string& name : files) names << TextOf(name);
-  if (names == shownNames_) return;
-  shownNames_ = names;
   files_->clear();
   files_->addItems(names);
 }

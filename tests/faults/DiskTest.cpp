@@ -1,10 +1,12 @@
 #include <sys/resource.h>
 
+#include <QDeadlineTimer>
 #include <cerrno>
 #include <csignal>
 #include <cstring>
 
 #include "document/Options.h"
+#include "palette/CustomTiles.h"
 #include "tests/faults/Child.h"
 
 namespace morvane {
@@ -194,12 +196,34 @@ TEST(FileSizeLimit, DoesNotEndTheProgram) {
     SetFileSizeLimit();
     execl(MORVANE_PROGRAM, MORVANE_PROGRAM, "-platform", "offscreen", nullptr);
   });
-  bool isSafe = false;
-  int status = 0;
-  while (!isSafe && waitpid(program, &status, WNOHANG) == 0) isSafe = Ignores(program, SIGXFSZ);
-  EXPECT_TRUE(isSafe);
-  if (isSafe) kill(program, SIGKILL);
-  if (isSafe) WaitFor(program);
+  const QDeadlineTimer patience(60'000);
+  while (!Ignores(program, SIGXFSZ) && !patience.hasExpired()) usleep(1000);
+  EXPECT_FALSE(patience.hasExpired());
+  kill(program, SIGKILL);
+  WaitFor(program);
+}
+
+/// A folder out of reach isn't shown as an empty one.
+TEST(LockedFolder, OfCustomTilesIsRefused) {
+  const int outcome = RunInChild([] {
+    BecomeOrdinaryUser();
+    Session session;
+    Palette& palette = session.editor.form.palette;
+    const std::string folder = session.editor.folder.File("locked");
+    const std::string shown = palette.Dir1.Path();
+    std::filesystem::create_directory(folder);
+    for (const int mode : {0300, 0600}) {
+      std::filesystem::permissions(folder, std::filesystem::perms(mode));
+      Dir1_Change(palette, folder);
+      EXPECT_EQ(palette.document.StatusText, "The folder can't be opened: " + folder);
+      EXPECT_EQ(palette.Dir1.Path(), shown);
+      EXPECT_EQ(palette.File1.Path(), shown);
+      palette.document.StatusText.clear();
+    }
+    std::filesystem::permissions(folder, std::filesystem::perms(0700));
+  });
+  if (outcome == kCannot) GTEST_SKIP() << "No ordinary user can be had here.";
+  EXPECT_EQ(outcome, 0);
 }
 
 /// What may not be written stays as it is, though its folder could be written.

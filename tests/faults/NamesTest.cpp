@@ -77,5 +77,27 @@ TEST(Names, OfEveryKindWorkEverywhere) {
             0);
 }
 
+TEST(Names, OfOldSystemsWorkAsCustomTiles) {
+  EXPECT_EQ(RunInChild([] {
+              Session session;
+              Palette& palette = session.editor.form.palette;
+              TileSetSelector_Click(palette, kCustomSet);
+              const std::filesystem::path folder = std::filesystem::current_path() / "caf\xe9";
+              std::filesystem::create_directory(folder);
+              session.editor.SaveAs(session.editor.folder.File("map.bmp"));
+              std::filesystem::rename("map.bmp", folder / "\xfc.bmp");
+              Dir1_Change(palette, std::filesystem::current_path());
+              session.editor.window.ShowState();
+              auto* folders = session.editor.Find<QListWidget>("Dir1");
+              emit folders->itemDoubleClicked(folders->item(folders->count() - 1));
+              EXPECT_EQ(palette.File1.Path(), folder);
+              auto* files = session.editor.Find<QListWidget>("File1");
+              ASSERT_EQ(files->count(), 1);
+              emit files->itemClicked(files->item(0));
+              EXPECT_EQ(Picture(palette.Custom.Image()), session.editor.Map());
+            }),
+            0);
+}
+
 }  // namespace
 }  // namespace morvane

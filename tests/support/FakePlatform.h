@@ -94,7 +94,7 @@ class FakePlatform : public Platform, public DialogScript {
   std::string ShowSave(const FileDialog& dialog) override { return File(dialog); }
   std::string CurrentDirectory() override { return currentDirectory; }
   bool FileExists(const std::string& path) override { return files.contains(path); }
-  bool FolderExists(const std::string& path) override { return folders.contains(path); }
+  bool IsFolderReadable(const std::string& path) override { return folders.contains(path); }
   Result<std::unique_ptr<ByteSource>> OpenFile(const std::string& path) override {
     if (!files.contains(path)) return Opened::Failed("There is no such file.");
     return Opened(std::make_unique<OwnedBytes>(files[path]));
