@@ -129,7 +129,8 @@ TEST(Tour, PaintsItsMapThroughTheRealProgram) {
   }
   EXPECT_EQ(Difference(map, rest), "");
   for (const char* picture : {"map", "window", "new-map", "options", "about", "insert-text", "font",
-                              "custom", "open", "save-as", "save-question"}) {
+                              "custom", "open", "save-as", "save-question", "step-1-new-map",
+                              "step-2-floor", "step-3-walls", "step-4-furniture", "step-5-text"}) {
     EXPECT_TRUE(QFile::exists(folder.filePath(QString("out/%1.png").arg(picture)))) << picture;
   }
 }
