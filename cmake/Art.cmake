@@ -19,20 +19,20 @@ set(MORVANE_ICONS
 )
 set(MORVANE_JPEGS splash about)
 
-# Renders one sheet at a zoom into the file `out` below the build's art folder.
-function(morvane_render svg out zoom)
+# Renders one sheet into the file `out` below the build's art folder. Options tell the size.
+function(morvane_render svg out)
   set(png ${CMAKE_BINARY_DIR}/art/${out})
   get_filename_component(folder ${png} DIRECTORY)
   file(MAKE_DIRECTORY ${folder})
   add_custom_command(OUTPUT ${png}
-    COMMAND ${RSVG_CONVERT} --zoom ${zoom} --output ${png} ${CMAKE_SOURCE_DIR}/art/${svg}
+    COMMAND ${RSVG_CONVERT} ${ARGN} --output ${png} ${CMAKE_SOURCE_DIR}/art/${svg}
     DEPENDS ${CMAKE_SOURCE_DIR}/art/${svg}
     COMMENT "Rendering ${out}" VERBATIM)
 endfunction()
 
 # The same as a JPEG.
-function(morvane_render_jpeg svg out zoom)
-  morvane_render(${svg} ${out}.png ${zoom})
+function(morvane_render_jpeg svg out)
+  morvane_render(${svg} ${out}.png ${ARGN})
   set(jpeg ${CMAKE_BINARY_DIR}/art/${out}.jpg)
   add_custom_command(OUTPUT ${jpeg}
     COMMAND ${GRAPHICSMAGICK} convert ${CMAKE_BINARY_DIR}/art/${out}.png
@@ -44,19 +44,21 @@ endfunction()
 function(morvane_add_art target)
   set(files)
   foreach(sheet IN LISTS MORVANE_TILE_SHEETS)
-    morvane_render(${sheet}.svg tiles/${sheet}.png 1)
+    morvane_render(${sheet}.svg tiles/${sheet}.png --zoom 1)
     list(APPEND files tiles/${sheet}.png)
   endforeach()
   foreach(icon IN LISTS MORVANE_ICONS)
-    morvane_render(ui/${icon}.svg ui/${icon}.png 1)
-    morvane_render(ui/${icon}.svg ui/${icon}@2x.png 2)
+    morvane_render(ui/${icon}.svg ui/${icon}.png --zoom 1)
+    morvane_render(ui/${icon}.svg ui/${icon}@2x.png --zoom 2)
     list(APPEND files ui/${icon}.png ui/${icon}@2x.png)
   endforeach()
   foreach(picture IN LISTS MORVANE_JPEGS)
-    morvane_render_jpeg(ui/${picture}.svg ui/${picture} 1)
-    morvane_render_jpeg(ui/${picture}.svg ui/${picture}@2x 2)
+    morvane_render_jpeg(ui/${picture}.svg ui/${picture} --zoom 1)
+    morvane_render_jpeg(ui/${picture}.svg ui/${picture}@2x --zoom 2)
     list(APPEND files ui/${picture}.jpg ui/${picture}@2x.jpg)
   endforeach()
   list(TRANSFORM files PREPEND ${CMAKE_BINARY_DIR}/art/)
-  qt_add_resources(${target} art PREFIX "/" BASE ${CMAKE_BINARY_DIR}/art FILES ${files})
+  # The first format of resources keeps no times, so that the same pictures give the same program.
+  qt_add_resources(${target} art PREFIX "/" BASE ${CMAKE_BINARY_DIR}/art FILES ${files}
+                   OPTIONS --format-version 1)
 endfunction()

@@ -49,6 +49,7 @@ int RunMorvane(int argc, char** argv) {
   // compression on.
   QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
   QApplication::setApplicationName(kProgramName);
+  QApplication::setDesktopFileName("org.morvane.Morvane");
   auto* splash = new frmSplash;
   splash->setAttribute(Qt::WA_DeleteOnClose);
   splash->ShowAtOnce();
