@@ -5,10 +5,13 @@
 #include <QSettings>
 #include <QThread>
 #include <QTimer>
+#include <QWindow>
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
+#include <string>
 #include <system_error>
+#include <utility>
 
 #include "platform/PictureDecoding.h"
 #include "platform/QtPlatform.h"
@@ -36,6 +39,28 @@ void Count() {
 void ForgetDialogHistory() {
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
 }
+
+/// Opens a map once the window stands where the desktop put it: dialogs lie over the window.
+class OpenWhenShown : public QObject {
+ public:
+  OpenWhenShown(frmMain& window, std::string path)
+      : QObject(&window), window_(window), path_(std::move(path)) {
+    window.windowHandle()->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* /*shown*/, QEvent* event) override {
+    if (event->type() == QEvent::Expose && window_.windowHandle()->isExposed()) {
+      window_.windowHandle()->removeEventFilter(this);
+      QTimer::singleShot(0, this, [this] { window_.Open(path_); });
+    }
+    return false;
+  }
+
+ private:
+  frmMain& window_;
+  std::string path_;
+};
 
 }  // namespace
 
@@ -75,12 +100,10 @@ int RunMorvane(int argc, char** argv) {
   if (rest > 0) QThread::msleep(static_cast<unsigned long>(rest));
   splash->close();
   window.show();
-  // What the toolkit left over is a map, chosen in a file manager. It is opened once the window is
-  // there, as from the menu.
+  // What the toolkit left over is a map that was chosen in a file manager.
   if (argc > 1) {
     std::error_code folderIsGone;
-    const std::filesystem::path path = std::filesystem::absolute(argv[1], folderIsGone);
-    QTimer::singleShot(0, &window, [&window, path] { window.Open(path); });
+    new OpenWhenShown(window, std::filesystem::absolute(argv[1], folderIsGone));
   }
   const int status = QApplication::exec();
   // A decoder that hangs in a picture given up long ago would be caught by the end of the program.
