@@ -9,8 +9,6 @@
 namespace morvane {
 namespace {
 
-constexpr int kDotsPerMetre = 3780;  // 96 dpi
-
 void HardenLetters(QTextDocument& document) {
   QTextCharFormat hard;
   hard.setFontStyleStrategy(

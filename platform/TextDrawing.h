@@ -6,6 +6,9 @@
 
 namespace morvane {
 
+/// The fineness of the map: 96 dots to the inch, counted by the metre.
+inline constexpr int kDotsPerMetre = 3780;
+
 /// A document that never fetches anything: pictures and style sheets that its text names stay out.
 class ClosedDocument : public QTextDocument {
  public:

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "shell/Layout.h"
+#include "shell/SharpLines.h"
 
 namespace morvane {
 namespace {
@@ -21,8 +22,7 @@ constexpr std::array<QLine, 6> kLines = {
 
 void ClientArea::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.setPen(palette().color(QPalette::Mid));
-  painter.drawLines(kLines.data(), static_cast<int>(kLines.size()));
+  for (const QLine& line : kLines) DrawSharpLine(painter, line, QuietLine(palette()));
 }
 
 void ClientArea::resizeEvent(QResizeEvent* /*event*/) {

@@ -2,6 +2,8 @@
 
 #include <QPainter>
 
+#include "shell/SharpLines.h"
+
 namespace morvane {
 
 void GroupFrame::paintEvent(QPaintEvent* /*event*/) {
@@ -15,7 +17,7 @@ void GroupFrame::paintEvent(QPaintEvent* /*event*/) {
   painter.drawText(text, Qt::AlignCenter, title().trimmed());
   painter.setClipRegion(QRegion(rect()) - text.adjusted(-kGap, 0, kGap, 0));
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(palette().color(QPalette::Mid));
+  painter.setPen(QuietLine(palette()));
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, middle + 0.5, -0.5, -0.5), 2, 2);
 }
 

@@ -16,6 +16,7 @@
 #include "platform/PictureDecoding.h"
 #include "platform/QtPlatform.h"
 #include "shell/ArtSheets.h"
+#include "shell/WholeScale.h"
 #include "shell/frmMain.h"
 #include "shell/frmSplash.h"
 #include "shell/frmText.h"
@@ -67,8 +68,7 @@ class OpenWhenShown : public QObject {
 int RunMorvane(int argc, char** argv) {
   // A file that grows beyond the limit of the session is a failed save, not the end of the run.
   std::signal(SIGXFSZ, SIG_IGN);
-  // Map pixels stay square and sharp: only whole-number scale factors.
-  QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
+  UseWholeScaleFactors();
   QApplication application(argc, argv);
   // Strokes are as dense as the mouse reports them. The window system's plugin has just switched
   // compression on.

@@ -4,6 +4,7 @@
 #include <QPainter>
 
 #include "platform/Images.h"
+#include "shell/SharpLines.h"
 
 namespace morvane {
 
@@ -20,7 +21,7 @@ void PictureBoxView::ShowState() {
 void PictureBoxView::paintEvent(QPaintEvent* event) {
   QPainter painter(this);
   const QRect inside = contentsRect();
-  if (!inside.contains(event->rect())) drawFrame(&painter);
+  if (!inside.contains(event->rect())) DrawSunkenBorder(painter, rect(), palette());
   PaintPicture(painter, box_.Image(), inside.topLeft(), event->rect() & inside);
 }
 

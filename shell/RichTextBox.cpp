@@ -1,5 +1,6 @@
 #include "shell/RichTextBox.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QMimeData>
 #include <QRegularExpression>
 #include <QTextBlock>
@@ -56,6 +57,13 @@ bool IsDeep(const QString& markup) {
 RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent) {
   setDocument(new ClosedDocument(this));
   setTabChangesFocus(true);
+  QPalette paper = palette();
+  paper.setColor(QPalette::Base, Qt::white);
+  paper.setColor(QPalette::Text, Qt::black);
+  setPalette(paper);
+  mapFineness_.setDotsPerMeterX(kDotsPerMetre);
+  mapFineness_.setDotsPerMeterY(kDotsPerMetre);
+  document()->documentLayout()->setPaintDevice(&mapFineness_);
 }
 
 bool RichTextBox::canInsertFromMimeData(const QMimeData* source) const {

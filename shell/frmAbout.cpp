@@ -8,6 +8,7 @@
 #include "document/About.h"
 #include "shell/ArtSheets.h"
 #include "shell/Layout.h"
+#include "shell/SharpLines.h"
 
 namespace morvane {
 namespace {
@@ -47,6 +48,7 @@ frmAbout::frmAbout(Platform& platform, QWidget* owner)
   auto* cmdOK = new QPushButton("OK", this);
   cmdOK->setObjectName("cmdOK");
   cmdOK->setGeometry(PlaceOf(4485, 3000, 1230, 345));
+  cmdOK->setFont(ArialFont(kSmallText));
   cmdOK->setDefault(true);
   cmdOK->setFocus();
   connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
@@ -71,10 +73,8 @@ void frmAbout::AddPictures(Platform& platform) {
 void frmAbout::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.fillRect(rect(), Qt::white);
-  painter.setPen(kGrooveDark);
-  painter.drawLine(Px(225), Px(2430), Px(5657), Px(2430));
-  painter.setPen(Qt::white);
-  painter.drawLine(Px(240), Px(2445), Px(5657), Px(2445));
+  DrawSharpLine(painter, {Px(225), Px(2430), Px(5657), Px(2430)}, kGrooveDark);
+  DrawSharpLine(painter, {Px(240), Px(2445), Px(5657), Px(2445)}, Qt::white);
 }
 
 }  // namespace morvane

@@ -1,13 +1,14 @@
 #include "shell/frmOptions.h"
 
 #include <QCheckBox>
-#include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 
 #include "shell/GroupFrame.h"
 #include "shell/Layout.h"
+#include "shell/SharpLines.h"
 #include "shell/Text.h"
 
 namespace morvane {
@@ -36,9 +37,20 @@ QLineEdit* AddField(QWidget* frame, const char* name, const QRect& place) {
   return field;
 }
 
+/// Shows a colour as its background.
+class ColorField : public QWidget {
+ public:
+  using QWidget::QWidget;
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    DrawSunkenBorder(painter, rect(), palette());
+  }
+};
+
 QWidget* AddColorBox(QWidget* frame, const char* name, const char* spokenName, const QRect& place) {
-  auto* box = Placed(new QFrame(frame), name, place);
-  box->setFrameStyle(QFrame::WinPanel | QFrame::Sunken);
+  auto* box = Placed(new ColorField(frame), name, place);
   box->setAutoFillBackground(true);
   box->setAccessibleName(spokenName);
   return box;

@@ -8,6 +8,7 @@
 
 #include "shell/ArtSheets.h"
 #include "shell/Layout.h"
+#include "shell/SharpLines.h"
 
 namespace morvane {
 
@@ -34,8 +35,7 @@ void frmSplash::ShowAtOnce() {
 void frmSplash::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.drawPixmap(rect(), picture_);
-  painter.setPen(palette().color(QPalette::Shadow));
-  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  DrawSharpBox(painter, rect(), palette().color(QPalette::Shadow));
 }
 
 }  // namespace morvane
