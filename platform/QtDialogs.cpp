@@ -6,6 +6,7 @@
 #include <QMessageBox>
 
 #include "document/Color.h"
+#include "platform/ScreenRoom.h"
 
 namespace morvane {
 namespace {
@@ -41,6 +42,14 @@ void GiveLetters(const QMessageBox& box) {
   if (auto* cancel = box.button(QMessageBox::Cancel)) cancel->setText("&Cancel");
 }
 
+/// The path chosen in the dialog, which fits on its screen; empty after a cancel.
+std::string ChoiceIn(QFileDialog& box) {
+  const QSize fitting = box.sizeHint().boundedTo(ScreenRoomOf(box));
+  if (fitting != box.sizeHint()) box.resize(fitting);
+  if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return {};
+  return box.selectedFiles().constFirst().toStdString();
+}
+
 }  // namespace
 
 Answer ShowMessage(QWidget* owner, const std::string& text, BoxStyle style,
@@ -74,15 +83,15 @@ std::string AskForFile(QWidget* owner, const FileDialog& dialog, FileDialogMode 
   const bool saves = mode == FileDialogMode::Save;
   box.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   if (!dialog.FileName.empty()) box.selectFile(QString::fromStdString(dialog.FileName));
-  if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return {};
-  return box.selectedFiles().constFirst().toStdString();
+  return ChoiceIn(box);
 }
 
 std::string AskForFolder(QWidget* owner, const std::string& title) {
-  return QFileDialog::getExistingDirectory(
-             owner, QString::fromStdString(title), {},
-             QFileDialog::ShowDirsOnly | QFileDialog::DontUseNativeDialog)
-      .toStdString();
+  QFileDialog box(owner, QString::fromStdString(title));
+  box.setOption(QFileDialog::DontUseNativeDialog);
+  box.setOption(QFileDialog::ShowDirsOnly);
+  box.setFileMode(QFileDialog::Directory);
+  return ChoiceIn(box);
 }
 
 void AskForColor(QWidget* owner, std::uint32_t& color) {

@@ -15,6 +15,7 @@
 #include "palette/PalettePages.h"
 #include "palette/StampTurn.h"
 #include "palette/TileSelection.h"
+#include "platform/ScreenRoom.h"
 #include "shell/CanvasView.h"
 #include "shell/ClientArea.h"
 #include "shell/CustomFrame.h"
@@ -90,7 +91,8 @@ frmMain::frmMain(MainForm& form)
   WatchHover();
   form_.Form_Initialize();
   ShowState();
-  resize(kClientSize.width, kClientSize.height + menuBar()->sizeHint().height());
+  const QSize designed(kClientSize.width, kClientSize.height + menuBar()->sizeHint().height());
+  resize(designed.boundedTo(ScreenRoomOf(*this)));
 }
 
 void frmMain::Prepare() {
