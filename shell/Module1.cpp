@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QLoggingCategory>
 #include <QSettings>
 #include <QThread>
 #include <QTimer>
@@ -68,6 +69,8 @@ class OpenWhenShown : public QObject {
 int RunMorvane(int argc, char** argv) {
   // A file that grows beyond the limit of the session is a failed save, not the end of the run.
   std::signal(SIGXFSZ, SIG_IGN);
+  // The toolkit's remarks are for developers, who can ask for them by QT_LOGGING_RULES.
+  QLoggingCategory::setFilterRules("default.warning=false\nqt.qpa.theme.*.warning=false");
   UseWholeScaleFactors();
   QApplication application(argc, argv);
   // Strokes are as dense as the mouse reports them. The window system's plugin has just switched
