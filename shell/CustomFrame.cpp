@@ -1,11 +1,13 @@
 #include "shell/CustomFrame.h"
 
 #include <QComboBox>
-#include <QLabel>
+#include <QHelpEvent>
 #include <QListWidget>
 #include <QShortcut>
 #include <QStyledItemDelegate>
+#include <QToolTip>
 
+#include "shell/FittedLabel.h"
 #include "shell/Layout.h"
 #include "shell/Text.h"
 
@@ -29,13 +31,27 @@ class IndentDelegate : public QStyledItemDelegate {
   }
 };
 
+/// Tells a name that is too long for the list in a tool tip.
+class NameDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                 const QModelIndex& index) override {
+    const bool isCut = sizeHint(option, index).width() > view->viewport()->width();
+    if (event->type() != QEvent::ToolTip || !isCut) return false;
+    QToolTip::showText(event->globalPos(), ToolTipOf(index.data().toString()), view);
+    return true;
+  }
+};
+
 }  // namespace
 
 CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
     : GroupFrame("Custom Tiles", window),
       palette_(palette),
       drive_(new QComboBox(this)),
-      dimensions_(new QLabel(this)),
+      dimensions_(new FittedLabel(Px(855), this)),
       folders_(new QListWidget(this)),
       files_(new QListWidget(this)) {
   setObjectName("Frame5");
@@ -54,6 +70,7 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   files_->setAccessibleName("Custom tile pictures");
   files_->setGeometry(PlaceOf(120, 1800, 2055, 2820));
   files_->setUniformItemSizes(true);
+  files_->setItemDelegate(new NameDelegate(files_));
 
   folders_->setUniformItemSizes(true);
   folders_->setIconSize({16, 16});
@@ -80,7 +97,7 @@ void CustomFrame::ShowState() {
   if (shows && isHidden()) ListDrives();
   setVisible(shows);
   if (!shows) return;
-  dimensions_->setText(TextOf(palette_.Label5));
+  dimensions_->ShowText(TextOf(palette_.Label5));
   ShowFolders();
   ShowFiles();
   drive_->setCurrentIndex(presentDrive_);

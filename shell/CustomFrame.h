@@ -4,11 +4,12 @@
 #include "shell/GroupFrame.h"
 
 class QComboBox;
-class QLabel;
 class QListWidget;
 class QListWidgetItem;
 
 namespace morvane {
+
+class FittedLabel;
 
 /// The frame "Custom Tiles" in the place of the palette pages: drives, folders and picture files.
 class CustomFrame : public GroupFrame {
@@ -38,7 +39,7 @@ class CustomFrame : public GroupFrame {
 
   const Palette& palette_;
   QComboBox* drive_;
-  QLabel* dimensions_;
+  FittedLabel* dimensions_;
   QListWidget* folders_;
   QListWidget* files_;
   int presentDrive_ = 0;  ///< row of the drive that holds the present folder

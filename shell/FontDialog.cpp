@@ -60,6 +60,7 @@ FontDialog::FontDialog(QWidget* owner) : QFontDialog(owner), colors_(new QComboB
     constexpr int kGap = 8;
     auto* line = new QHBoxLayout;
     line->setContentsMargins(0, kGap, 0, kGap);
+    line->setSpacing(kGap);
     line->addWidget(label);
     line->addWidget(colors_, 1);
     grid->addLayout(line, row, 0);

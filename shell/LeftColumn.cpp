@@ -76,7 +76,10 @@ void LeftColumn::AddStampBox(QWidget* window) {
 }
 
 void LeftColumn::AddTileSetRow(QWidget* window) {
-  AddLabel(window, "Label3", "Tileset:", PlaceOf(120, 2475, 735, 255), ArialFont(kLabelText, true))
+  constexpr int kGap = 2;  // before the selector, which covers the right end of the label
+  const QFont heading =
+      FittedFont(ArialFont(kLabelText, true), "Tileset:", Px(750) - Px(120) - kGap);
+  AddLabel(window, "Label3", "Tileset:", PlaceOf(120, 2475, 735, 255), heading)
       ->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   tileSet_ = new TileSetCombo(window);
   tileSet_->setObjectName("TileSetSelector");

@@ -3,6 +3,7 @@
 #include <QLabel>
 
 #include "shell/Layout.h"
+#include "shell/Text.h"
 
 namespace morvane {
 
@@ -19,11 +20,18 @@ StatusBar::StatusBar(QWidget* parent) : QFrame(parent), line_(new QLabel(this)) 
 
 void StatusBar::SetSimpleText(const QString& text) {
   line_->setText(text);
+  ShowToolTip();
 }
 
 void StatusBar::resizeEvent(QResizeEvent* /*event*/) {
   constexpr int kMargin = 4;
   line_->setGeometry(rect().adjusted(kMargin, 0, -kMargin, 0));
+  ShowToolTip();
+}
+
+void StatusBar::ShowToolTip() {
+  const bool isCut = line_->sizeHint().width() > line_->width();
+  line_->setToolTip(isCut ? ToolTipOf(line_->text()) : QString());
 }
 
 void StatusBar::AddPanel(const char* key, const QString& text) {

@@ -21,6 +21,8 @@ class StatusBar : public QFrame {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  /// Tells a text that is too long for the bar.
+  void ShowToolTip();
   void AddPanel(const char* key, const QString& text);
 
   QLabel* line_;

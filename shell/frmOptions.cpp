@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPushButton>
 
+#include "shell/FittedLabel.h"
 #include "shell/GroupFrame.h"
 #include "shell/Layout.h"
 #include "shell/SharpLines.h"
@@ -21,10 +22,12 @@ Control* Placed(Control* control, const char* name, const QRect& place) {
   return control;
 }
 
-/// Labels reach under their fields, so they lie below them.
+/// Labels reach under their fields, so they lie below them, and their texts end before.
 void AddLabel(QWidget* frame, const char* name, const char* text, const QRect& place,
               QWidget* buddy) {
+  constexpr int kGap = 3;
   auto* label = Placed(new QLabel(text, frame), name, place);
+  label->setFont(FittedFont(frame->font(), text, buddy->x() - place.x() - kGap));
   label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   label->setBuddy(buddy);
   label->lower();
