@@ -77,7 +77,7 @@ TEST_F(CanvasForm, TheScreenShowsTheMapAndRepaintsOnlyWhatChanged) {
   Press(105, 65);
   ASSERT_TRUE(QTest::qWaitFor([&] { return !watch.painted.isEmpty(); }));
   EXPECT_EQ(watch.painted.boundingRect(), QRect(102, 62, 20, 20));
-  const QImage shown = Find("Canvas")->grab().toImage();
+  const QImage shown = Shown(*Find("Canvas"));
   for (int y = 0; y < 483; ++y) {
     for (int x = 0; x < 615; ++x) {
       ASSERT_EQ(shown.pixel(x + 2, y + 2), form.document.Canvas.Image().Row(y)[x]);
@@ -89,7 +89,7 @@ TEST_F(CanvasForm, TheOutlineLiesOverTheMapInItsExactColour) {
   NewMap();
   QTest::mouseClick(Find("pb4040"), Qt::LeftButton);
   Move(Find("Canvas"), {2 + 105, 2 + 65});
-  const QImage shown = Find("Canvas")->grab().toImage();
+  const QImage shown = Shown(*Find("Canvas"));
   const QRgb outline = qRgb(0, 106, 236);
   const QRect outer(102, 62, 40, 40);
   for (int y = 50; y < 120; ++y) {

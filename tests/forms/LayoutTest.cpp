@@ -79,7 +79,7 @@ TEST_F(Layout, TextsFitTheirPlaces) {
 }
 
 TEST_F(Layout, LinesFormTheBoxesOfTheLeftColumn) {
-  const QImage picture = Client()->grab().toImage();
+  const QImage picture = Shown(*Client());
   const QRgb ground = Client()->palette().color(QPalette::Window).rgb();
   const QRgb line = Client()->palette().color(QPalette::Mid).rgb();
   const std::vector<QLine> lines = {{4, 32, 160, 32}, {4, 80, 161, 80},    {4, 155, 160, 155},
@@ -131,7 +131,7 @@ TEST(Splash, ShowsItsPicture) {
   frmSplash splash;
   splash.ShowAtOnce();
   EXPECT_EQ(splash.size(), QSize(455, 195));
-  EXPECT_GT(splash.grab().toImage().pixelColor(227, 97).red(), 60);
+  EXPECT_GT(Shown(splash).pixelColor(227, 97).red(), 60);
 }
 
 }  // namespace

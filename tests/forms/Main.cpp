@@ -2,10 +2,13 @@
 
 #include <QApplication>
 
+#include "shell/WholeScale.h"
+
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   // Listing the tests, as the build does, needs no window system.
   if (testing::GTEST_FLAG(list_tests)) return RUN_ALL_TESTS();
+  morvane::UseWholeScaleFactors();
   const QApplication application(argc, argv);
   return RUN_ALL_TESTS();
 }

@@ -83,7 +83,7 @@ TEST_F(PaletteForm, OfTwoOverlappingBoxesTheLaterLiesAbove) {
 TEST_F(PaletteForm, ABoxShowsItsPicturePixelForPixel) {
   const Item& chest = *FindItem("pbchest");
   Find("pbchest")->window()->activateWindow();
-  const QImage shown = Find("pbchest")->grab().toImage();
+  const QImage shown = Shown(*Find("pbchest"));
   const PictureView picture = form.palette.pictures.Of(chest).View();
   for (int y = 0; y < 20; ++y) {
     for (int x = 0; x < 20; ++x) ASSERT_EQ(shown.pixel(x, y), picture.Row(y)[x]);

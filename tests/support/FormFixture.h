@@ -49,6 +49,17 @@ class StartFolder {
   QTemporaryDir folder_;
 };
 
+/// What a widget shows in its own pixels, whatever the display's are.
+inline QImage Shown(QWidget& widget) {
+  QImage shown(widget.size(), QImage::Format_RGB32);
+  const QImage fine = widget.grab().toImage();
+  const int zoom = qRound(fine.devicePixelRatio());
+  for (int y = 0; y < shown.height(); ++y) {
+    for (int x = 0; x < shown.width(); ++x) shown.setPixel(x, y, fine.pixel(x * zoom, y * zoom));
+  }
+  return shown;
+}
+
 /// The real main window, started in a folder of its own.
 struct FormFixture : testing::Test {
   StartFolder folder;

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QTimer>
+
+#include "shell/WholeScale.h"
+#include "tests/faults/Child.h"
+
+namespace morvane {
+
+/// A display in memory and what the environment says of it.
+struct Display {
+  QSize size = {1200, 900};  ///< in pixels of forms
+  int dpi = 96;              ///< what the desktop asks for
+  int ratio = 1;  ///< pixels of the display to one, where the window system itself says so
+  std::vector<std::pair<const char*, const char*>> environment = {};
+  int zoom = 1;  ///< what must come of it
+};
+
+inline QByteArray DescriptionOf(const Display& display) {
+  return QString(R"({"screens":[{"name":"wide","x":0,"y":0,"width":%1,"height":%2,)"
+                 R"("logicalDpi":%3,"logicalBaseDpi":96,"dpr":%4}]})")
+      .arg(display.size.width() * display.zoom / display.ratio)
+      .arg(display.size.height() * display.zoom / display.ratio)
+      .arg(display.dpi)
+      .arg(display.ratio)
+      .toUtf8();
+}
+
+/// Runs a check on the whole editor on a display, in a process of its own.
+inline void On(const Display& display, const std::function<void(Session::Window&)>& check) {
+  EXPECT_EQ(RunInChild([&] {
+              const QTemporaryDir folder;
+              QFile description(folder.filePath("display.json"));
+              ASSERT_TRUE(description.open(QIODevice::WriteOnly));
+              description.write(DescriptionOf(display));
+              description.close();
+              qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + description.fileName().toUtf8());
+              for (const auto& [name, value] : display.environment) qputenv(name, value);
+              UseWholeScaleFactors();
+              Session session;
+              check(session.editor);
+            }),
+            0);
+}
+
+/// Opens a dialog that waits for its user, looks at it and cancels it.
+inline void LookInto(const std::function<void()>& open, const std::function<void(QWidget&)>& look) {
+  bool seen = false;
+  QTimer::singleShot(0, [&] {
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    look(*dialog);
+    dialog->reject();
+    seen = true;
+  });
+  open();
+  EXPECT_TRUE(seen);
+}
+
+}  // namespace morvane

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QComboBox>
+#include <QTextEdit>
+
+#include "platform/MapPrinter.h"
+#include "platform/QtDialogs.h"
+#include "shell/FontDialog.h"
+#include "shell/frmAbout.h"
+#include "shell/frmOptions.h"
+#include "shell/frmText.h"
+#include "tests/support/Displays.h"
+
+namespace morvane {
+
+/// Shows each form and dialog in turn.
+inline void ForEachForm(Session::Window& editor, const std::function<void(QWidget&)>& look) {
+  const auto show = [&look](QWidget& form) {
+    SCOPED_TRACE(form.windowTitle().toStdString());
+    form.show();
+    QCoreApplication::processEvents();
+    look(form);
+  };
+  auto* sets = editor.Find<QComboBox>("TileSetSelector");
+  for (int set = 0; set < sets->count(); ++set) {
+    emit sets->activated(set);
+    show(editor.window);
+  }
+  frmOptions options(editor.form.document, &editor.window);
+  show(options);
+  frmAbout about(editor.platform, &editor.window);
+  show(about);
+  frmText text("", &editor.window);
+  text.findChild<QTextEdit*>()->setCursorWidth(0);
+  text.findChild<QTextEdit*>()->setTextColor(Qt::black);
+  text.findChild<QTextEdit*>()->insertPlainText("Text");
+  show(text);
+  FontDialog font(&text);
+  show(font);
+  std::uint32_t color = 0;
+  LookInto([&] { AskForColor(&options, color); }, show);
+  FileDialog dialog{"Open", "", "", "Map files (*.bmp)|*.bmp"};
+  LookInto([&] { AskForFile(&editor.window, dialog, FileDialogMode::Open, "/"); }, show);
+  LookInto([&] { AskForFolder(&options, "Select the directory"); }, show);
+  LookInto([] { MapPrinter().ShowSetup(nullptr, "Print Setup"); }, show);
+  LookInto([] { ShowMessage(nullptr, "Are you sure?", BoxStyle::YesNoCancelQuestion, "Save?"); },
+           show);
+}
+
+}  // namespace morvane
