@@ -39,8 +39,11 @@ class NameDelegate : public QStyledItemDelegate {
   bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                  const QModelIndex& index) override {
     const bool isCut = sizeHint(option, index).width() > view->viewport()->width();
-    if (event->type() != QEvent::ToolTip || !isCut) return false;
-    QToolTip::showText(event->globalPos(), ToolTipOf(index.data().toString()), view);
+    if (event->type() != QEvent::ToolTip || !isCut) {
+      return QStyledItemDelegate::helpEvent(event, view, option, index);
+    }
+    const QString name = ToolTipOf(index.data().toString());
+    QToolTip::showText(event->globalPos(), name, view->viewport(), option.rect);
     return true;
   }
 };

@@ -1,7 +1,9 @@
 #include <QComboBox>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QTabBar>
+#include <QToolTip>
 
 #include "document/Blit.h"
 #include "palette/TilePictures.h"
@@ -107,6 +109,27 @@ TEST_F(PaletteForm, CustomListsTheFolderInNaturalOrderAfreshEachTime) {
   make("a.ico");
   emit Find<QComboBox>("TileSetSelector")->activated(4);  // the entry already chosen
   EXPECT_EQ(rows(), (QStringList{"a.ico", "tile1.jpg", "Tile2.GIF", "tile10.bmp"}));
+}
+
+TEST_F(PaletteForm, NamesThatAreCutOffAreToldInToolTips) {
+  const QString longName = QString(200, 'n') + "<b>.bmp";
+  for (const QString& name : {longName, QString("z.bmp")}) {
+    ASSERT_TRUE(QFile(name).open(QIODevice::WriteOnly));
+  }
+  ChooseSet(4);
+  auto* list = Find<QListWidget>("File1");
+  const auto tipOf = [list](int row) {
+    const QPoint place = list->visualItemRect(list->item(row)).topLeft() + QPoint(5, 5);
+    QHelpEvent ask(QEvent::ToolTip, place, list->viewport()->mapToGlobal(place));
+    QApplication::sendEvent(list->viewport(), &ask);
+    return QToolTip::isVisible() ? QToolTip::text() : QString();
+  };
+  EXPECT_EQ(tipOf(1), "");
+  EXPECT_EQ(tipOf(0), ToolTipOf(longName));
+  auto* status = Find<QLabel>("SimpleText");
+  EXPECT_EQ(status->toolTip(), "");
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, {5, 5});
+  EXPECT_EQ(status->toolTip(), ToolTipOf(status->text()));
 }
 
 }  // namespace
