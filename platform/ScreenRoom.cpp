@@ -8,7 +8,8 @@ namespace morvane {
 
 QSize ScreenRoomOf(const QWidget& window) {
   const int titleBar = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
-  return window.screen()->availableSize() - QSize(0, titleBar);
+  const int border = window.style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+  return window.screen()->availableSize() - QSize(2 * border, titleBar + border);
 }
 
 }  // namespace morvane
