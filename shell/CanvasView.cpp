@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QtMath>
 
+#include "shell/Accessible.h"
 #include "tools/Buttons.h"
 #include "tools/CanvasKeyboard.h"
 
@@ -60,6 +61,7 @@ int KeyNumber(int key) {
 
 CanvasView::CanvasView(PictureBox& canvas, const Outline& Shape1, QWidget* parent)
     : PictureBoxView(canvas, parent), Shape1_(Shape1) {
+  SetRole(this, QAccessible::Canvas);
   setObjectName("Canvas");
   setAccessibleName("Map");
   setFrameStyle(QFrame::WinPanel | QFrame::Sunken);
@@ -70,6 +72,8 @@ CanvasView::CanvasView(PictureBox& canvas, const Outline& Shape1, QWidget* paren
 
 void CanvasView::ShowState() {
   PictureBoxView::ShowState();
+  const QString size = SpokenSize(contentsRect().size());
+  if (accessibleDescription() != size) setAccessibleDescription(size);
   const QRegion outline = OutlineRegion();
   if (outline == shownOutline_) return;
   update(outline.xored(shownOutline_));
@@ -80,6 +84,10 @@ void CanvasView::paintEvent(QPaintEvent* event) {
   PictureBoxView::paintEvent(event);
   QPainter painter(this);
   for (const QRect& bar : OutlineRegion() & event->region()) painter.fillRect(bar, kOutlineColor);
+  if (!contentsRect().contains(event->rect()) && ShowsFocus()) {
+    painter.setClipRegion(QRegion(rect()) - contentsRect());
+    painter.fillRect(rect(), palette().color(QPalette::Highlight));
+  }
 }
 
 void CanvasView::mousePressEvent(QMouseEvent* event) {
@@ -107,6 +115,10 @@ void CanvasView::keyPressEvent(QKeyEvent* event) {
   bool handled = false;
   emit KeyPressed(KeyNumber(event->key()), ModifierMask(event->modifiers()), handled);
   if (!handled) PictureBoxView::keyPressEvent(event);
+}
+
+bool CanvasView::ShowsFocus() const {
+  return hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange);
 }
 
 QRegion CanvasView::OutlineRegion() const {

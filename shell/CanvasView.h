@@ -31,6 +31,8 @@ class CanvasView : public PictureBoxView {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  /// Whether the border marks the map as what the keys go to.
+  bool ShowsFocus() const;
   /// The outline as it is to be seen, in pixels of the widget; empty where it is hidden.
   QRegion OutlineRegion() const;
 

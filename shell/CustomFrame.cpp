@@ -6,9 +6,12 @@
 #include <QShortcut>
 #include <QStyledItemDelegate>
 #include <QToolTip>
+#include <optional>
 
+#include "shell/Accessible.h"
 #include "shell/FittedLabel.h"
 #include "shell/Layout.h"
+#include "shell/TabRing.h"
 #include "shell/Text.h"
 
 namespace morvane {
@@ -62,6 +65,11 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   setGeometry(PlaceOf(120, 2880, 2295, 4815));
   drive_->setObjectName("Drive1");
   drive_->setAccessibleName("Drive");
+  SpeakEntry(drive_);
+  // The toolkit speaks a drop-down list by its label alone; there is no room for one to be seen.
+  auto* label = new QLabel("Drive", this);
+  label->setBuddy(drive_);
+  label->hide();
   drive_->setGeometry(PlaceOf(120, 240, 1095, 315));
   dimensions_->setObjectName("Label5");
   dimensions_->setGeometry(PlaceOf(1320, 300, 855, 255));
@@ -101,9 +109,16 @@ void CustomFrame::ShowState() {
   setVisible(shows);
   if (!shows) return;
   dimensions_->ShowText(TextOf(palette_.Label5));
+  dimensions_->setVisible(!palette_.Label5.empty());
   ShowFolders();
   ShowFiles();
   drive_->setCurrentIndex(presentDrive_);
+}
+
+void CustomFrame::AddStops(TabRing& ring) const {
+  ring.Add({drive_});
+  ring.Add({folders_});
+  ring.Add({files_});
 }
 
 void CustomFrame::ListDrives() {
@@ -142,8 +157,12 @@ void CustomFrame::ShowFolders() {
     item->setData(Qt::UserRole, QByteArray::fromStdString(row.path));
     item->setData(kDepthRole, row.depth);
     item->setToolTip(ToolTipOf(TextOf(row.path)));
+    item->setData(Qt::AccessibleDescriptionRole, TextOf(row.path));
     if (row.isOnTheWay) present = folders_->count() - 1;
   }
+  // The list claims the focus with each new row, even while the keys go elsewhere.
+  std::optional<QSignalBlocker> silence;
+  if (!folders_->hasFocus()) silence.emplace(folders_->selectionModel());
   folders_->setCurrentRow(present);
   folders_->scrollToItem(folders_->item(present), QAbstractItemView::PositionAtCenter);
 }

@@ -10,6 +10,7 @@ class QListWidgetItem;
 namespace morvane {
 
 class FittedLabel;
+class TabRing;
 
 /// The frame "Custom Tiles" in the place of the palette pages: drives, folders and picture files.
 class CustomFrame : public GroupFrame {
@@ -19,6 +20,7 @@ class CustomFrame : public GroupFrame {
   CustomFrame(const Palette& palette, QWidget* window);
 
   void ShowState();
+  void AddStops(TabRing& ring) const;
 
   /// The list of files, over which no outline belongs on the map.
   QWidget* File1() const;

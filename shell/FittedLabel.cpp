@@ -23,6 +23,7 @@ void FittedLabel::ShowText(const QString& text) {
   setFont(fitted);
   setText(QFontMetrics(fitted).elidedText(text, Qt::ElideRight, visibleWidth_));
   setToolTip(ToolTipOf(text));
+  setAccessibleName(text);
 }
 
 }  // namespace morvane

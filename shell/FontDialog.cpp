@@ -4,7 +4,11 @@
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
+#include <QListView>
 #include <array>
+
+#include "shell/Accessible.h"
 
 namespace morvane {
 namespace {
@@ -41,6 +45,22 @@ QIcon Swatch(const QColor& color) {
   return swatch;
 }
 
+/// The toolkit names neither its lists nor the fields above them, which hand the keys on to them.
+void NameFields(const QWidget& dialog) {
+  for (const QLabel* label : dialog.findChildren<QLabel*>()) {
+    QWidget* list = label->buddy();
+    if (list == nullptr) continue;
+    const QString name = label->text().remove('&');
+    list->setAccessibleName(name);
+    for (auto* field : dialog.findChildren<QLineEdit*>()) {
+      if (field->focusProxy() == list) field->setAccessibleName(name);
+    }
+  }
+  for (auto* list : dialog.findChildren<QListView*>(Qt::FindDirectChildrenOnly)) {
+    if (list->accessibleName().isEmpty()) list->setAccessibleName("Size");
+  }
+}
+
 }  // namespace
 
 FontDialog::FontDialog(QWidget* owner) : QFontDialog(owner), colors_(new QComboBox(this)) {
@@ -48,13 +68,18 @@ FontDialog::FontDialog(QWidget* owner) : QFontDialog(owner), colors_(new QComboB
   setWindowTitle("Font");
   // The face that "Arial" is on this machine; its name may not be in the list.
   setCurrentFont(QFont(QFontInfo(QFont("Arial")).family(), kFirstSize));
+  for (auto* before : findChildren<QComboBox*>()) {
+    if (before != colors_) setTabOrder(before, colors_);
+  }
   colors_->setObjectName("Color");
+  SpeakEntry(colors_);
   colors_->setIconSize({24, 12});
   for (const NamedColor& row : kColors) {
     colors_->addItem(Swatch(QColor::fromRgb(row.color)), row.name, QColor::fromRgb(row.color));
   }
   auto* label = new QLabel("&Color", this);
   label->setBuddy(colors_);
+  NameFields(*this);
   if (auto* grid = qobject_cast<QGridLayout*>(layout())) {
     const int row = grid->rowCount();
     constexpr int kGap = 8;

@@ -3,10 +3,12 @@
 #include <QLabel>
 #include <QToolButton>
 
+#include "shell/Accessible.h"
 #include "shell/ArtSheets.h"
 #include "shell/FittedLabel.h"
 #include "shell/Layout.h"
 #include "shell/PictureBoxView.h"
+#include "shell/TabRing.h"
 #include "shell/Text.h"
 #include "shell/TileSetCombo.h"
 
@@ -54,18 +56,22 @@ LeftColumn::LeftColumn(Palette& palette, QWidget* window) : QObject(window), pal
 
 void LeftColumn::AddModeBox(QWidget* window) {
   wallButton_ = AddButton(window, "WallButton", "Mode", "mode-tile", {Px(120), Px(630)});
+  wallButton_->setAccessibleDescription("Tile");
   const QFont heading = ArialFont(kLabelText, true);
   const QFont text = ArialFont(kSmallText);
-  AddLabel(window, "Label4", "Mode:", PlaceOf(630, 600, 615, 255), heading);
+  AddLabel(window, "Label4", "Mode:", PlaceOf(630, 600, 615, 255), heading)->setBuddy(wallButton_);
   mode_ = AddLabel(window, "lbMode", "Tile", PlaceOf(630, 840, 495, 255), text);
-  AddLabel(window, "Label1", "Selected Tile:", PlaceOf(1290, 600, 1335, 255), heading);
+  auto* selected =
+      AddLabel(window, "Label1", "Selected Tile:", PlaceOf(1290, 600, 1335, 255), heading);
   // The map covers the right end of this label.
   tile_ = new FittedLabel(Px(2520) - Px(1290) - 2, window);
   SetUpLabel(tile_, "Label2", PlaceOf(1290, 840, 1770, 255), text);
+  selected->setBuddy(tile_);
 }
 
 void LeftColumn::AddStampBox(QWidget* window) {
   stamp_ = new PictureBoxView(palette_.Picture1, window);
+  SetRole(stamp_, QAccessible::Graphic);
   stamp_->setObjectName("Picture1");
   stamp_->setAccessibleName("Selected tile");
   stamp_->move(Px(825), Px(1320));
@@ -79,11 +85,13 @@ void LeftColumn::AddTileSetRow(QWidget* window) {
   constexpr int kGap = 2;  // before the selector, which covers the right end of the label
   const QFont heading =
       FittedFont(ArialFont(kLabelText, true), "Tileset:", Px(750) - Px(120) - kGap);
-  AddLabel(window, "Label3", "Tileset:", PlaceOf(120, 2475, 735, 255), heading)
-      ->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  auto* label = AddLabel(window, "Label3", "Tileset:", PlaceOf(120, 2475, 735, 255), heading);
+  label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   tileSet_ = new TileSetCombo(window);
-  tileSet_->setObjectName("TileSetSelector");
+  label->setBuddy(tileSet_);
   tileSet_->setAccessibleName("Tileset");
+  SpeakEntry(tileSet_);
+  tileSet_->setObjectName("TileSetSelector");
   tileSet_->setFont(ArialFont(kSmallText));
   tileSet_->setGeometry(PlaceOf(750, 2445, 1650, 330));
   for (const TileSet& set : TileSets()) tileSet_->addItem(TextOf(set.caption));
@@ -102,7 +110,13 @@ QToolButton* LeftColumn::AddButton(QWidget* window, const char* name, const char
   button->setGeometry(QRect(corner, QSize(Px(420), Px(405))));
   button->setFocusPolicy(Qt::StrongFocus);
   connect(button, &QToolButton::clicked, this, [this, name] { emit ButtonClicked(name); });
+  buttons_.push_back(button);
   return button;
+}
+
+void LeftColumn::AddStops(TabRing& ring) const {
+  for (QWidget* button : buttons_) ring.Add({button});
+  ring.Add({tileSet_});
 }
 
 void LeftColumn::ShowState() {
@@ -110,9 +124,12 @@ void LeftColumn::ShowState() {
   if (mode_->text() != look.caption) {
     mode_->setText(look.caption);
     wallButton_->setIcon(LoadIcon(look.face));
+    wallButton_->setAccessibleDescription(look.caption);
   }
   tile_->ShowText(TextOf(palette_.Label2));
   stamp_->ShowState();
+  const QString size = SpokenSize(stamp_->size());
+  if (stamp_->accessibleDescription() != size) stamp_->setAccessibleDescription(size);
   tileSet_->setCurrentIndex(palette_.TileSetSelector.ListIndex);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <vector>
 
 #include "palette/Palette.h"
 
@@ -12,6 +13,7 @@ namespace morvane {
 
 class FittedLabel;
 class PictureBoxView;
+class TabRing;
 
 /// Mode box, selected tile box, stamp box and tile set row.
 class LeftColumn : public QObject {
@@ -21,6 +23,7 @@ class LeftColumn : public QObject {
   LeftColumn(Palette& palette, QWidget* window);
 
   void ShowState();
+  void AddStops(TabRing& ring) const;
 
  signals:
   /// An entry of the selector was chosen, maybe the one already chosen; entries count from 0.
@@ -40,6 +43,7 @@ class LeftColumn : public QObject {
   QLabel* mode_ = nullptr;
   FittedLabel* tile_ = nullptr;
   PictureBoxView* stamp_ = nullptr;
+  std::vector<QWidget*> buttons_;
   QComboBox* tileSet_ = nullptr;
 };
 

@@ -60,11 +60,13 @@ constexpr std::array kEntries = {
 }  // namespace
 
 MainMenu::MainMenu(QMenuBar* bar) : QObject(bar), bar_(bar) {
+  bar->setAccessibleName("Menu");
   QMenu* menu = nullptr;
   for (const Entry& entry : kEntries) {
     if (menu == nullptr || entry.state == kTop) {
       menu = bar->addMenu(entry.caption);
       menu->setObjectName(entry.name);
+      menu->setAccessibleName(menu->title().remove('&'));
       continue;
     }
     const QString caption = entry.caption;

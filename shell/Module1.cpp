@@ -17,6 +17,7 @@
 #include "platform/PictureDecoding.h"
 #include "platform/QtPlatform.h"
 #include "shell/ArtSheets.h"
+#include "shell/FocusStyle.h"
 #include "shell/WholeScale.h"
 #include "shell/frmMain.h"
 #include "shell/frmSplash.h"
@@ -73,6 +74,7 @@ int RunMorvane(int argc, char** argv) {
   QLoggingCategory::setFilterRules("default.warning=false\nqt.qpa.theme.*.warning=false");
   UseWholeScaleFactors();
   QApplication application(argc, argv);
+  QApplication::setStyle(new FocusStyle);
   // Strokes are as dense as the mouse reports them. The window system's plugin has just switched
   // compression on.
   QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);

@@ -1,7 +1,11 @@
 #include "shell/PaletteView.h"
 
+#include <algorithm>
+
 #include "palette/PalettePages.h"
+#include "shell/Accessible.h"
 #include "shell/Layout.h"
+#include "shell/TabRing.h"
 #include "shell/TabStrip.h"
 #include "shell/Text.h"
 #include "shell/TileBox.h"
@@ -47,6 +51,8 @@ void PaletteView::AddSet(int set, QWidget* window) {
     const Size size = kFrameSizes[set][page - 1];
     auto* frame = new QWidget(window);
     frame->setObjectName(TextOf(tileSet.frame) + "-" + QString::number(page));
+    SetRole(frame, QAccessible::Grouping);
+    frame->setAccessibleName(captions[page - 1]);
     frame->setGeometry(PlaceOf(240, 3360, size.width, size.height));
     frames_[set].push_back(frame);
   }
@@ -56,6 +62,21 @@ void PaletteView::AddItems() {
   for (const Item& item : Items()) {
     auto* box = new TileBox(item, palette_.pictures.Of(item), frames_[item.set][item.page - 1]);
     connect(box, &TileBox::clicked, this, [this, &item] { emit ItemClicked(item); });
+  }
+}
+
+void PaletteView::AddStops(TabRing& ring) const {
+  const auto isEarlier = [](const QWidget* one, const QWidget* other) {
+    return std::pair(one->y(), one->x()) < std::pair(other->y(), other->x());
+  };
+  for (int set = 0; set < kBuiltInSets; ++set) {
+    ring.Add({strips_[set]->Tabs()});
+    for (const QWidget* page : frames_[set]) {
+      const QWidgetList items = page->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+      std::vector<QWidget*> group(items.begin(), items.end());
+      std::sort(group.begin(), group.end(), isEarlier);
+      ring.Add(group);
+    }
   }
 }
 

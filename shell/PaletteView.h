@@ -8,6 +8,7 @@
 
 namespace morvane {
 
+class TabRing;
 class TabStrip;
 
 /// The tab strips and pages of the built-in tile sets.
@@ -19,6 +20,9 @@ class PaletteView : public QObject {
 
   /// Shows the strip and the page of the chosen set, and hides all others.
   void ShowState();
+
+  /// A stop for the tabs of each set and one for each page.
+  void AddStops(TabRing& ring) const;
 
   /// The strips, whose empty areas take the outline off the map.
   const std::array<TabStrip*, kBuiltInSets>& Strips() const { return strips_; }

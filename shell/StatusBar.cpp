@@ -2,25 +2,29 @@
 
 #include <QLabel>
 
+#include "shell/Accessible.h"
 #include "shell/Layout.h"
 #include "shell/Text.h"
 
 namespace morvane {
 
 StatusBar::StatusBar(QWidget* parent) : QFrame(parent), line_(new QLabel(this)) {
+  SetRole(this, QAccessible::StatusBar);
+  SetRole(line_, QAccessible::Notification);
   setObjectName("sbStatusBar");
   setFont(ArialFont(kSmallText));
   line_->setObjectName("SimpleText");
   line_->setTextFormat(Qt::PlainText);
-  line_->setAccessibleName("Status");
   AddPanel("Status", "Status");
   AddPanel("Date", {});
   AddPanel("Time", {});
 }
 
 void StatusBar::SetSimpleText(const QString& text) {
+  if (text == line_->text()) return;
   line_->setText(text);
   ShowToolTip();
+  Announce(line_, text);
 }
 
 void StatusBar::resizeEvent(QResizeEvent* /*event*/) {

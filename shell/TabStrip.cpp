@@ -1,29 +1,29 @@
 #include "shell/TabStrip.h"
 
-#include <QProxyStyle>
 #include <QStyleOptionTabWidgetFrame>
 #include <QStylePainter>
 
+#include "shell/FocusStyle.h"
 #include "shell/Layout.h"
 
 namespace morvane {
 namespace {
 
 /// Tabs just wide enough for their captions: the strip has to hold three of them.
-class NarrowTabs : public QProxyStyle {
+class NarrowTabs : public FocusStyle {
  public:
   int pixelMetric(PixelMetric metric, const QStyleOption* option,
                   const QWidget* widget) const override {
     constexpr int kSpaceBesideText = 14;
     if (metric == PM_TabBarTabHSpace) return kSpaceBesideText;
-    return QProxyStyle::pixelMetric(metric, option, widget);
+    return FocusStyle::pixelMetric(metric, option, widget);
   }
 };
 
 }  // namespace
 
 TabStrip::TabStrip(const QStringList& captions, QWidget* parent)
-    : QWidget(parent), tabs_(new QTabBar(this)) {
+    : QWidget(parent), tabs_(new TabBar(this)) {
   auto* narrow = new NarrowTabs;
   narrow->setParent(tabs_);
   tabs_->setStyle(narrow);
@@ -32,7 +32,7 @@ TabStrip::TabStrip(const QStringList& captions, QWidget* parent)
   tabs_->setUsesScrollButtons(false);
   tabs_->setAccessibleName("Pages");
   for (const QString& caption : captions) tabs_->addTab(caption);
-  connect(tabs_, &QTabBar::currentChanged, this, [this](int index) { emit TabChosen(index + 1); });
+  connect(tabs_, &TabBar::currentChanged, this, [this](int index) { emit TabChosen(index + 1); });
 }
 
 void TabStrip::paintEvent(QPaintEvent* /*event*/) {

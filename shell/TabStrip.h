@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QTabBar>
-#include <QWidget>
+#include "shell/TabBar.h"
 
 namespace morvane {
 
@@ -15,6 +14,8 @@ class TabStrip : public QWidget {
   /// Selects a tab; tabs count from 1.
   void SelectTab(int index) { tabs_->setCurrentIndex(index - 1); }
 
+  QWidget* Tabs() const { return tabs_; }
+
  signals:
   /// Another tab was chosen; tabs count from 1.
   void TabChosen(int index);
@@ -24,7 +25,7 @@ class TabStrip : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  QTabBar* tabs_;
+  TabBar* tabs_;
 };
 
 }  // namespace morvane

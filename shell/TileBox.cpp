@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "shell/Accessible.h"
 #include "shell/Layout.h"
 #include "shell/PictureBoxView.h"
 #include "shell/Text.h"
@@ -27,6 +28,8 @@ TileBox::TileBox(const Item& item, const Picture& picture, QWidget* page)
   setObjectName(TextOf(item.control));
   setToolTip(TextOf(item.caption));
   setAccessibleName(TextOf(item.caption));
+  const Size stamp = StampSize(item);
+  setAccessibleDescription(SpokenSize({stamp.width, stamp.height}));
   setFocusPolicy(Qt::TabFocus);
   setAttribute(Qt::WA_Hover);
 }

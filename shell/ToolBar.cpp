@@ -1,5 +1,6 @@
 #include "shell/ToolBar.h"
 
+#include <QWidget>
 #include <array>
 
 #include "shell/ArtSheets.h"
@@ -31,6 +32,7 @@ constexpr std::array<Button, 12> kButtons = {{
 
 ToolBar::ToolBar(QWidget* parent) : QToolBar(parent) {
   setObjectName("tbToolBar");
+  setAccessibleName("Commands");
   setIconSize({16, 16});
   setMovable(false);
   for (const Button& button : kButtons) {
@@ -42,6 +44,8 @@ ToolBar::ToolBar(QWidget* parent) : QToolBar(parent) {
     QAction* action = addAction(LoadIcon(button.icon), key);
     action->setObjectName(key);
     action->setToolTip(key);
+    buttons_.push_back(widgetForAction(action));
+    buttons_.back()->setFocusPolicy(Qt::TabFocus);
     connect(action, &QAction::triggered, this, [this, key] { emit ButtonClicked(key); });
     if (key == "Undo") undo_ = action;
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QToolBar>
+#include <vector>
 
 namespace morvane {
 
@@ -14,11 +15,15 @@ class ToolBar : public QToolBar {
   /// Button 7.
   void SetUndoEnabled(bool enabled);
 
+  /// From left to right, without the separators.
+  const std::vector<QWidget*>& Buttons() const { return buttons_; }
+
  signals:
   void ButtonClicked(const QString& key);
 
  private:
   QAction* undo_ = nullptr;
+  std::vector<QWidget*> buttons_;
 };
 
 }  // namespace morvane

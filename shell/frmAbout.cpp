@@ -15,7 +15,7 @@ namespace {
 
 constexpr QColor kGrooveDark(0x80, 0x80, 0x80);
 
-/// A picture that can be clicked and shows no sign of it.
+/// A picture that can be clicked and shows no sign of it, unless the keys have come to it.
 class SecretTile : public QAbstractButton {
  public:
   using QAbstractButton::QAbstractButton;
@@ -24,6 +24,10 @@ class SecretTile : public QAbstractButton {
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
     icon().paint(&painter, rect());
+    if (!hasFocus()) return;
+    painter.setPen(
+        QPen(palette().color(QPalette::Highlight), 2, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
   }
 };
 
@@ -66,7 +70,7 @@ void frmAbout::AddPictures(Platform& platform) {
   secret->setAccessibleName("A flagstone");
   secret->setIcon(LoadIcon("secret"));
   secret->setGeometry(PlaceOf(5145, 1710, 300, 300));
-  secret->setFocusPolicy(Qt::NoFocus);
+  secret->setFocusPolicy(Qt::TabFocus);
   connect(secret, &QAbstractButton::clicked, this, [&platform] { SecretTile_Click(platform); });
 }
 

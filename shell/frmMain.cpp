@@ -25,6 +25,7 @@
 #include "shell/MainMenu.h"
 #include "shell/PaletteView.h"
 #include "shell/StatusBar.h"
+#include "shell/TabRing.h"
 #include "shell/TabStrip.h"
 #include "shell/Text.h"
 #include "shell/ToolBar.h"
@@ -82,13 +83,15 @@ frmMain::frmMain(MainForm& form)
       leftColumn_(new LeftColumn(form.palette, client_)),
       palette_(new PaletteView(form.palette, client_)),
       frame5_(new CustomFrame(form.palette, client_)),
-      canvas_(new CanvasView(form.document.Canvas, form.palette.Shape1, client_)) {
+      canvas_(new CanvasView(form.document.Canvas, form.palette.Shape1, client_)),
+      tabRing_(new TabRing(this)) {
   setObjectName("frmMain");
   setCentralWidget(client_);
   canvas_->move(Px(2520), Px(480));
   canvas_->setFocus();
   ConnectEvents();
   WatchHover();
+  AddTabStops();
   form_.Form_Initialize();
   ShowState();
   const QSize designed(kClientSize.width, kClientSize.height + menuBar()->sizeHint().height());
@@ -160,6 +163,18 @@ void frmMain::WatchHover() {
     HideOutline(form_.palette);
     canvas_->ShowState();
   });
+}
+
+void frmMain::AddTabStops() {
+  tabRing_->Add(tbToolBar_->Buttons());
+  leftColumn_->AddStops(*tabRing_);
+  palette_->AddStops(*tabRing_);
+  frame5_->AddStops(*tabRing_);
+  tabRing_->Add({canvas_});
+}
+
+bool frmMain::focusNextPrevChild(bool next) {
+  return tabRing_->Move(focusWidget(), next);
 }
 
 void frmMain::RunCommand(const QString& name) {

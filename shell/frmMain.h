@@ -15,6 +15,7 @@ class LeftColumn;
 class MainMenu;
 class PaletteView;
 class StatusBar;
+class TabRing;
 class ToolBar;
 
 /// The main window. Each of its events runs in the core; then the window shows the state.
@@ -35,6 +36,7 @@ class frmMain : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
  private:
   void ConnectEvents();
@@ -44,6 +46,7 @@ class frmMain : public QMainWindow {
   /// Runs what an event asks for and shows the state; a lack of memory is told, not the end.
   void Run(const std::function<void()>& command);
   void WatchHover();
+  void AddTabStops();
   /// Runs the command of a menu entry or of the tool bar button that stands for it.
   void RunCommand(const QString& name);
   void Form_Resize();
@@ -57,6 +60,7 @@ class frmMain : public QMainWindow {
   PaletteView* palette_;
   CustomFrame* frame5_;
   CanvasView* canvas_;
+  TabRing* tabRing_;
 };
 
 }  // namespace morvane

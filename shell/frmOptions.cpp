@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPushButton>
 
+#include "shell/Accessible.h"
 #include "shell/FittedLabel.h"
 #include "shell/GroupFrame.h"
 #include "shell/Layout.h"
@@ -53,16 +54,24 @@ class ColorField : public QWidget {
 };
 
 QWidget* AddColorBox(QWidget* frame, const char* name, const char* spokenName, const QRect& place) {
-  auto* box = Placed(new ColorField(frame), name, place);
+  auto* box = new ColorField(frame);
+  SetRole(box, QAccessible::Graphic);
+  Placed(box, name, place);
   box->setAutoFillBackground(true);
   box->setAccessibleName(spokenName);
   return box;
 }
 
-void ShowColor(QWidget* box, Color color) {
+/// The button beside the box is where the keys come to, so it tells the colour too.
+void ShowColor(QWidget* box, QWidget* button, Color color) {
+  const QColor shown = QColor::fromRgb(PixelOf(color));
   QPalette palette = box->palette();
-  palette.setColor(QPalette::Window, QColor::fromRgb(PixelOf(color)));
+  palette.setColor(QPalette::Window, shown);
   box->setPalette(palette);
+  const QString spoken =
+      QString("Red %1, green %2, blue %3").arg(shown.red()).arg(shown.green()).arg(shown.blue());
+  box->setAccessibleDescription(spoken);
+  button->setAccessibleDescription(spoken);
 }
 
 }  // namespace
@@ -120,15 +129,15 @@ void frmOptions::AddColors() {
   auto* frame =
       Placed(new GroupFrame("New Map Options ", this), "Frame2", PlaceOf(120, 1440, 5895, 1455));
   ColorBox_ = AddColorBox(frame, "ColorBox", "Background color", PlaceOf(1560, 360, 375, 375));
-  auto* background = AddButton(frame, "PaletteButton", "Palette...", PlaceOf(2040, 360, 1095, 375),
-                               &Options::PaletteButton_Click);
+  PaletteButton_ = AddButton(frame, "PaletteButton", "Palette...", PlaceOf(2040, 360, 1095, 375),
+                             &Options::PaletteButton_Click);
   GridColorBox_ = AddColorBox(frame, "GridColorBox", "Grid color", PlaceOf(1560, 840, 375, 375));
-  auto* grid = AddButton(frame, "GridPaletteButton", "Palette...", PlaceOf(2040, 840, 1095, 375),
-                         &Options::GridPaletteButton_Click);
+  GridPaletteButton_ = AddButton(frame, "GridPaletteButton", "Palette...",
+                                 PlaceOf(2040, 840, 1095, 375), &Options::GridPaletteButton_Click);
   GridCheck_ = Placed(new QCheckBox(frame), "GridCheck", PlaceOf(4080, 960, 255, 255));
   GridCheck_->setAccessibleName("Gridlines");
-  AddLabel(frame, "Label3", "Background Color:", PlaceOf(120, 480, 1575, 255), background);
-  AddLabel(frame, "Label4", "Grid Color:", PlaceOf(120, 960, 1095, 255), grid);
+  AddLabel(frame, "Label3", "Background Color:", PlaceOf(120, 480, 1575, 255), PaletteButton_);
+  AddLabel(frame, "Label4", "Grid Color:", PlaceOf(120, 960, 1095, 255), GridPaletteButton_);
   AddLabel(frame, "Label5", "Gridlines:", PlaceOf(3360, 960, 735, 255), GridCheck_);
 }
 
@@ -139,8 +148,8 @@ void frmOptions::ShowState() {
   };
   show(TextMapDir_, options_.TextMapDir);
   show(TextCustomDir_, options_.TextCustomDir);
-  ShowColor(ColorBox_, options_.ColorBox);
-  ShowColor(GridColorBox_, options_.GridColorBox);
+  ShowColor(ColorBox_, PaletteButton_, options_.ColorBox);
+  ShowColor(GridColorBox_, GridPaletteButton_, options_.GridColorBox);
 }
 
 }  // namespace morvane

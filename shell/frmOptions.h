@@ -31,6 +31,8 @@ class frmOptions : public FixedDialog {
   QLineEdit* TextCustomDir_ = nullptr;
   QWidget* ColorBox_ = nullptr;
   QWidget* GridColorBox_ = nullptr;
+  QPushButton* PaletteButton_ = nullptr;
+  QPushButton* GridPaletteButton_ = nullptr;
   QCheckBox* GridCheck_ = nullptr;
 };
 
