@@ -1,0 +1,152 @@
+#include "tests/window/Desk.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+
+namespace morvane {
+namespace {
+
+/// Pixels of a place that differ so much that everybody sees it.
+int Changes(const QImage& before, const QImage& after, const AtspiRect& place) {
+  constexpr int kPlain = 64;
+  int changes = 0;
+  const QRect part = QRect(place.x, place.y, place.width, place.height) & before.rect();
+  for (int y = part.top(); y <= part.bottom(); ++y) {
+    for (int x = part.left(); x <= part.right(); ++x) {
+      const QRgb one = before.pixel(x, y);
+      const QRgb other = after.pixel(x, y);
+      if (std::abs(qRed(one) - qRed(other)) > kPlain ||
+          std::abs(qGreen(one) - qGreen(other)) > kPlain ||
+          std::abs(qBlue(one) - qBlue(other)) > kPlain) {
+        ++changes;
+      }
+    }
+  }
+  return changes;
+}
+
+}  // namespace
+
+Desk::Session::~Session() {
+  for (QProcess& process : processes) {
+    process.kill();
+    process.waitForFinished();
+  }
+}
+
+QProcess& Desk::Session::Start(const QString& program, const QStringList& arguments) {
+  QProcess& process = processes.emplace_front();
+  process.setWorkingDirectory(folder.path());
+  process.start(program, arguments);
+  EXPECT_TRUE(process.waitForStarted()) << program.toStdString();
+  return process;
+}
+
+QByteArray Desk::Session::AddressOf(const QString& program, const QStringList& arguments) {
+  QProcess& server = Start(program, arguments);
+  EXPECT_TRUE(server.waitForReadyRead()) << server.readAllStandardError().toStdString();
+  return server.readLine().trimmed();
+}
+
+void Desk::SetUpTestSuite() {
+  session_ = std::make_unique<Session>();
+  const QByteArray home = QFile::encodeName(session_->folder.path());
+  for (const char* variable : {"HOME", "XDG_RUNTIME_DIR"}) qputenv(variable, home);
+  for (const char* variable : {"WAYLAND_DISPLAY", "AT_SPI_BUS_ADDRESS"}) qunsetenv(variable);
+  qputenv("QT_QPA_PLATFORM", "xcb");
+  qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
+  qputenv("DISPLAY",
+          ":" + session_->AddressOf("Xvfb", {"-displayfd", "1", "-screen", "0", "1280x900x24",
+                                             "-nolisten", "tcp", "-noreset"}));
+  qputenv("DBUS_SESSION_BUS_ADDRESS",
+          session_->AddressOf("dbus-daemon", {"--session", "--nofork", "--print-address"}));
+  session_->Start("openbox", {});
+  ASSERT_EQ(atspi_init(), 0) << "There is no bus of accessibility";
+  QImage tile(20, 20, QImage::Format_RGB32);
+  tile.fill(Qt::red);
+  ASSERT_TRUE(tile.save(session_->folder.filePath("tile.png")));
+}
+
+void Desk::SetUp() {
+  listener_ = atspi_event_listener_new(&Desk::Hear, this, nullptr);
+  ASSERT_TRUE(atspi_event_listener_register(listener_, "object:state-changed:showing", nullptr));
+  session_->Start(MORVANE_PROGRAM, {});
+  ASSERT_TRUE(AwaitFocus("canvas Map = 615 x 483 pixels")) << Focus();
+}
+
+void Desk::TearDown() {
+  atspi_event_listener_deregister(listener_, "object:state-changed:showing", nullptr);
+  g_object_unref(listener_);
+  session_->processes.front().kill();
+  session_->processes.front().waitForFinished();
+  session_->processes.pop_front();
+}
+
+bool Desk::Await(const std::function<bool()>& condition) {
+  constexpr qint64 kLongest = 10'000;  // ms
+  constexpr int kPause = 10'000;       // us
+  QElapsedTimer waited;
+  waited.start();
+  for (;;) {
+    while (g_main_context_iteration(nullptr, FALSE)) {
+    }
+    if (condition()) return true;
+    if (waited.elapsed() > kLongest) return false;
+    g_usleep(kPause);
+  }
+}
+
+Spoken Desk::Opened(const std::string& title) {
+  EXPECT_TRUE(Await([&title] {
+    const Spoken window = WindowOf(title);
+    return window && window.Is(ATSPI_STATE_ACTIVE) && FocusIn(window);
+  })) << title;
+  return WindowOf(title);
+}
+
+std::vector<std::string> Desk::Round(const char* window) {
+  constexpr size_t kMostStops = 30;
+  constexpr int kSeen = 16;
+  std::vector<std::string> stops;
+  Spoken stop = FocusIn(Opened(window));
+  std::string last = stop.Line();
+  QImage before = Picture();
+  while (stops.size() < kMostStops) {
+    Key({"Tab"});
+    if (!Await([&] { return Focus(window) != last; })) break;
+    const QImage after = Picture();
+    if (!stops.empty()) {
+      EXPECT_GE(Changes(before, after, stop.Place()), kSeen) << last << " has no mark";
+    }
+    stop = FocusIn(WindowOf(window));
+    last = stop.Line();
+    before = after;
+    if (!stops.empty() && last == stops.front()) return stops;
+    stops.push_back(last);
+  }
+  ADD_FAILURE() << "The round never closes; it ends with " << last;
+  return stops;
+}
+
+QImage Desk::Picture() {
+  const QString file = session_->folder.filePath("display.png");
+  QImage last, now;
+  EXPECT_TRUE(Await([&] {
+    last = now;
+    QProcess::execute("gm", {"import", "-window", "root", file});
+    now.load(file);
+    return !now.isNull() && now == last;
+  }));
+  return now;
+}
+
+void Desk::Hear(AtspiEvent* event, void* desk) {
+  const Spoken source(static_cast<AtspiAccessible*>(g_object_ref(event->source)));
+  if (event->detail1 != 0 && source.Role() == "notification") {
+    const std::string notice = source.Name();
+    if (notice != kGreeting) static_cast<Desk*>(desk)->notices.push_back(notice);
+  }
+  g_boxed_free(ATSPI_TYPE_EVENT, event);
+}
+
+}  // namespace morvane

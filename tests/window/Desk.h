@@ -1,0 +1,66 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <deque>
+
+#include "tests/window/Spoken.h"
+
+namespace morvane {
+
+/// The status line at start, which a screen reader may speak or come too late for.
+inline const std::string kGreeting = "Morvane, maps for role-playing games, painted tile by tile";
+
+/// A display and a bus of accessibility of their own, and for each test the real program on them.
+class Desk : public testing::Test {
+ protected:
+  static void SetUpTestSuite();
+  static void TearDownTestSuite() { session_.reset(); }
+  void SetUp() override;
+  void TearDown() override;
+
+  /// Waits some seconds at most for something to become true.
+  static bool Await(const std::function<bool()>& condition);
+  static void Key(const QStringList& keys) { Hand(QStringList("key") + keys); }
+  /// What the tool for keys and mouse is to do.
+  static void Hand(const QStringList& orders) {
+    ASSERT_EQ(QProcess::execute("xdotool", orders), 0) << orders.join(' ').toStdString();
+  }
+  /// The window or dialog of that title once the keys go to it.
+  static Spoken Opened(const std::string& title);
+  static std::string Focus(const char* window = "Morvane") {
+    return FocusIn(WindowOf(window)).Line();
+  }
+  static bool AwaitFocus(const std::string& line) {
+    return Await([&line] { return Focus() == line; });
+  }
+  /// One round of the Tab key, each stop as it is spoken. Fails where a stop can't be seen.
+  static std::vector<std::string> Round(const char* window);
+
+  /// What was spoken without the focus moving, behind the greeting.
+  std::vector<std::string> notices;
+
+ private:
+  /// A folder as home, and processes that end with it.
+  struct Session {
+    QTemporaryDir folder;
+    std::deque<QProcess> processes;
+
+    ~Session();
+    QProcess& Start(const QString& program, const QStringList& arguments);
+    /// Starts a server and gives the line in which it names its address.
+    QByteArray AddressOf(const QString& program, const QStringList& arguments);
+  };
+
+  /// The display once it has come to rest.
+  static QImage Picture();
+  static void Hear(AtspiEvent* event, void* desk);
+
+  inline static std::unique_ptr<Session> session_;
+  AtspiEventListener* listener_ = nullptr;
+};
+
+}  // namespace morvane

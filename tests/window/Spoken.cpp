@@ -1,0 +1,110 @@
+#include "tests/window/Spoken.h"
+
+#include <set>
+
+namespace morvane {
+
+std::string Spoken::Taken(char* text) {
+  std::string taken = text != nullptr ? text : "";
+  g_free(text);
+  return taken;
+}
+
+std::string Spoken::Name() const {
+  std::string label;
+  GArray* relations = atspi_accessible_get_relation_set(node_.get(), nullptr);
+  for (guint i = 0; relations != nullptr && i < relations->len; ++i) {
+    auto* relation = g_array_index(relations, AtspiRelation*, i);
+    if (atspi_relation_get_relation_type(relation) == ATSPI_RELATION_LABELLED_BY) {
+      const Spoken target(atspi_relation_get_target(relation, 0));
+      if (target.Role() == "label") label = target.OwnName();
+    }
+    g_object_unref(relation);
+  }
+  if (relations != nullptr) g_array_free(relations, TRUE);
+  if (Role() == "combo box") return label;
+  const std::string own = OwnName();
+  return label.empty() || label.find(own) == 0 ? own : label + " " + own;
+}
+
+std::string Spoken::Value() const {
+  const std::string role = Role();
+  if (role == "check box") return Is(ATSPI_STATE_CHECKED) ? "checked" : "not checked";
+  if (role == "page tab") return Is(ATSPI_STATE_SELECTED) ? "selected" : "";
+  if (role == "text") {
+    auto* text = atspi_accessible_get_text_iface(node_.get());
+    std::string content = Taken(atspi_text_get_text(text, 0, -1, nullptr));
+    g_object_unref(text);
+    return content;
+  }
+  if (role == "combo box") return OwnName();
+  std::string value = Taken(atspi_accessible_get_description(node_.get(), nullptr));
+  return value == OwnName() ? "" : value;
+}
+
+bool Spoken::Is(AtspiStateType state) const {
+  AtspiStateSet* states = atspi_accessible_get_state_set(node_.get());
+  const bool is = atspi_state_set_contains(states, state);
+  g_object_unref(states);
+  return is;
+}
+
+std::vector<Spoken> Spoken::Children() const {
+  std::vector<Spoken> children;
+  const int count = atspi_accessible_get_child_count(node_.get(), nullptr);
+  for (int i = 0; i < count; ++i) {
+    const Spoken child(atspi_accessible_get_child_at_index(node_.get(), i, nullptr));
+    if (child) children.push_back(child);
+  }
+  return children;
+}
+
+AtspiRect Spoken::Place() const {
+  auto* component = atspi_accessible_get_component_iface(node_.get());
+  AtspiRect* extents = atspi_component_get_extents(component, ATSPI_COORD_TYPE_SCREEN, nullptr);
+  const AtspiRect place = *extents;
+  g_free(extents);
+  g_object_unref(component);
+  return place;
+}
+
+std::string Spoken::Line() const {
+  if (node_ == nullptr) return "nothing";
+  std::string line = Role() + " " + Name();
+  const std::string value = Value();
+  return value.empty() ? line : line + " = " + value;
+}
+
+void Walk(const Spoken& root, const std::function<void(const Spoken&)>& visit) {
+  static const std::set<std::string> kHolders = {"combo box", "list", "text"};
+  std::vector<Spoken> ahead = {root};
+  while (!ahead.empty()) {
+    const Spoken control = ahead.back();
+    ahead.pop_back();
+    if (!control || !control.Is(ATSPI_STATE_SHOWING)) continue;
+    visit(control);
+    if (kHolders.contains(control.Role())) continue;
+    const std::vector<Spoken> children = control.Children();
+    ahead.insert(ahead.end(), children.rbegin(), children.rend());
+  }
+}
+
+Spoken WindowOf(const std::string& title) {
+  const Spoken desktop(atspi_get_desktop(0));
+  for (const Spoken& program : desktop.Children()) {
+    for (const Spoken& window : program.Children()) {
+      if (window.Name() == title && window.Is(ATSPI_STATE_SHOWING)) return window;
+    }
+  }
+  return {};
+}
+
+Spoken FocusIn(const Spoken& window) {
+  Spoken focus;
+  Walk(window, [&focus](const Spoken& control) {
+    if (control.Is(ATSPI_STATE_FOCUSED)) focus = control;
+  });
+  return focus;
+}
+
+}  // namespace morvane
