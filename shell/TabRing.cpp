@@ -2,8 +2,10 @@
 
 #include <QAbstractButton>
 #include <QKeyEvent>
+#include <QTimer>
 #include <QToolTip>
 #include <algorithm>
+#include <chrono>
 #include <limits>
 
 namespace morvane {
@@ -25,11 +27,15 @@ void Focus(QWidget* control, bool next = true) {
   control->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
 }
 
-/// A button that shows only a picture tells its name to the eye as well.
-void ShowToolTip(const QWidget* control, Qt::FocusReason reason) {
+/// A button that shows only a picture names itself when keys rest on it, as under the mouse.
+void NameSoon(QWidget* control, Qt::FocusReason reason) {
+  constexpr std::chrono::milliseconds kRest(700);
   const bool byKey = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
-  if (!byKey || qobject_cast<const QAbstractButton*>(control) == nullptr) return;
-  QToolTip::showText(control->mapToGlobal(control->rect().bottomLeft()), control->toolTip());
+  if (!byKey || qobject_cast<QAbstractButton*>(control) == nullptr) return;
+  QTimer::singleShot(kRest, control, [control] {
+    if (!control->hasFocus()) return;
+    QToolTip::showText(control->mapToGlobal(control->rect().bottomLeft()), control->toolTip());
+  });
 }
 
 /// The nearest control of a group above or below.
@@ -134,7 +140,7 @@ bool TabRing::eventFilter(QObject* watched, QEvent* event) {
   auto* control = qobject_cast<QWidget*>(watched);
   switch (event->type()) {
     case QEvent::FocusIn:
-      ShowToolTip(control, static_cast<QFocusEvent*>(event)->reason());
+      NameSoon(control, static_cast<QFocusEvent*>(event)->reason());
       StopOf(control)->last = control;
       return false;
     case QEvent::MouseButtonPress:

@@ -43,6 +43,10 @@ void TileBox::paintEvent(QPaintEvent* /*event*/) {
   pen.setJoinStyle(Qt::MiterJoin);
   painter.setPen(pen);
   painter.drawRect(place.adjusted(1, 1, -1, -1));
+  if (!hasFocus()) return;
+  // What the keys go to is told apart from what the mouse rests on.
+  painter.setPen(palette().color(QPalette::HighlightedText));
+  painter.drawRect(place.adjusted(2, 2, -3, -3));
 }
 
 }  // namespace morvane
