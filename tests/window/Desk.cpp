@@ -1,14 +1,17 @@
 #include "tests/window/Desk.h"
 
+#include <sys/prctl.h>
+
 #include <QElapsedTimer>
 #include <QFile>
+#include <csignal>
 
 namespace morvane {
 namespace {
 
 /// Pixels of a place that differ so much that everybody sees it.
 int Changes(const QImage& before, const QImage& after, const AtspiRect& place) {
-  constexpr int kPlain = 64;
+  constexpr int kPlain = 100;
   int changes = 0;
   const QRect part = QRect(place.x, place.y, place.width, place.height) & before.rect();
   for (int y = part.top(); y <= part.bottom(); ++y) {
@@ -37,6 +40,8 @@ Desk::Session::~Session() {
 QProcess& Desk::Session::Start(const QString& program, const QStringList& arguments) {
   QProcess& process = processes.emplace_front();
   process.setWorkingDirectory(folder.path());
+  // Nothing stays behind a test that is cut short.
+  process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
   process.start(program, arguments);
   EXPECT_TRUE(process.waitForStarted()) << program.toStdString();
   return process;
@@ -106,7 +111,7 @@ Spoken Desk::Opened(const std::string& title) {
 
 std::vector<std::string> Desk::Round(const char* window) {
   constexpr size_t kMostStops = 30;
-  constexpr int kSeen = 16;
+  constexpr int kSeen = 40;
   std::vector<std::string> stops;
   Spoken stop = FocusIn(Opened(window));
   std::string last = stop.Line();
