@@ -72,8 +72,6 @@ CanvasView::CanvasView(PictureBox& canvas, const Outline& Shape1, QWidget* paren
 
 void CanvasView::ShowState() {
   PictureBoxView::ShowState();
-  const QString size = SpokenSize(contentsRect().size());
-  if (accessibleDescription() != size) setAccessibleDescription(size);
   const QRegion outline = OutlineRegion();
   if (outline == shownOutline_) return;
   update(outline.xored(shownOutline_));

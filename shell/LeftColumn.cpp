@@ -128,8 +128,6 @@ void LeftColumn::ShowState() {
   }
   tile_->ShowText(TextOf(palette_.Label2));
   stamp_->ShowState();
-  const QString size = SpokenSize(stamp_->size());
-  if (stamp_->accessibleDescription() != size) stamp_->setAccessibleDescription(size);
   tileSet_->setCurrentIndex(palette_.TileSetSelector.ListIndex);
 }
 

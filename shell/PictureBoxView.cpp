@@ -4,6 +4,7 @@
 #include <QPainter>
 
 #include "platform/Images.h"
+#include "shell/Accessible.h"
 #include "shell/SharpLines.h"
 
 namespace morvane {
@@ -23,6 +24,10 @@ void PictureBoxView::paintEvent(QPaintEvent* event) {
   const QRect inside = contentsRect();
   if (!inside.contains(event->rect())) DrawSunkenBorder(painter, rect(), palette());
   PaintPicture(painter, box_.Image(), inside.topLeft(), event->rect() & inside);
+}
+
+void PictureBoxView::resizeEvent(QResizeEvent* /*event*/) {
+  setAccessibleDescription(SpokenSize(contentsRect().size()));
 }
 
 void PaintPicture(QPainter& painter, const PictureView& picture, const QPoint& origin,

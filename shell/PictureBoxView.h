@@ -6,7 +6,7 @@
 
 namespace morvane {
 
-/// Shows the image of a picture box, pixel for pixel.
+/// Shows the image of a picture box, pixel for pixel, and tells assistive technology its size.
 class PictureBoxView : public QFrame {
  public:
   PictureBoxView(PictureBox& box, QWidget* parent);
@@ -16,6 +16,7 @@ class PictureBoxView : public QFrame {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   PictureBox& box_;
