@@ -1,6 +1,7 @@
 #include "platform/Folders.h"
 
 #include <dirent.h>
+#include <fcntl.h>
 #include <mntent.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -72,7 +73,7 @@ bool Matches(std::string_view name, std::string_view patterns) {
 bool IsReadableFolder(const std::string& path) {
   struct stat status {};
   return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
-         access(path.c_str(), R_OK | X_OK) == 0;
+         faccessat(AT_FDCWD, path.c_str(), R_OK | X_OK, AT_EACCESS) == 0;
 }
 
 std::vector<std::string> FoldersIn(const std::string& folder) {

@@ -4,9 +4,7 @@
 #include <QLocale>
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
 #include <utility>
 

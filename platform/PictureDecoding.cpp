@@ -58,7 +58,6 @@ class Decoding {
   void GiveUp() { isGivenUp_ = true; }
 
   void Run() {
-    ++AtWork();
     Result<Picture> picture = DecodeWithinMemory();
     --AtWork();
     outcome_.set_value(std::move(picture));
@@ -113,9 +112,11 @@ Result<Picture> DecodeForeignPicture(Bytes content, DecodingLimits limits) {
   }
   const auto decoding = std::make_shared<Decoding>(std::move(content), limits.pixels);
   std::future<Result<Picture>> outcome = decoding->Outcome();
+  ++AtWork();
   try {
     std::thread([decoding] { decoding->Run(); }).detach();
   } catch (const std::system_error&) {
+    --AtWork();
     return Result<Picture>::Failed("There is not enough memory for this picture.");
   }
   if (outcome.wait_for(limits.time) == std::future_status::ready) return outcome.get();

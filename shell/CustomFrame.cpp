@@ -2,8 +2,10 @@
 
 #include <QComboBox>
 #include <QHelpEvent>
+#include <QLabel>
 #include <QListWidget>
 #include <QShortcut>
+#include <QSignalBlocker>
 #include <QStyledItemDelegate>
 #include <QToolTip>
 #include <optional>
@@ -87,8 +89,8 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   folders_->setIconSize({16, 16});
   folders_->setItemDelegate(new IndentDelegate(folders_));
 
-  connect(drive_, &QComboBox::textActivated, this,
-          [this](const QString& root) { emit DriveChosen(root.toStdString()); });
+  connect(drive_, &QComboBox::activated, this,
+          [this](int row) { emit DriveChosen(drive_->itemData(row).toByteArray().toStdString()); });
   const auto open = [this](const QListWidgetItem* item) {
     if (item != nullptr) emit FolderOpened(item->data(Qt::UserRole).toByteArray().toStdString());
   };
@@ -124,7 +126,7 @@ void CustomFrame::AddStops(TabRing& ring) const {
 void CustomFrame::ListDrives() {
   drive_->clear();
   for (const std::string& root : palette_.document.platform.ListDrives()) {
-    drive_->addItem(TextOf(root));
+    drive_->addItem(TextOf(root), QByteArray::fromStdString(root));
     drive_->setItemData(drive_->count() - 1, ToolTipOf(TextOf(root)), Qt::ToolTipRole);
   }
   ShowDrive();
@@ -132,11 +134,11 @@ void CustomFrame::ListDrives() {
 
 void CustomFrame::ShowDrive() {
   presentDrive_ = 0;
-  qsizetype longest = 0;
-  const QString path = TextOf(WithTrailingBackslash(palette_.Dir1.Path()));
+  std::size_t longest = 0;
+  const std::string path = WithTrailingBackslash(palette_.Dir1.Path());
   for (int i = 0; i < drive_->count(); ++i) {
-    const QString root = TextOf(WithTrailingBackslash(drive_->itemText(i).toStdString()));
-    if (!path.startsWith(root) || root.size() <= longest) continue;
+    const std::string root = WithTrailingBackslash(drive_->itemData(i).toByteArray().toStdString());
+    if (!path.starts_with(root) || root.size() <= longest) continue;
     longest = root.size();
     presentDrive_ = i;
   }

@@ -16,7 +16,7 @@ QFont FittedFont(const QFont& font, const QString& text, int width) {
 }
 
 void FittedLabel::ShowText(const QString& text) {
-  if (this->text() == text) return;
+  if (accessibleName() == text) return;
   QFont plain = font();
   plain.setStretch(QFont::Unstretched);
   const QFont fitted = FittedFont(plain, text, visibleWidth_);

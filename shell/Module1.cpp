@@ -109,7 +109,8 @@ int RunMorvane(int argc, char** argv) {
   // What the toolkit left over is a map that was chosen in a file manager.
   if (argc > 1) {
     std::error_code folderIsGone;
-    new OpenWhenShown(window, std::filesystem::absolute(argv[1], folderIsGone));
+    const std::filesystem::path path = std::filesystem::absolute(argv[1], folderIsGone);
+    new OpenWhenShown(window, folderIsGone ? argv[1] : path.string());
   }
   const int status = QApplication::exec();
   // A decoder that hangs in a picture given up long ago would be caught by the end of the program.

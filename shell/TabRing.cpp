@@ -1,11 +1,12 @@
 #include "shell/TabRing.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QKeyEvent>
-#include <QTimer>
 #include <QToolTip>
 #include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <limits>
 
 namespace morvane {
@@ -27,15 +28,8 @@ void Focus(QWidget* control, bool next = true) {
   control->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
 }
 
-/// A button that shows only a picture names itself when keys rest on it, as under the mouse.
-void NameSoon(QWidget* control, Qt::FocusReason reason) {
-  constexpr std::chrono::milliseconds kRest(700);
-  const bool byKey = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
-  if (!byKey || qobject_cast<QAbstractButton*>(control) == nullptr) return;
-  QTimer::singleShot(kRest, control, [control] {
-    if (!control->hasFocus()) return;
-    QToolTip::showText(control->mapToGlobal(control->rect().bottomLeft()), control->toolTip());
-  });
+bool ByKey(Qt::FocusReason reason) {
+  return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
 }
 
 /// The nearest control of a group above or below.
@@ -91,6 +85,17 @@ QWidget* Target(const std::vector<QWidget*>& group, QWidget* from, int key) {
 
 }  // namespace
 
+TabRing::TabRing(QObject* parent) : QObject(parent) {
+  constexpr std::chrono::milliseconds kRest(700);
+  rest_.setSingleShot(true);
+  rest_.setInterval(kRest);
+  connect(&rest_, &QTimer::timeout, this, [] {
+    const QWidget* control = QApplication::focusWidget();
+    if (qobject_cast<const QAbstractButton*>(control) == nullptr) return;
+    QToolTip::showText(control->mapToGlobal(control->rect().bottomLeft()), control->toolTip());
+  });
+}
+
 void TabRing::Add(const std::vector<QWidget*>& group) {
   stops_.push_back({group, group.front()});
   for (QWidget* control : group) control->installEventFilter(this);
@@ -106,7 +111,7 @@ TabRing::Stop* TabRing::StopOf(const QObject* control) {
 bool TabRing::Move(const QWidget* from, bool next) {
   const Stop* present = StopOf(from);
   const auto count = static_cast<int>(stops_.size());
-  const int start = present != nullptr ? static_cast<int>(present - stops_.data()) : -1;
+  const int start = present != nullptr ? static_cast<int>(present - stops_.data()) : next ? -1 : 0;
   // A button that has switched itself off hands the focus to its own group first.
   const bool stays = present != nullptr && !from->isEnabled();
   for (int i = stays ? 0 : 1; i <= count; ++i) {
@@ -140,8 +145,11 @@ bool TabRing::eventFilter(QObject* watched, QEvent* event) {
   auto* control = qobject_cast<QWidget*>(watched);
   switch (event->type()) {
     case QEvent::FocusIn:
-      NameSoon(control, static_cast<QFocusEvent*>(event)->reason());
+      if (ByKey(static_cast<QFocusEvent*>(event)->reason())) rest_.start();
       StopOf(control)->last = control;
+      return false;
+    case QEvent::FocusOut:
+      rest_.stop();
       return false;
     case QEvent::MouseButtonPress:
       ShowMarks(control, false);

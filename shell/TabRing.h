@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 #include <vector>
 
 class QKeyEvent;
@@ -14,7 +15,7 @@ namespace morvane {
 /// used last, the arrow keys, Home and End move within it. Enter presses a button, as Space does.
 class TabRing : public QObject {
  public:
-  using QObject::QObject;
+  explicit TabRing(QObject* parent);
 
   /// Adds a stop behind those that there are: one control, or a group in reading order.
   void Add(const std::vector<QWidget*>& group);
@@ -34,6 +35,8 @@ class TabRing : public QObject {
   bool PressKey(QWidget* control, const QKeyEvent& event);
 
   std::vector<Stop> stops_;
+  /// A button that shows only a picture names itself when keys rest on it, as under the mouse.
+  QTimer rest_;
 };
 
 }  // namespace morvane

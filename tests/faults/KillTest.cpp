@@ -7,7 +7,7 @@
 #include <random>
 #include <thread>
 
-#include "tests/faults/Child.h"
+#include "tests/support/Child.h"
 #include "tests/support/Sample.h"
 
 namespace morvane {

@@ -7,7 +7,7 @@
 #include "palette/CustomTiles.h"
 #include "palette/PalettePages.h"
 #include "platform/QtDialogs.h"
-#include "tests/faults/Child.h"
+#include "tests/support/Child.h"
 
 namespace morvane {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "document/Snapshot.h"
 #include "document/Undo.h"
-#include "tests/faults/Child.h"
+#include "tests/support/Child.h"
 #include "tools/Buttons.h"
 #include "tools/CanvasMouse.h"
 

@@ -3,6 +3,7 @@
 #include <QMenuBar>
 #include <QTabBar>
 
+#include "shell/SharpLines.h"
 #include "shell/frmSplash.h"
 #include "tests/support/FormFixture.h"
 
@@ -81,7 +82,7 @@ TEST_F(Layout, TextsFitTheirPlaces) {
 TEST_F(Layout, LinesFormTheBoxesOfTheLeftColumn) {
   const QImage picture = Shown(*Client());
   const QRgb ground = Client()->palette().color(QPalette::Window).rgb();
-  const QRgb line = Client()->palette().color(QPalette::Mid).rgb();
+  const QRgb line = QuietLine(Client()->palette()).rgb();
   const std::vector<QLine> lines = {{4, 32, 160, 32}, {4, 80, 161, 80},    {4, 155, 160, 155},
                                     {80, 32, 80, 80}, {120, 80, 120, 155}, {48, 80, 48, 155}};
   for (const QLine& l : lines) {

@@ -2,6 +2,9 @@
 
 #include <QAbstractButton>
 #include <QLabel>
+#include <algorithm>
+#include <cmath>
+#include <functional>
 
 #include "tests/support/EveryForm.h"
 
@@ -19,12 +22,15 @@ double Contrast(QRgb one, QRgb other) {
 }
 
 /// How far what is drawn in a part of a picture stands out from its ground. A few pixels are none.
-double Contrast(const QImage& picture, const QRect& part) {
+double Contrast(const QImage& picture, const QRegion& part) {
   constexpr qsizetype kFew = 2;
+  const QRgb ground = picture.pixel((part.end() - 1)->bottomLeft());
   std::vector<double> contrasts;
-  for (int y = part.top(); y <= part.bottom(); ++y) {
-    for (int x = part.left(); x <= part.right(); ++x) {
-      contrasts.push_back(Contrast(picture.pixel(x, y), picture.pixel(part.bottomRight())));
+  for (const QRect& rect : part) {
+    for (int y = rect.top(); y <= rect.bottom(); ++y) {
+      for (int x = rect.left(); x <= rect.right(); ++x) {
+        contrasts.push_back(Contrast(picture.pixel(x, y), ground));
+      }
     }
   }
   if (std::ssize(contrasts) <= kFew) return 1;
@@ -45,14 +51,24 @@ double LeastContrast(const QWidget& control) {
   return isText ? 4.5 : 0;
 }
 
+/// The inside of a control, as far as no later one lies above it.
+QRegion Seen(const QWidget& control, const QWidget& form) {
+  QRegion seen = control.geometry().adjusted(2, 2, -2, -2);
+  const QObjectList& siblings = control.parentWidget()->children();
+  for (qsizetype i = siblings.indexOf(&control) + 1; i < siblings.size(); ++i) {
+    const auto* above = qobject_cast<QWidget*>(siblings[i]);
+    if (above != nullptr && above->isVisible() && !above->isWindow()) seen -= above->geometry();
+  }
+  return seen.translated(control.parentWidget()->mapTo(&form, QPoint())) & form.rect();
+}
+
 void ExpectLegible(QWidget& form) {
   const QImage picture = form.grab().toImage();
   for (QWidget* control : form.findChildren<QWidget*>()) {
     const double least = LeastContrast(*control);
-    const QRect part(control->mapTo(&form, QPoint()), control->size());
-    const QRect inside = part.adjusted(2, 2, -2, -2) & form.rect();
-    if (least == 0 || inside.isEmpty()) continue;
-    EXPECT_GE(Contrast(picture, inside), least)
+    const QRegion seen = Seen(*control, form);
+    if (least == 0 || seen.isEmpty()) continue;
+    EXPECT_GE(Contrast(picture, seen), least)
         << control->metaObject()->className() << " " << control->objectName().toStdString() << " "
         << control->toolTip().toStdString();
   }

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "shell/FocusStyle.h"
 #include "shell/WholeScale.h"
 
 int main(int argc, char** argv) {
@@ -10,5 +11,6 @@ int main(int argc, char** argv) {
   if (testing::GTEST_FLAG(list_tests)) return RUN_ALL_TESTS();
   morvane::UseWholeScaleFactors();
   const QApplication application(argc, argv);
+  QApplication::setStyle(new morvane::FocusStyle);
   return RUN_ALL_TESTS();
 }

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <QTimer>
-
 #include "shell/WholeScale.h"
-#include "tests/faults/Child.h"
+#include "tests/support/Child.h"
 
 namespace morvane {
 
@@ -41,20 +39,6 @@ inline void On(const Display& display, const std::function<void(Session::Window&
               check(session.editor);
             }),
             0);
-}
-
-/// Opens a dialog that waits for its user, looks at it and cancels it.
-inline void LookInto(const std::function<void()>& open, const std::function<void(QWidget&)>& look) {
-  bool seen = false;
-  QTimer::singleShot(0, [&] {
-    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(dialog, nullptr);
-    look(*dialog);
-    dialog->reject();
-    seen = true;
-  });
-  open();
-  EXPECT_TRUE(seen);
 }
 
 }  // namespace morvane

@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QTextEdit>
+#include <QTimer>
 
 #include "platform/MapPrinter.h"
 #include "platform/QtDialogs.h"
@@ -12,6 +13,20 @@
 #include "tests/support/Displays.h"
 
 namespace morvane {
+
+/// Opens a dialog that waits for its user, looks at it and cancels it.
+inline void LookInto(const std::function<void()>& open, const std::function<void(QWidget&)>& look) {
+  bool seen = false;
+  QTimer::singleShot(0, [&] {
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(dialog, nullptr);
+    look(*dialog);
+    dialog->reject();
+    seen = true;
+  });
+  open();
+  EXPECT_TRUE(seen);
+}
 
 /// Shows each form and dialog in turn.
 inline void ForEachForm(Session::Window& editor, const std::function<void(QWidget&)>& look) {

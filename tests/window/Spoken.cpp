@@ -44,6 +44,7 @@ std::string Spoken::Value() const {
 
 bool Spoken::Is(AtspiStateType state) const {
   AtspiStateSet* states = atspi_accessible_get_state_set(node_.get());
+  if (states == nullptr) return false;  // it has just gone
   const bool is = atspi_state_set_contains(states, state);
   g_object_unref(states);
   return is;
@@ -60,9 +61,11 @@ std::vector<Spoken> Spoken::Children() const {
 }
 
 AtspiRect Spoken::Place() const {
+  AtspiRect place{};
   auto* component = atspi_accessible_get_component_iface(node_.get());
+  if (component == nullptr) return place;
   AtspiRect* extents = atspi_component_get_extents(component, ATSPI_COORD_TYPE_SCREEN, nullptr);
-  const AtspiRect place = *extents;
+  if (extents != nullptr) place = *extents;
   g_free(extents);
   g_object_unref(component);
   return place;

@@ -14,7 +14,9 @@ class Spoken {
  public:
   Spoken() = default;
   /// Takes over the reference.
-  explicit Spoken(AtspiAccessible* node) : node_(node, &Drop) {}
+  explicit Spoken(AtspiAccessible* node) {
+    if (node != nullptr) node_.reset(node, &Drop);
+  }
 
   explicit operator bool() const { return node_ != nullptr; }
   std::string Role() const { return Taken(atspi_accessible_get_role_name(node_.get(), nullptr)); }
@@ -24,15 +26,13 @@ class Spoken {
   std::string Value() const;
   bool Is(AtspiStateType state) const;
   std::vector<Spoken> Children() const;
-  /// Left, top, width and height on the display.
+  /// Left, top, width and height on the display; nothing for a control that has just gone.
   AtspiRect Place() const;
   /// "push button Mode = Tile"
   std::string Line() const;
 
  private:
-  static void Drop(AtspiAccessible* node) {
-    if (node != nullptr) g_object_unref(node);
-  }
+  static void Drop(AtspiAccessible* node) { g_object_unref(node); }
   static std::string Taken(char* text);
   std::string OwnName() const { return Taken(atspi_accessible_get_name(node_.get(), nullptr)); }
 

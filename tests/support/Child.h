@@ -18,6 +18,7 @@
 
 #include "document/PictureFile.h"
 #include "platform/Files.h"
+#include "shell/FocusStyle.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {
@@ -75,6 +76,11 @@ inline void MountSmallDisk(const std::string& folder, std::size_t bytes) {
 
 /// In a child: the whole editor with a user, started in a new folder below TMPDIR.
 struct Session {
+  struct Application : QApplication {
+    Application(int& count, char** arguments) : QApplication(count, arguments) {
+      setStyle(new FocusStyle);
+    }
+  };
   struct Window : FormFixture {
     void TestBody() override {}
     Picture Map() const { return Picture(form.document.Canvas.Image()); }
@@ -95,7 +101,7 @@ struct Session {
   int count = 1;
   char name[8] = "morvane";
   char* arguments[2] = {name, nullptr};
-  QApplication application{count, arguments};
+  Application application{count, arguments};
   Window editor;
 };
 
