@@ -2,8 +2,14 @@
 
 #include <QAbstractButton>
 #include <QColorDialog>
+#include <QDialogButtonBox>
+#include <QEvent>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
+#include <QTreeView>
 
 #include "document/Color.h"
 #include "platform/ScreenRoom.h"
@@ -42,10 +48,60 @@ void GiveLetters(const QMessageBox& box) {
   if (auto* cancel = box.button(QMessageBox::Cancel)) cancel->setText("&Cancel");
 }
 
+/// Has a typed path count as it stands, and Return accept it.
+///
+/// For a whole path into the folder that it shows, the toolkit's dialog marks that folder in its
+/// list, takes it for the choice, and its button away.
+class TypedPath : public QObject {
+ public:
+  explicit TypedPath(QFileDialog& box)
+      : QObject(&box),
+        name_(*box.findChild<QLineEdit*>("fileNameEdit")),
+        list_(*box.findChild<QListView*>("listView")) {
+    const auto* buttons = box.findChild<QDialogButtonBox*>("buttonBox");
+    for (QAbstractButton* button : buttons->buttons()) {
+      if (buttons->buttonRole(button) == QDialogButtonBox::AcceptRole) accept_ = button;
+    }
+    accept_->installEventFilter(this);
+    connect(&name_, &QLineEdit::textChanged, this, &TypedPath::Unmark);
+    // Later, for the dialog may accept it by itself.
+    connect(&name_, &QLineEdit::returnPressed, this, &TypedPath::Accept, Qt::QueuedConnection);
+  }
+
+ protected:
+  bool eventFilter(QObject* /*button*/, QEvent* event) override {
+    if (event->type() == QEvent::EnabledChange && IsTyped()) accept_->setEnabled(true);
+    return false;
+  }
+
+ private:
+  bool IsTyped() const { return !name_.text().trimmed().isEmpty(); }
+  void Unmark() {
+    if (name_.text().contains('/')) list_.selectionModel()->clearSelection();
+  }
+  void Accept() {
+    if (accept_->isVisible() && IsTyped()) accept_->click();
+  }
+
+  QLineEdit& name_;
+  QListView& list_;
+  QAbstractButton* accept_ = nullptr;
+};
+
+/// Gives the columns room: the toolkit cuts sizes and dates in the middle.
+void FitColumns(const QFileDialog& box) {
+  QHeaderView* columns = box.findChild<QTreeView*>("treeView")->header();
+  columns->setStretchLastSection(false);
+  columns->setSectionResizeMode(QHeaderView::ResizeToContents);
+  columns->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 /// The path chosen in the dialog, which fits on its screen; empty after a cancel.
 std::string ChoiceIn(QFileDialog& box) {
-  const QSize fitting = box.sizeHint().boundedTo(ScreenRoomOf(box));
-  if (fitting != box.sizeHint()) box.resize(fitting);
+  const TypedPath typed(box);
+  FitColumns(box);
+  constexpr QSize kRoomForNames(640, 420);
+  box.resize(box.sizeHint().expandedTo(kRoomForNames).boundedTo(ScreenRoomOf(box)));
   if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return {};
   return box.selectedFiles().constFirst().toStdString();
 }
