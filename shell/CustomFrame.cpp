@@ -8,6 +8,7 @@
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 #include <QToolTip>
+#include <algorithm>
 #include <optional>
 
 #include "shell/Accessible.h"
@@ -21,7 +22,7 @@ namespace {
 
 constexpr int kDepthRole = Qt::UserRole + 1;
 
-/// Moves a row to the right by its depth below the root.
+/// Moves a row to the right by its depth below the root; it ends with the list.
 class IndentDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -32,6 +33,8 @@ class IndentDelegate : public QStyledItemDelegate {
     constexpr int kStep = 8;
     QStyleOptionViewItem moved = option;
     moved.rect.adjust(index.data(kDepthRole).toInt() * kStep, 0, 0, 0);
+    const auto* list = qobject_cast<const QAbstractItemView*>(option.widget);
+    moved.rect.setRight(std::min(moved.rect.right(), list->viewport()->rect().right()));
     QStyledItemDelegate::paint(painter, moved, index);
   }
 };
@@ -86,6 +89,9 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   files_->setItemDelegate(new NameDelegate(files_));
 
   folders_->setUniformItemSizes(true);
+  // There are only four rows, and no room for a bar: tool tips tell what is cut.
+  folders_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  for (QWidget* list : {folders_, files_}) list->installEventFilter(this);
   folders_->setIconSize({16, 16});
   folders_->setItemDelegate(new IndentDelegate(folders_));
 
@@ -180,6 +186,12 @@ void CustomFrame::ShowFiles() {
   for (const std::string& name : files) names << TextOf(name);
   files_->clear();
   files_->addItems(names);
+}
+
+bool CustomFrame::eventFilter(QObject* watched, QEvent* event) {
+  // The lists overlap, and would cover each other's mark.
+  if (event->type() == QEvent::FocusIn) qobject_cast<QWidget*>(watched)->raise();
+  return false;
 }
 
 QWidget* CustomFrame::File1() const {

@@ -25,6 +25,9 @@ class CustomFrame : public GroupFrame {
   /// The list of files, over which no outline belongs on the map.
   QWidget* File1() const;
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  signals:
   /// A drive was chosen, by its root.
   void DriveChosen(const std::string& root);

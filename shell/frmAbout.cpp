@@ -39,7 +39,8 @@ frmAbout::frmAbout(Platform& platform, QWidget* owner)
 
   auto* notice = new QLabel(
       "Paints maps for role-playing games.\n"
-      "Made by people who like dungeons.\nNo warranty for what lurks in them.",
+      "Made by people who like dungeons.\nNo warranty for what lurks in them.\n"
+      "Version " MORVANE_VERSION ", free under the MIT licence.",
       this);
   notice->setObjectName("lblDisclaimer");
   notice->setGeometry(PlaceOf(180, 2520, 4185, 825));

@@ -23,11 +23,23 @@ Control* Placed(Control* control, const char* name, const QRect& place) {
   return control;
 }
 
+/// A label that does for its field what a click on the field does.
+class FieldLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void mousePressEvent(QMouseEvent* /*event*/) override {
+    auto* box = qobject_cast<QCheckBox*>(buddy());
+    box != nullptr ? box->click() : buddy()->setFocus(Qt::MouseFocusReason);
+  }
+};
+
 /// Labels reach under their fields, so they lie below them, and their texts end before.
 void AddLabel(QWidget* frame, const char* name, const char* text, const QRect& place,
               QWidget* buddy) {
   constexpr int kGap = 3;
-  auto* label = Placed(new QLabel(text, frame), name, place);
+  auto* label = Placed(new FieldLabel(text, frame), name, place);
   label->setFont(FittedFont(frame->font(), text, buddy->x() - place.x() - kGap));
   label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   label->setBuddy(buddy);

@@ -59,7 +59,7 @@ TEST_F(Dialogs, OptionsStandAtTheirPlacesAndWriteTheFile) {
   platform.colors = {0x0000FF};
   Click(dialog, "ButtonMapDir");
   Click(dialog, "PaletteButton");
-  Click(dialog, "GridCheck");
+  Click(dialog, "Label5");
   EXPECT_TRUE(dialog.findChild<QLineEdit*>("TextMapDir")->isReadOnly());
   EXPECT_EQ(dialog.findChild<QWidget*>("ColorBox")->palette().color(QPalette::Window), Qt::red);
   dialog.findChild<QLineEdit*>("TextMapDir")->setFocus();

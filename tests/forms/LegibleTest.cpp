@@ -74,6 +74,19 @@ void ExpectLegible(QWidget& form) {
   }
 }
 
+/// Fields and lists of our own forms have edges that can be seen.
+void ExpectEdges(QWidget& form) {
+  const QImage picture = form.grab().toImage();
+  for (const QWidget* control : form.findChildren<QWidget*>()) {
+    const bool hasEdge = control->inherits("QLineEdit") || control->inherits("QCheckBox") ||
+                         control->inherits("QListWidget");
+    if (!hasEdge || !control->isVisible() || !form.objectName().startsWith("frm")) continue;
+    const QPoint edge = control->mapTo(&form, QPoint(0, control->height() / 2));
+    EXPECT_GE(Contrast(picture.pixel(edge), picture.pixel(edge - QPoint(2, 0))), 1.5)
+        << control->objectName().toStdString();
+  }
+}
+
 QPalette DarkPalette() {
   const QColor ground(49, 54, 59);
   const QColor text(239, 240, 241);
@@ -93,6 +106,7 @@ TEST(Legible, EverythingOnLightAndDark) {
       SCOPED_TRACE(palette == light ? "light" : "dark");
       editor.form.document.UndoButtonEnabled = false;
       ForEachForm(editor, &ExpectLegible);
+      ForEachForm(editor, &ExpectEdges);
       const QImage client = Shown(*editor.Client());
       for (const QPoint& onLine : {QPoint(20, 32), {20, 80}, {20, 155}, {80, 50}, {120, 90}}) {
         EXPECT_GE(Contrast(client.pixel(onLine), client.pixel(2, 100)), 1.5);

@@ -54,7 +54,7 @@ inline void ForEachForm(Session::Window& editor, const std::function<void(QWidge
   show(font);
   std::uint32_t color = 0;
   LookInto([&] { AskForColor(&options, color); }, show);
-  FileDialog dialog{"Open", "", "", "Map files (*.bmp)|*.bmp"};
+  FileDialog dialog{"Open", "Map files (*.bmp)|*.bmp", "", ""};
   LookInto([&] { AskForFile(&editor.window, dialog, FileDialogMode::Open, "/"); }, show);
   LookInto([&] { AskForFolder(&options, "Select the directory"); }, show);
   LookInto([] { MapPrinter().ShowSetup(nullptr, "Print Setup"); }, show);
