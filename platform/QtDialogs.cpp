@@ -10,6 +10,7 @@
 #include <QListView>
 #include <QMessageBox>
 #include <QTreeView>
+#include <algorithm>
 
 #include "document/Color.h"
 #include "platform/ScreenRoom.h"
@@ -48,6 +49,14 @@ void GiveLetters(const QMessageBox& box) {
   if (auto* cancel = box.button(QMessageBox::Cancel)) cancel->setText("&Cancel");
 }
 
+QAbstractButton& AcceptButtonOf(const QFileDialog& box) {
+  const auto* row = box.findChild<QDialogButtonBox*>("buttonBox");
+  const QList<QAbstractButton*> buttons = row->buttons();
+  return **std::find_if(buttons.begin(), buttons.end(), [row](QAbstractButton* button) {
+    return row->buttonRole(button) == QDialogButtonBox::AcceptRole;
+  });
+}
+
 /// Has a typed path count as it stands, and Return accept it.
 ///
 /// For a whole path into the folder that it shows, the toolkit's dialog marks that folder in its
@@ -57,12 +66,9 @@ class TypedPath : public QObject {
   explicit TypedPath(QFileDialog& box)
       : QObject(&box),
         name_(*box.findChild<QLineEdit*>("fileNameEdit")),
-        list_(*box.findChild<QListView*>("listView")) {
-    const auto* buttons = box.findChild<QDialogButtonBox*>("buttonBox");
-    for (QAbstractButton* button : buttons->buttons()) {
-      if (buttons->buttonRole(button) == QDialogButtonBox::AcceptRole) accept_ = button;
-    }
-    accept_->installEventFilter(this);
+        list_(*box.findChild<QListView*>("listView")),
+        accept_(AcceptButtonOf(box)) {
+    accept_.installEventFilter(this);
     connect(&name_, &QLineEdit::textChanged, this, &TypedPath::Unmark);
     // Later, for the dialog may accept it by itself.
     connect(&name_, &QLineEdit::returnPressed, this, &TypedPath::Accept, Qt::QueuedConnection);
@@ -70,7 +76,7 @@ class TypedPath : public QObject {
 
  protected:
   bool eventFilter(QObject* /*button*/, QEvent* event) override {
-    if (event->type() == QEvent::EnabledChange && IsTyped()) accept_->setEnabled(true);
+    if (event->type() == QEvent::EnabledChange && IsTyped()) accept_.setEnabled(true);
     return false;
   }
 
@@ -80,12 +86,12 @@ class TypedPath : public QObject {
     if (name_.text().contains('/')) list_.selectionModel()->clearSelection();
   }
   void Accept() {
-    if (accept_->isVisible() && IsTyped()) accept_->click();
+    if (accept_.isVisible() && IsTyped()) accept_.click();
   }
 
   QLineEdit& name_;
   QListView& list_;
-  QAbstractButton* accept_ = nullptr;
+  QAbstractButton& accept_;
 };
 
 /// Gives the columns room: the toolkit cuts sizes and dates in the middle.

@@ -81,8 +81,7 @@ TEST_F(Desk, TabGoesRoundTheWindow) {
 }
 
 TEST_F(Desk, TabGoesRoundEachDialog) {
-  Key({"alt+t"});
-  ASSERT_TRUE(AwaitFocus("menu item Options...")) << Focus();
+  OpenMenu("alt+t", "menu item Options...");
   Key({"o"});
   EXPECT_EQ(Round("Options"),
             (Lines{"push button Choose the map directory",
@@ -93,8 +92,7 @@ TEST_F(Desk, TabGoesRoundEachDialog) {
                    "text Map Directory:"}));
   Key({"Escape"});
   Opened("Morvane");
-  Key({"alt+h"});
-  ASSERT_TRUE(AwaitFocus("menu item About ")) << Focus();
+  OpenMenu("alt+h", "menu item About ");
   Key({"a"});
   EXPECT_EQ(Round("About Morvane"), (Lines{"push button A flagstone", "push button OK"}));
   Key({"Escape"});

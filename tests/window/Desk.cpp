@@ -109,6 +109,15 @@ Spoken Desk::Opened(const std::string& title) {
   return WindowOf(title);
 }
 
+void Desk::OpenMenu(const char* keys, const std::string& firstEntry) {
+  for (int attempt = 0; attempt < 3; ++attempt) {
+    Key({keys});
+    if (AwaitFocus(firstEntry)) return;
+    Key({"Escape"});
+  }
+  ADD_FAILURE() << firstEntry << " never has the focus, but " << Focus();
+}
+
 std::vector<std::string> Desk::Round(const char* window) {
   constexpr size_t kMostStops = 30;
   constexpr int kSeen = 40;

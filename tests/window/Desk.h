@@ -37,6 +37,8 @@ class Desk : public testing::Test {
   static bool AwaitFocus(const std::string& line) {
     return Await([&line] { return Focus() == line; });
   }
+  /// Opens a menu until its first entry has the focus: a busy desktop may close it again.
+  static void OpenMenu(const char* keys, const std::string& firstEntry);
   /// One round of the Tab key, each stop as it is spoken. Fails where a stop can't be seen.
   static std::vector<std::string> Round(const char* window);
 
