@@ -1,6 +1,7 @@
 #include "platform/QtDialogs.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QEvent>
@@ -86,7 +87,8 @@ class TypedPath : public QObject {
     if (name_.text().contains('/')) list_.selectionModel()->clearSelection();
   }
   void Accept() {
-    if (accept_.isVisible() && IsTyped()) accept_.click();
+    // Where the dialog did, it is closed by now, or asks something.
+    if (QApplication::activeModalWidget() == accept_.window() && IsTyped()) accept_.click();
   }
 
   QLineEdit& name_;
