@@ -91,7 +91,9 @@ void CanvasView::paintEvent(QPaintEvent* event) {
 void CanvasView::mousePressEvent(QMouseEvent* event) {
   const int button = ButtonMask(event->button());
   const QPoint place = PixelAt(event->position());
-  if (button == 0 || !contentsRect().contains(place)) return;
+  pressed_ &= ButtonMask(event->buttons()) & ~button;
+  if (button == 0 || (pressed_ == 0 && !contentsRect().contains(place))) return;
+  pressed_ |= button;
   const QPoint pixel = place - contentsRect().topLeft();
   emit Pressed(button, static_cast<float>(pixel.x()), static_cast<float>(pixel.y()));
 }

@@ -16,7 +16,7 @@ class CanvasView : public PictureBoxView {
   void ShowState();
 
  signals:
-  /// A mouse button went down over the map.
+  /// A mouse button went down over the map, or anywhere while one that went down here is held.
   void Pressed(int Button, float X, float Y);
   /// The pointer moved over the map, or anywhere while a button that went down here is held.
   void Moved(int Button, float X, float Y);
@@ -37,6 +37,7 @@ class CanvasView : public PictureBoxView {
   QRegion OutlineRegion() const;
 
   const Outline& Shape1_;
+  int pressed_ = 0;  ///< mask of the buttons that went down on the map and may still be held
   QRegion shownOutline_;
 };
 

@@ -8,6 +8,7 @@
 
 #include "document/Blit.h"
 #include "palette/PalettePages.h"
+#include "shell/CanvasView.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {
@@ -44,6 +45,25 @@ TEST_F(CanvasForm, TheBorderIsNoPartOfTheMap) {
   QTest::mouseClick(Find("Canvas"), Qt::LeftButton, {}, {1, 30});
   QTest::mouseClick(Find("Canvas"), Qt::LeftButton, {}, {617, 30});
   EXPECT_FALSE(form.document.mnuEditUndoEnabled);
+}
+
+TEST_F(CanvasForm, BesideTheMapAPressCountsOnlyWhileAButtonPressedOnItIsHeld) {
+  QWidget* canvas = Find("Canvas");
+  std::vector<QPoint> presses;
+  QObject::connect(static_cast<CanvasView*>(canvas), &CanvasView::Pressed, canvas,
+                   [&](int, float X, float Y) { presses.emplace_back(int(X), int(Y)); });
+  QTest::mousePress(canvas, Qt::LeftButton, {}, {52, 52});
+  QTest::mousePress(canvas, Qt::RightButton, {}, {-10, 600});
+  EXPECT_EQ(presses, (std::vector<QPoint>{{50, 50}, {-12, 598}}));
+  for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
+    QTest::mouseRelease(canvas, button, {}, {52, 52});
+  }
+  QTest::mousePress(canvas, Qt::LeftButton, {}, {1, 30});
+  QTest::mousePress(canvas, Qt::RightButton, {}, {-10, 600});
+  EXPECT_EQ(presses.size(), 2U);
+  for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
+    QTest::mouseRelease(canvas, button, {}, {1, 30});
+  }
 }
 
 TEST_F(CanvasForm, OnFineDisplaysAPositionBelongsToThePixelThatItLiesIn) {
