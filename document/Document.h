@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "document/PictureBox.h"
 #include "document/Settings.h"
@@ -41,6 +43,13 @@ struct Document {
   bool UndoButtonEnabled = true;  ///< button 7 of tbToolBar
 
   bool SnapshotFailureTold = false;
+
+  std::vector<std::string> RescueCopies;  ///< paths that the user has yet to be told of
+  /// Maps of earlier runs that no folder took. While they are held, nothing replaces their files.
+  std::vector<std::unique_ptr<Leftover>> UnplacedLeftovers;
+  /// The map as it was when the session was about to end and the user, or a rescue copy, had
+  /// settled what becomes of it.
+  Picture DisposedMap;
 };
 
 }  // namespace morvane

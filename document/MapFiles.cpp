@@ -18,27 +18,28 @@ FileDialog MapDialog(const Document& document, const char* title) {
           .InitDir = document.settings.GetINIFileString("Map", "Dir", "")};
 }
 
-/// A save that failed: where, and why.
-struct FailedSave {
-  std::string path;
-  Failure reason;
-  bool Happened() const { return !reason.empty(); }
+/// What became of a save.
+struct SaveOutcome {
+  bool isSaved = false;
+  std::string path;  ///< empty if the user named none
+  Failure reason;    ///< empty if the user decided against it
 };
 
-FailedSave SaveTo(Document& document, const std::string& path) {
-  return {path, SavePicture(document.platform, document.Canvas.Image(), path)};
+SaveOutcome SaveTo(Document& document, const std::string& path) {
+  Failure reason = SavePicture(document.platform, document.Canvas.Image(), path);
+  return {reason.empty(), path, std::move(reason)};
 }
 
-FailedSave Save(Document& document) {
-  FailedSave failed = SaveTo(document, document.CurrentFile);
-  if (!failed.Happened()) {
+SaveOutcome Save(Document& document) {
+  SaveOutcome outcome = SaveTo(document, document.CurrentFile);
+  if (outcome.isSaved) {
     document.platform.MsgBox("Map saved as " + document.CurrentFile, BoxStyle::OkOnly,
                              kProgramName);
   }
-  return failed;
+  return outcome;
 }
 
-FailedSave SaveAs(Document& document) {
+SaveOutcome SaveAs(Document& document) {
   FileDialog dialog = MapDialog(document, "Save As");
   dialog.FileName = document.CurrentFile;
   const std::string path = document.platform.ShowSave(dialog);
@@ -48,25 +49,34 @@ FailedSave SaveAs(Document& document) {
                                "Warning") != Answer::Yes) {
     return {};
   }
-  FailedSave failed = SaveTo(document, path);
-  if (!failed.Happened()) {
+  SaveOutcome outcome = SaveTo(document, path);
+  if (outcome.isSaved) {
     document.CurrentFile = path;
     document.HasCurrentFile = true;
     SetTitle(document);
   }
-  return failed;
+  return outcome;
 }
 
-void Tell(Document& document, const FailedSave& failed) {
-  if (failed.Happened()) TellFileFailure(document.platform, kNotSaved, failed.path, failed.reason);
+/// What the user has to know of a save that was not done.
+std::string TextOf(const SaveOutcome& outcome) {
+  if (outcome.reason.empty()) return "The map was not saved.";
+  return std::string(kNotSaved) + "\n\n" + outcome.path + "\n\n" + outcome.reason;
+}
+
+void Tell(Document& document, const SaveOutcome& outcome) {
+  if (!outcome.reason.empty()) {
+    document.platform.MsgBox(TextOf(outcome), BoxStyle::OkExclamation, kProgramName);
+  }
 }
 
 /// The window goes away whatever happens, so the map is put somewhere first.
-void Rescue(Document& document, const FailedSave& failed) {
+void Rescue(Document& document, const SaveOutcome& outcome) {
   const std::string path = WriteRescueCopy(document);
-  const std::string outcome = path.empty() ? "It could not be written to any other folder either."
-                                           : "A rescue copy was saved as\n" + path;
-  TellFileFailure(document.platform, kNotSaved, failed.path, failed.reason + "\n\n" + outcome);
+  const std::string rescue = path.empty() ? "It could not be written to any other folder either."
+                                          : "A rescue copy was saved as\n" + path;
+  document.platform.MsgBox(TextOf(outcome) + "\n\n" + rescue, BoxStyle::OkExclamation,
+                           kProgramName);
 }
 
 }  // namespace
@@ -107,8 +117,8 @@ bool AskToSave(Document& document) {
   const Answer answer = document.platform.MsgBox("Do you want to save your map?",
                                                  BoxStyle::YesNoCancelQuestion, "Save?");
   if (answer == Answer::Yes) {
-    const FailedSave failed = document.HasCurrentFile ? Save(document) : SaveAs(document);
-    if (failed.Happened()) Rescue(document, failed);
+    const SaveOutcome outcome = document.HasCurrentFile ? Save(document) : SaveAs(document);
+    if (!outcome.isSaved) Rescue(document, outcome);
   }
   return answer == Answer::Cancel;
 }

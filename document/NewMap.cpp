@@ -1,5 +1,7 @@
 #include "document/NewMap.h"
 
+#include <algorithm>
+
 #include "document/Blit.h"
 #include "document/Grid.h"
 #include "document/MapFiles.h"
@@ -9,6 +11,7 @@ namespace {
 
 /// The box that the grid is drawn ahead for, so that a growing window finds it there.
 constexpr Size kDrawnAhead = {1432, 1168};
+constexpr Size kInsideDrawnAhead = {1428, 1164};
 constexpr int kColumnsAhead = 72;
 constexpr int kRowsAhead = 59;
 
@@ -34,6 +37,20 @@ void DrawGridAhead(PictureBox& canvas, Color color) {
 }
 
 }  // namespace
+
+bool IsBlankMap(const PictureView& map) {
+  const int line = GridLine(1);
+  const Color paperColor = GetPixel(map, 0, 0);
+  const Color lineColor = map.width > line    ? GetPixel(map, line, 0)
+                          : map.height > line ? GetPixel(map, 0, line)
+                                              : paperColor;
+  Picture blank(map.width, map.height, paperColor);
+  Surface ahead = blank.Draw();
+  ahead.width = std::min(ahead.width, kInsideDrawnAhead.width);
+  ahead.height = std::min(ahead.height, kInsideDrawnAhead.height);
+  DrawGrid(ahead, kColumnsAhead, kRowsAhead, lineColor);
+  return blank.View() == map;
+}
 
 void mnuFileNew_Click(Document& document) {
   if (document.platform.MsgBox("Are you sure?", BoxStyle::YesNoQuestion, "New map") !=

@@ -11,6 +11,14 @@ constexpr std::align_val_t kCacheLine{64};
 
 }  // namespace
 
+bool operator==(const PictureView& one, const PictureView& other) {
+  if (one.width != other.width || one.height != other.height) return false;
+  for (int y = 0; y < one.height; ++y) {
+    if (!std::equal(one.Row(y), one.Row(y) + one.width, other.Row(y))) return false;
+  }
+  return true;
+}
+
 Picture::Picture(int width, int height, Color fill) : Picture(Unpainted(width, height)) {
   std::fill_n(pixels_.get(), Pixels(), PixelOf(fill));
 }
@@ -26,11 +34,6 @@ Picture Picture::Unpainted(int width, int height) {
   const std::size_t bytes = picture.Pixels() * sizeof(Pixel);
   picture.pixels_.reset(static_cast<Pixel*>(::operator new(bytes, kCacheLine)));
   return picture;
-}
-
-bool operator==(const Picture& one, const Picture& other) {
-  return one.width_ == other.width_ && one.height_ == other.height_ &&
-         std::equal(one.pixels_.get(), one.pixels_.get() + one.Pixels(), other.pixels_.get());
 }
 
 void Picture::Release::operator()(Pixel* pixels) const {

@@ -21,6 +21,9 @@ struct PictureView {
 
   const Pixel* Row(int y) const { return pixels + static_cast<std::ptrdiff_t>(y) * stride; }
   Rect Bounds() const { return {0, 0, width, height}; }
+
+  /// Whether both show the same pixels.
+  friend bool operator==(const PictureView& one, const PictureView& other);
 };
 
 /// Pixels to draw on, owned by somebody else. Drawing is cut at the edges.
@@ -64,7 +67,9 @@ class Picture {
   PictureView View() const { return {pixels_.get(), width_, height_, width_}; }
   Surface Draw() { return {pixels_.get(), width_, height_, width_}; }
 
-  friend bool operator==(const Picture& one, const Picture& other);
+  friend bool operator==(const Picture& one, const Picture& other) {
+    return one.View() == other.View();
+  }
 
  private:
   struct Release {

@@ -1,22 +1,121 @@
 #include "document/Rescue.h"
 
+#include <array>
+#include <ctime>
+#include <functional>
+#include <utility>
+
+#include "document/Blit.h"
+#include "document/Bmp.h"
+#include "document/NewMap.h"
 #include "document/PictureFile.h"
 
 namespace morvane {
+namespace {
 
-std::string WriteRescueCopy(Document& document) {
+/// "Morvane rescue 2026-11-23 14.05", in local time.
+std::string RescueName(std::time_t painted) {
+  std::tm local{};
+  localtime_r(&painted, &local);
+  std::array<char, 64> name{};
+  std::strftime(name.data(), name.size(), "Morvane rescue %Y-%m-%d %H.%M", &local);
+  return name.data();
+}
+
+/// Puts a file into the first rescue folder that takes it, under a name that is new there.
+std::string PlaceRescueFile(Platform& platform, std::time_t painted,
+                            const std::function<Placing(const std::string& path)>& place) {
   constexpr int kMostNames = 100;
-  Platform& platform = document.platform;
   for (const std::string& folder : platform.RescueFolders()) {
-    const std::string stem = WithTrailingBackslash(folder) + "Morvane rescue";
-    std::string path = stem + ".bmp";
-    for (int i = 2; platform.FileExists(path) && i <= kMostNames; ++i) {
-      path = stem + " " + std::to_string(i) + ".bmp";
+    const std::string stem = WithTrailingBackslash(folder) + RescueName(painted);
+    for (int i = 1; i <= kMostNames; ++i) {
+      const std::string path = stem + (i == 1 ? "" : " (" + std::to_string(i) + ")") + ".bmp";
+      const Placing placing = place(path);
+      if (placing == Placing::Done) return path;
+      if (placing == Placing::Failed) break;
     }
-    if (platform.FileExists(path)) continue;
-    if (SavePicture(platform, document.Canvas.Image(), path).empty()) return path;
   }
   return {};
+}
+
+bool IsInItsFile(Document& document) {
+  if (!document.HasCurrentFile) return false;
+  Result<Picture> file = LoadPicture(document.platform, document.CurrentFile);
+  if (!file.Ok()) return false;
+  // A file that is smaller than the map was opened onto white.
+  const PictureView map = document.Canvas.Image();
+  const PictureView saved = file.Value().View();
+  if (saved.width > map.width || saved.height > map.height) return false;
+  Picture shown(map.width, map.height);
+  BitBlt(shown.Draw(), 0, 0, saved.width, saved.height, saved, 0, 0);
+  return shown.View() == map;
+}
+
+bool IsUnsaved(Document& document) {
+  const PictureView map = document.Canvas.Image();
+  return !IsBlankMap(map) && !(document.DisposedMap.View() == map) && !IsInItsFile(document);
+}
+
+/// Whether a file holds a complete map on which something was painted.
+bool IsWorthKeeping(ByteSource& file) {
+  bool isPainted = false;
+  WithinMemory([&] {
+    if (!IsBmp(file)) return Failure();
+    Result<Picture> map = ReadBmp(file);
+    isPainted = map.Ok() && !IsBlankMap(map.Value().View());
+    return Failure();
+  });
+  return isPainted;
+}
+
+}  // namespace
+
+std::string WriteRescueCopy(Document& document) {
+  Platform& platform = document.platform;
+  return PlaceRescueFile(platform, std::time(nullptr), [&](const std::string& path) {
+    BmpEncoder map(document.Canvas.Image());
+    return platform.WriteNewFile(path, map);
+  });
+}
+
+bool RescueUnsavedMap(Document& document) {
+  if (!IsUnsaved(document)) return true;
+  const std::string path = WriteRescueCopy(document);
+  if (path.empty()) return false;
+  document.platform.NoteRescueCopy(path);
+  return true;
+}
+
+void RescueLeftovers(Document& document) {
+  Platform& platform = document.platform;
+  for (std::unique_ptr<Leftover>& leftover : platform.FindLeftovers()) {
+    if (IsWorthKeeping(*leftover)) {
+      const std::string path =
+          PlaceRescueFile(platform, leftover->WrittenAt(), [&](const std::string& name) {
+            const Placing moved = leftover->MoveTo(name);
+            return moved == Placing::Failed ? platform.WriteNewFile(name, *leftover) : moved;
+          });
+      if (path.empty()) {
+        document.UnplacedLeftovers.push_back(std::move(leftover));
+        continue;
+      }
+      document.RescueCopies.push_back(path);
+    }
+    leftover->Delete();
+  }
+  for (std::string& path : platform.TakeRescueNotes()) {
+    if (platform.FileExists(path)) document.RescueCopies.push_back(std::move(path));
+  }
+}
+
+void ReportRescueCopies(Document& document) {
+  const std::vector<std::string> copies = std::exchange(document.RescueCopies, {});
+  if (copies.empty()) return;
+  std::string text = "Morvane did not end properly last time. ";
+  text += copies.size() == 1 ? "The map was saved as\n" : "The maps were saved as\n";
+  for (const std::string& path : copies) text += "\n" + path;
+  text += "\n\nThe last stroke may be missing.";
+  document.platform.MsgBox(text, BoxStyle::OkExclamation, kProgramName);
 }
 
 }  // namespace morvane

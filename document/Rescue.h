@@ -6,8 +6,19 @@
 
 namespace morvane {
 
-/// Saves the map under a new name in the first folder that takes it. Returns the path, or an empty
-/// text if no folder does.
+/// Saves the map under a new name, which says when that was, in the first folder that takes it.
+/// Returns the path, or an empty text if no folder does.
 std::string WriteRescueCopy(Document& document);
+
+/// Writes a rescue copy, to be reported by the next run, of a map that would be lost: one that
+/// isn't blank, differs from its file, and isn't DisposedMap. False if no folder takes it.
+bool RescueUnsavedMap(Document& document);
+
+/// Keeps the maps that earlier runs left behind as rescue copies. To be called before the first
+/// snapshot is taken.
+void RescueLeftovers(Document& document);
+
+/// Tells the user where the maps of runs that didn't end properly were saved, once.
+void ReportRescueCopies(Document& document);
 
 }  // namespace morvane

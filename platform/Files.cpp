@@ -65,6 +65,10 @@ Failure WhyNotReplaced(const std::filesystem::path& path, const struct stat& old
   return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 ? Failure() : SystemReason();
 }
 
+Descriptor OpenFolder(const std::filesystem::path& path) {
+  return Descriptor(open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+}
+
 }  // namespace
 
 Result<std::unique_ptr<ByteSource>> OpenNormalFile(const std::string& path) {
@@ -83,7 +87,7 @@ Failure ReplaceFile(const std::string& path, ByteSource& content) {
     Failure failure = WhyNotReplaced(target, old);
     if (!failure.empty()) return failure;
   }
-  const Descriptor folder(open(target.parent_path().c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+  const Descriptor folder = OpenFolder(target.parent_path());
   if (!folder.IsOpen()) {
     return errno == ENOENT ? "The folder doesn't exist." : SystemReason();
   }
@@ -92,8 +96,26 @@ Failure ReplaceFile(const std::string& path, ByteSource& content) {
   // Until it has the right mode, nobody else may look into it.
   Failure failure = file.Create(name, exists ? 0600 : 0666);
   if (failure.empty() && exists) file.TakeAfter(old);
-  if (failure.empty()) failure = file.Fill(content);
-  return failure.empty() ? file.RenameTo(name) : failure;
+  if (failure.empty()) failure = file.Fill(content, {});
+  if (failure.empty()) failure = file.Flush();
+  if (failure.empty()) failure = file.RenameTo(name);
+  if (failure.empty()) file.FlushFolder();
+  return failure;
+}
+
+Placing WriteNewFile(const std::string& path, ByteSource& content) {
+  const std::filesystem::path target = path;
+  const Descriptor folder = OpenFolder(target.parent_path());
+  if (!folder.IsOpen()) return Placing::Failed;
+  const std::string name = target.filename();
+  PassingFile file(folder.Number());
+  if (!file.Create(name, 0666).empty() || !file.Fill(content, {}).empty() ||
+      !file.Flush().empty()) {
+    return Placing::Failed;
+  }
+  const Placing placing = file.RenameToNew(name);
+  if (placing == Placing::Done) file.FlushFolder();
+  return placing;
 }
 
 }  // namespace morvane

@@ -17,4 +17,7 @@ Result<std::unique_ptr<ByteSource>> OpenNormalFile(const std::string& path);
 /// content.
 Failure ReplaceFile(const std::string& path, ByteSource& content);
 
+/// Writes a file in the same way under a name that must be new.
+Placing WriteNewFile(const std::string& path, ByteSource& content);
+
 }  // namespace morvane

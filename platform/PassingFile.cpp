@@ -8,15 +8,13 @@
 #include <cstdio>
 #include <utility>
 
-#include "platform/ChunkBuffer.h"
-
 namespace morvane {
 namespace {
 
 constexpr int kMostNames = 100;
 
 /// False and errno where the disk didn't take everything.
-bool Flush(int file) {
+bool FlushToDisk(int file) {
   int outcome = fsync(file);
   while (outcome != 0 && errno == EINTR) outcome = fsync(file);
   // Some volumes know no flushing.
@@ -41,7 +39,7 @@ Failure PassingFile::Create(const std::string& wishedName, mode_t mode) {
 }
 
 bool PassingFile::TryName(const std::string& name, mode_t mode) {
-  constexpr int kFlags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+  constexpr int kFlags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
   Descriptor file(openat(folder_, name.c_str(), kFlags, mode));
   if (!file.IsOpen()) return false;
   // Another save may have found the file before it was locked, and have taken it away.
@@ -56,13 +54,8 @@ bool PassingFile::TryName(const std::string& name, mode_t mode) {
 }
 
 void PassingFile::RemoveIfLeftBehind(const std::string& name) const {
-  constexpr int kFlags = O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
-  struct stat status {};
-  if (fstatat(folder_, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0 || !IsOurs(status)) return;
-  const Descriptor left(openat(folder_, name.c_str(), kFlags));
-  if (!left.IsOpen() || flock(left.Number(), LOCK_EX | LOCK_NB) != 0) return;
   // Who holds the lock of the file under the name is the only one to rename or remove it.
-  if (IsNameOf(folder_, name, left.Number())) unlinkat(folder_, name.c_str(), 0);
+  if (OpenAndLockOurs(folder_, name).IsOpen()) unlinkat(folder_, name.c_str(), 0);
 }
 
 void PassingFile::TakeAfter(const struct stat& other) {
@@ -73,24 +66,35 @@ void PassingFile::TakeAfter(const struct stat& other) {
   fchmod(file, other.st_mode & (hasGroup ? 0777U : 0707U));
 }
 
-Failure PassingFile::Fill(ByteSource& content) {
+Failure PassingFile::Fill(ByteSource& content, const ChunkBuffer& buffer) {
   const int file = file_.Number();
-  Failure failure =
-      ForEachChunk(content, {}, [file](std::size_t place, std::span<const std::uint8_t> bytes) {
-        return WriteAt(file, place, bytes) ? Failure() : SystemReason();
-      });
-  if (!failure.empty()) return failure;
-  return Flush(file) ? Failure() : SystemReason();
+  return ForEachChunk(content, buffer,
+                      [file](std::size_t place, std::span<const std::uint8_t> bytes) {
+                        return WriteAt(file, place, bytes) ? Failure() : SystemReason();
+                      });
+}
+
+Failure PassingFile::Flush() const {
+  return FlushToDisk(file_.Number()) ? Failure() : SystemReason();
 }
 
 Failure PassingFile::RenameTo(const std::string& name) {
   if (renameat(folder_, name_.c_str(), folder_, name.c_str()) != 0) return SystemReason();
   name_.clear();
-  // The file has its name already. Without this, a power cut could give the old one back, which is
-  // whole too; so a folder that can't be flushed is no failure.
-  const Descriptor folder(openat(folder_, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (folder.IsOpen()) Flush(folder.Number());
   return {};
+}
+
+Placing PassingFile::RenameToNew(const std::string& name) {
+  const Placing placing = morvane::RenameToNew(folder_, name_, folder_, name);
+  if (placing == Placing::Done) name_.clear();
+  return placing;
+}
+
+void PassingFile::FlushFolder() const {
+  // The file has its name already, and what a power cut could give back is whole too; so a folder
+  // that can't be flushed is no failure.
+  const Descriptor folder(openat(folder_, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (folder.IsOpen()) FlushToDisk(folder.Number());
 }
 
 }  // namespace morvane

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/ChunkBuffer.h"
 #include "platform/Platform.h"
 #include "platform/SystemFiles.h"
 
@@ -26,11 +27,18 @@ class PassingFile {
   Failure Create(const std::string& wishedName, mode_t mode);
   /// Gives the file the owner, the group and the mode of another one, as far as the system lets us.
   void TakeAfter(const struct stat& other);
-  /// Writes all the content and flushes it to the disk.
-  Failure Fill(ByteSource& content);
-  /// Takes the place of what bears the name in the folder, if anything does, and flushes the
-  /// folder.
+  /// Writes all the content, through a buffer.
+  Failure Fill(ByteSource& content, const ChunkBuffer& buffer);
+  /// Flushes the content to the disk.
+  Failure Flush() const;
+  /// Takes the place of what bears the name in the folder, if anything does.
   Failure RenameTo(const std::string& name);
+  /// Takes a name that nothing in the folder bears.
+  Placing RenameToNew(const std::string& name);
+  /// Flushes the folder: without this a power cut may undo the renaming.
+  void FlushFolder() const;
+  /// The file, still open and locked, to be kept by the caller after renaming.
+  Descriptor Release() { return std::move(file_); }
 
  private:
   bool TryName(const std::string& name, mode_t mode);

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <ctime>
 #include <memory>
 #include <span>
 #include <string>
@@ -57,6 +58,20 @@ inline constexpr std::size_t kChunkBytes = std::size_t{256} << 10U;
 inline constexpr long long kMostFileBytes = 420'000'000;
 inline constexpr const char* kTooLargeFile = "The file is too large.";
 
+/// Whether a file could be put under a name that must be new.
+enum class Placing { Done, NameTaken, Failed };
+
+/// A snapshot that an earlier run left behind. It is locked while this object lives, so that no
+/// other run takes it.
+class Leftover : public ByteSource {
+ public:
+  virtual std::time_t WrittenAt() const = 0;
+  /// Renames the file, and never replaces another one. Fails between two volumes.
+  virtual Placing MoveTo(const std::string& path) = 0;
+  /// Deletes the file if it hasn't been renamed.
+  virtual void Delete() = 0;
+};
+
 /// Buttons and icon of a message box.
 enum class BoxStyle {
   OkOnly = 0,
@@ -105,6 +120,8 @@ class Platform {
   virtual Result<std::unique_ptr<ByteSource>> OpenFile(const std::string& path) = 0;
   /// Puts the bytes in the place of a file, all or nothing: after a failure the old file is intact.
   virtual Failure WriteFile(const std::string& path, ByteSource& content) = 0;
+  /// Writes a new file as a whole; never replaces one that exists.
+  virtual Placing WriteNewFile(const std::string& path, ByteSource& content) = 0;
   /// The names of the folders in a folder, in natural order. One that can't be read has none.
   virtual std::vector<std::string> ListFolders(const std::string& folder) = 0;
   /// The roots of the mounted volumes, that of the system first.
@@ -113,8 +130,12 @@ class Platform {
   /// in natural order. A folder that can't be read has none.
   virtual std::vector<std::string> ListFiles(const std::string& folder,
                                              const std::string& pattern) = 0;
-  /// Where a map that can't be saved may be rescued to, best first.
+  /// The folders for rescue copies, best first.
   virtual std::vector<std::string> RescueFolders() = 0;
+  /// Remembers a rescue copy that the next run has to report.
+  virtual void NoteRescueCopy(const std::string& path) = 0;
+  /// The rescue copies that earlier runs have noted. Each is given once.
+  virtual std::vector<std::string> TakeRescueNotes() = 0;
 
   /// One value of a private-profile file, at most size - 1 bytes of it.
   virtual std::string GetPrivateProfileString(const std::string& section, const std::string& key,
@@ -132,6 +153,9 @@ class Platform {
   /// Whether nobody has touched the snapshot since it was written.
   virtual bool IsSnapshotUntouched() = 0;
   virtual void DeleteSnapshot() = 0;
+  /// The complete or damaged snapshots of this user's earlier runs. To be asked for before the
+  /// first snapshot is written, which replaces the one in the current directory.
+  virtual std::vector<std::unique_ptr<Leftover>> FindLeftovers() = 0;
 
   /// Decodes a picture of any format but BMP, laid over white. One that takes more than two seconds
   /// is given up.

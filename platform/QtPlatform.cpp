@@ -10,8 +10,10 @@
 #include "document/ByteSources.h"
 #include "platform/Files.h"
 #include "platform/Folders.h"
+#include "platform/Leftovers.h"
 #include "platform/PictureDecoding.h"
 #include "platform/PrivateProfile.h"
+#include "platform/RescueNotes.h"
 #include "platform/TextDrawing.h"
 
 namespace morvane {
@@ -91,6 +93,10 @@ Failure QtPlatform::WriteFile(const std::string& path, ByteSource& content) {
   return ReplaceFile(path, content);
 }
 
+Placing QtPlatform::WriteNewFile(const std::string& path, ByteSource& content) {
+  return morvane::WriteNewFile(path, content);
+}
+
 std::vector<std::string> QtPlatform::ListFolders(const std::string& folder) {
   return FoldersIn(folder);
 }
@@ -106,11 +112,20 @@ std::vector<std::string> QtPlatform::ListFiles(const std::string& folder,
 
 std::vector<std::string> QtPlatform::RescueFolders() {
   std::vector<std::string> folders;
-  for (const QString& folder : {QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
-                                QDir::homePath(), QDir::currentPath(), QDir::tempPath()}) {
+  for (const QString& folder :
+       {QDir::currentPath(), QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
+        QDir::homePath(), QDir::tempPath()}) {
     if (!folder.isEmpty()) folders.push_back(folder.toStdString());
   }
   return folders;
+}
+
+void QtPlatform::NoteRescueCopy(const std::string& path) {
+  WriteRescueNote(path);
+}
+
+std::vector<std::string> QtPlatform::TakeRescueNotes() {
+  return morvane::TakeRescueNotes();
 }
 
 std::string QtPlatform::GetPrivateProfileString(const std::string& section, const std::string& key,
@@ -152,6 +167,10 @@ bool QtPlatform::IsSnapshotUntouched() {
 
 void QtPlatform::DeleteSnapshot() {
   snapshot_.Delete();
+}
+
+std::vector<std::unique_ptr<Leftover>> QtPlatform::FindLeftovers() {
+  return LeftoverSnapshots();
 }
 
 Result<Picture> QtPlatform::DecodePicture(Bytes content) {

@@ -32,7 +32,10 @@ class QtPlatform : public Platform {
   std::vector<std::string> ListDrives() override;
   std::vector<std::string> ListFiles(const std::string& folder,
                                      const std::string& pattern) override;
+  Placing WriteNewFile(const std::string& path, ByteSource& content) override;
   std::vector<std::string> RescueFolders() override;
+  void NoteRescueCopy(const std::string& path) override;
+  std::vector<std::string> TakeRescueNotes() override;
   std::string GetPrivateProfileString(const std::string& section, const std::string& key,
                                       const std::string& dv, std::size_t size,
                                       const std::string& path) override;
@@ -42,6 +45,7 @@ class QtPlatform : public Platform {
   Result<std::unique_ptr<ByteSource>> OpenSnapshot() override;
   bool IsSnapshotUntouched() override;
   void DeleteSnapshot() override;
+  std::vector<std::unique_ptr<Leftover>> FindLeftovers() override;
   Result<Picture> DecodePicture(Bytes content) override;
   bool EditText(std::string& text) override;
   void DrawText(const std::string& text, Picture& picture) override;

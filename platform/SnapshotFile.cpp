@@ -6,20 +6,15 @@
 #include <unistd.h>
 
 #include <QDir>
+#include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 #include <utility>
 
-#include "platform/SystemFiles.h"
+#include "platform/PassingFile.h"
+#include "platform/PrivateFolders.h"
 
 namespace morvane {
 namespace {
-
-constexpr const char* kName = "/mvtmp.~mp";
-
-Failure ReasonFor(const std::string& path) {
-  return path + ": " + SystemReason();
-}
 
 /// Locks the file for this process. On a volume without locks nobody holds anything.
 bool IsHeldByOthers(int file) {
@@ -47,90 +42,129 @@ class HeldFile : public ByteSource {
 
 }  // namespace
 
-SnapshotFile::~SnapshotFile() {
-  Delete();
-}
-
 Failure SnapshotFile::Write(ByteSource& content) {
   size_ = 0;
-  if (file_ < 0 && !OpenInCurrentDirectory().empty()) {
-    Failure failure = OpenInPrivateFolder();
-    if (!failure.empty()) return failure;
+  Failure failure = place_.IsOpen() ? Failure() : place_.OpenInCurrentDirectory();
+  if (failure.empty()) failure = place_.Write(content, chunk_);
+  if (!failure.empty() && !WriteToPrivateFolder(content)) return failure;
+  struct stat status {};
+  fstat(place_.File(), &status);
+  changed_ = status.st_ctim;
+  size_ = content.Size();
+  return {};
+}
+
+/// A full disk here may not be full there.
+bool SnapshotFile::WriteToPrivateFolder(ByteSource& content) {
+  for (const std::string& folder : PrivateFolders()) {
+    Place place;
+    if (!place.OpenInPrivateFolder(folder).empty()) continue;
+    if (place.Write(content, chunk_).empty()) {
+      place_.Delete();
+      place_ = std::move(place);
+      return true;
+    }
+    place.Delete();
   }
-  Failure failure = Overwrite(content);
-  if (!failure.empty() && !isPrivate_) {
-    // A full disk here may not be full there.
-    Delete();
-    if (!OpenInPrivateFolder().empty()) return failure;
-    failure = Overwrite(content);
-  }
-  if (failure.empty()) size_ = content.Size();
-  return failure;
+  return false;
 }
 
 Result<std::unique_ptr<ByteSource>> SnapshotFile::Read() const {
   using Opened = Result<std::unique_ptr<ByteSource>>;
   if (size_ == 0) return Opened::Failed("No earlier state of the map was kept.");
-  return Opened(std::make_unique<HeldFile>(file_, size_, path_));
+  return Opened(std::make_unique<HeldFile>(place_.File(), size_, place_.Path()));
 }
 
 bool SnapshotFile::IsUntouched() const {
   struct stat status {};
-  return size_ > 0 && fstat(file_, &status) == 0 && status.st_size == static_cast<off_t>(size_) &&
-         status.st_ctim.tv_sec == changed_.tv_sec && status.st_ctim.tv_nsec == changed_.tv_nsec;
+  return size_ > 0 && fstat(place_.File(), &status) == 0 &&
+         status.st_size == static_cast<off_t>(size_) && status.st_ctim.tv_sec == changed_.tv_sec &&
+         status.st_ctim.tv_nsec == changed_.tv_nsec;
 }
 
 void SnapshotFile::Delete() {
   size_ = 0;
-  if (file_ < 0) return;
-  if (IsNameOf(AT_FDCWD, path_, file_)) unlink(path_.c_str());
-  close(std::exchange(file_, -1));
-  isPrivate_ = false;
+  place_.Delete();
 }
 
-Failure SnapshotFile::OpenInCurrentDirectory() {
-  const std::string folder = QDir::currentPath().toStdString();
-  return folder.empty() ? "The start folder is gone." : Open(folder + kName);
+Failure SnapshotFile::Place::OpenInCurrentDirectory() {
+  folderPath_ = QDir::currentPath().toStdString();
+  if (folderPath_.empty()) return "The start folder is gone.";
+  folder_ = Descriptor(open(folderPath_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+  return folder_.IsOpen() ? Open(O_CREAT) : Reason();
 }
 
-Failure SnapshotFile::OpenInPrivateFolder() {
-  std::string folder = QDir::tempPath().toStdString() + "/morvane-XXXXXX";
-  if (mkdtemp(folder.data()) == nullptr) return ReasonFor(folder);
-  Failure failure = Open(folder + kName);
-  // Nobody else needs the name, and so nothing is left behind however the process ends.
-  if (failure.empty()) unlink(path_.c_str());
-  rmdir(folder.c_str());
-  isPrivate_ = failure.empty();
+Failure SnapshotFile::Place::OpenInPrivateFolder(const std::string& folder) {
+  constexpr int kMostNames = 100;
+  folderPath_ = folder;
+  folder_ = MakePrivateFolder(folder);
+  isPrivate_ = true;
+  Failure failure = folder_.IsOpen() ? Failure() : Reason();
+  for (int i = 1; folder_.IsOpen() && !IsOpen() && i <= kMostNames; ++i) {
+    name_ = kSnapshotName + ('.' + std::to_string(i));
+    // What lies there already is another run's.
+    failure = Open(O_CREAT | O_EXCL);
+  }
   return failure;
 }
 
-Failure SnapshotFile::Open(const std::string& path) {
-  const int file = open(path.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK, 0600);
-  if (file < 0) return ReasonFor(path);
+Failure SnapshotFile::Place::Open(int flags) {
+  constexpr int kFlags = O_RDWR | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK;
+  Descriptor file(openat(folder_.Number(), name_.c_str(), kFlags | flags, 0600));
+  if (!file.IsOpen()) return Reason();
   struct stat status {};
-  if (fstat(file, &status) != 0 || !IsOurs(status) || IsHeldByOthers(file)) {
-    close(file);
-    return path + " is in use.";
+  if (fstat(file.Number(), &status) != 0 || !IsOurs(status) || IsHeldByOthers(file.Number()) ||
+      !IsNameOf(folder_.Number(), name_, file.Number())) {
+    return Path() + " is in use.";
   }
-  file_ = file;
-  path_ = path;
+  file_ = std::move(file);
   return {};
 }
 
-Failure SnapshotFile::Overwrite(ByteSource& content) {
+Failure SnapshotFile::Place::Write(ByteSource& content, const ChunkBuffer& chunk) {
+  Head head{};
+  Failure failure = content.ReadAt(0, std::span(head).first(std::min(head.size(), content.Size())));
+  if (!failure.empty()) return failure;
+  // A write that is cut off leaves rows of two maps. That is a map only if both have the same form.
+  failure = head == head_ ? Overwrite(content, chunk) : Replace(content, chunk);
+  if (failure.empty()) head_ = head;
+  return failure;
+}
+
+Failure SnapshotFile::Place::Overwrite(ByteSource& content, const ChunkBuffer& chunk) {
   Failure failure =
-      ForEachChunk(content, chunk_, [this](std::size_t place, std::span<const std::uint8_t> bytes) {
-        return WriteAt(file_, place, bytes) ? Failure() : ReasonFor(path_);
+      ForEachChunk(content, chunk, [this](std::size_t place, std::span<const std::uint8_t> bytes) {
+        return WriteAt(File(), place, bytes) ? Failure() : Reason();
       });
   if (!failure.empty()) return failure;
   const auto size = static_cast<off_t>(content.Size());
   struct stat status {};
-  bool isDone = fstat(file_, &status) == 0;
-  if (isDone && status.st_size != size) {
-    isDone = ftruncate(file_, size) == 0 && fstat(file_, &status) == 0;
-  }
-  changed_ = status.st_ctim;
-  return isDone ? Failure() : ReasonFor(path_);
+  bool isDone = fstat(File(), &status) == 0;
+  if (isDone && status.st_size != size) isDone = ftruncate(File(), size) == 0;
+  return isDone ? Failure() : Reason();
+}
+
+Failure SnapshotFile::Place::Replace(ByteSource& content, const ChunkBuffer& chunk) {
+  // Something else may have taken the name since.
+  if (!IsNameOf(folder_.Number(), name_, File())) return Overwrite(content, chunk);
+  PassingFile fresh(folder_.Number());
+  Failure failure = fresh.Create(name_, 0600);
+  if (failure.empty()) failure = fresh.Fill(content, chunk);
+  if (failure.empty()) failure = fresh.RenameTo(name_);
+  if (!failure.empty()) return Path() + ": " + failure;
+  file_ = fresh.Release();
+  return {};
+}
+
+void SnapshotFile::Place::Delete() {
+  if (!IsOpen()) return;
+  if (IsNameOf(folder_.Number(), name_, File())) unlinkat(folder_.Number(), name_.c_str(), 0);
+  if (isPrivate_) rmdir(folderPath_.c_str());
+  *this = Place();
+}
+
+Failure SnapshotFile::Place::Reason() const {
+  return Path() + ": " + SystemReason();
 }
 
 }  // namespace morvane

@@ -1,9 +1,11 @@
 #include "platform/SystemFiles.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 
 namespace morvane {
@@ -22,6 +24,32 @@ bool IsNameOf(int folder, const std::string& name, int file) {
   return fstat(file, &held) == 0 &&
          fstatat(folder, name.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
          held.st_ino == named.st_ino && held.st_dev == named.st_dev;
+}
+
+Descriptor OpenAndLockOurs(int folder, const std::string& name) {
+  constexpr int kFlags = O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+  struct stat status {};
+  // Opening a device could have an effect, so the name is looked at first.
+  if (fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0 || !IsOurs(status))
+    return {};
+  Descriptor file(openat(folder, name.c_str(), kFlags));
+  const bool isHeld = file.IsOpen() && flock(file.Number(), LOCK_EX | LOCK_NB) == 0 &&
+                      fstat(file.Number(), &status) == 0 && IsOurs(status) &&
+                      IsNameOf(folder, name, file.Number());
+  return isHeld ? std::move(file) : Descriptor();
+}
+
+Placing RenameToNew(int folder, const std::string& name, int newFolder,
+                    const std::string& newName) {
+  if (renameat2(folder, name.c_str(), newFolder, newName.c_str(), RENAME_NOREPLACE) == 0) {
+    return Placing::Done;
+  }
+  // Some volumes can't rename in this way, but know links.
+  if (errno == EINVAL && linkat(folder, name.c_str(), newFolder, newName.c_str(), 0) == 0) {
+    unlinkat(folder, name.c_str(), 0);
+    return Placing::Done;
+  }
+  return errno == EEXIST ? Placing::NameTaken : Placing::Failed;
 }
 
 Failure SystemReason() {

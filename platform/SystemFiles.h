@@ -37,6 +37,13 @@ bool IsOurs(const struct stat& file);
 /// Whether an entry of a folder is the very file that is open, not one that took its name since.
 bool IsNameOf(int folder, const std::string& name, int file);
 
+/// Opens a file of this user for reading and writing, and locks it for this process. Not open where
+/// there is none, where it isn't ours, or where another process holds it.
+Descriptor OpenAndLockOurs(int folder, const std::string& name);
+
+/// Renames a file, and never replaces another one. Relative paths start at their folders.
+Placing RenameToNew(int folder, const std::string& name, int newFolder, const std::string& newName);
+
 /// Why the system just refused, in its own words.
 Failure SystemReason();
 

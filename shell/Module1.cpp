@@ -10,6 +10,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -18,6 +19,7 @@
 #include "platform/QtPlatform.h"
 #include "shell/ArtSheets.h"
 #include "shell/FocusStyle.h"
+#include "shell/UnaskedEnd.h"
 #include "shell/WholeScale.h"
 #include "shell/frmMain.h"
 #include "shell/frmSplash.h"
@@ -43,27 +45,34 @@ void ForgetDialogHistory() {
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
 }
 
-/// Opens a map once the window stands where the desktop put it: dialogs lie over the window.
-class OpenWhenShown : public QObject {
+/// Calls a function once the window stands where the desktop put it: dialogs lie over the window.
+class WhenShown : public QObject {
  public:
-  OpenWhenShown(frmMain& window, std::string path)
-      : QObject(&window), window_(window), path_(std::move(path)) {
-    window.windowHandle()->installEventFilter(this);
+  WhenShown(QWidget& window, std::function<void()> function)
+      : QObject(&window), window_(*window.windowHandle()), function_(std::move(function)) {
+    window_.installEventFilter(this);
   }
 
  protected:
   bool eventFilter(QObject* /*shown*/, QEvent* event) override {
-    if (event->type() == QEvent::Expose && window_.windowHandle()->isExposed()) {
-      window_.windowHandle()->removeEventFilter(this);
-      QTimer::singleShot(0, this, [this] { window_.Open(path_); });
+    if (event->type() == QEvent::Expose && window_.isExposed()) {
+      window_.removeEventFilter(this);
+      QTimer::singleShot(0, this, function_);
     }
     return false;
   }
 
  private:
-  frmMain& window_;
-  std::string path_;
+  QWindow& window_;
+  std::function<void()> function_;
 };
+
+/// What the toolkit left over of the arguments is a map that was chosen in a file manager.
+void OpenArgument(frmMain& window, const char* argument) {
+  std::error_code folderIsGone;
+  const std::filesystem::path path = std::filesystem::absolute(argument, folderIsGone);
+  window.Open(folderIsGone ? argument : path.string());
+}
 
 }  // namespace
 
@@ -100,18 +109,17 @@ int RunMorvane(int argc, char** argv) {
     return true;
   });
   window.Prepare();
+  const UnaskedEnd unaskedEnd(form);
 
   Count();
   const qint64 rest = kShortestSplash - shown.elapsed();
   if (rest > 0) QThread::msleep(static_cast<unsigned long>(rest));
   splash->close();
   window.show();
-  // What the toolkit left over is a map that was chosen in a file manager.
-  if (argc > 1) {
-    std::error_code folderIsGone;
-    const std::filesystem::path path = std::filesystem::absolute(argv[1], folderIsGone);
-    new OpenWhenShown(window, folderIsGone ? argv[1] : path.string());
-  }
+  new WhenShown(window, [&] {
+    window.ReportRescueCopies();
+    if (argc > 1) OpenArgument(window, argv[1]);
+  });
   const int status = QApplication::exec();
   // A decoder that hangs in a picture given up long ago would be caught by the end of the program.
   if (IsStillDecoding()) std::_Exit(status);

@@ -10,6 +10,7 @@
 #include "document/MapFiles.h"
 #include "document/NewMap.h"
 #include "document/Printing.h"
+#include "document/Rescue.h"
 #include "document/Undo.h"
 #include "palette/CustomTiles.h"
 #include "palette/PalettePages.h"
@@ -111,6 +112,10 @@ void frmMain::Prepare() {
 
 void frmMain::Open(const std::string& path) {
   Run([&] { OpenMap(form_.document, path); });
+}
+
+void frmMain::ReportRescueCopies() {
+  Run([&] { morvane::ReportRescueCopies(form_.document); });
 }
 
 void frmMain::ConnectEvents() {

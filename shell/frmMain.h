@@ -31,6 +31,9 @@ class frmMain : public QMainWindow {
   /// Opens a map that the user has chosen outside, by its absolute path.
   void Open(const std::string& path);
 
+  /// Tells the user where maps of earlier runs were saved, if there are any to be told of.
+  void ReportRescueCopies();
+
   /// Brings every control up to date.
   void ShowState();
 

@@ -1,6 +1,9 @@
 #include "tools/MainForm.h"
 
+#include "document/Bmp.h"
 #include "document/MapFiles.h"
+#include "document/PictureFile.h"
+#include "document/Rescue.h"
 #include "document/Snapshot.h"
 #include "palette/PalettePages.h"
 #include "palette/TileSelection.h"
@@ -21,6 +24,7 @@ void MainForm::Form_Load() {
   ShowStamp(palette, *FindItem("pbfloor"));
   document.pbclear.SetWidth(document.Canvas.Width());
   document.pbclear.SetHeight(document.Canvas.Height());
+  RescueLeftovers(document);
   TakeSnapshot(document);
   document.settings.StartDir = platform.CurrentDirectory();
 }
@@ -44,7 +48,27 @@ bool MainForm::Form_Unload() {
 }
 
 void MainForm::EndRun() {
+  hasEnded_ = true;
   document.platform.DeleteSnapshot();
+}
+
+void MainForm::EndUnasked() {
+  if (hasEnded_) return;
+  hasEnded_ = true;
+  WithinMemory([this] {
+    // If a rescue copy takes too long or fails, the next run finds the whole map here.
+    BmpEncoder map(document.Canvas.Image());
+    document.platform.WriteSnapshot(map);
+    if (RescueUnsavedMap(document)) document.platform.DeleteSnapshot();
+    return Failure();
+  });
+}
+
+bool MainForm::SessionEnds(bool mayAsk) {
+  if (mayAsk && Form_Unload()) return true;
+  if (!mayAsk && !RescueUnsavedMap(document)) return false;
+  document.DisposedMap = Picture(document.Canvas.Image());
+  return false;
 }
 
 }  // namespace morvane

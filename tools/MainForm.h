@@ -29,9 +29,20 @@ struct MainForm {
   /// All windows are closed: takes away what the run kept on disk.
   void EndRun();
 
+  bool HasEnded() const { return hasEnded_; }
+
+  /// The process ends at once, with nobody to ask: keeps a map that would be lost. Does nothing
+  /// after the run has ended.
+  void EndUnasked();
+
+  /// The desktop session is about to end, and may yet go on. Asks the exit question where that is
+  /// allowed, else keeps a map that would be lost. Returns whether the user cancels the end.
+  bool SessionEnds(bool mayAsk);
+
  private:
   void Form_Load();
 
+  bool hasEnded_ = false;
   Size scale_ = kClientSize;
 };
 

@@ -17,6 +17,11 @@ struct MapFiles : testing::Test, Editor {
 
   MapFiles() { BitBlt(document.Canvas.hDC(), 0, 0, 60, 60, drawn.View(), 0, 0); }
 
+  std::set<std::string> Paths() const {
+    std::set<std::string> paths;
+    for (const auto& [path, content] : platform.files) paths.insert(path);
+    return paths;
+  }
   void HaveFile(const std::string& path) {
     document.CurrentFile = path;
     document.HasCurrentFile = true;
@@ -139,28 +144,47 @@ TEST_F(MapFiles, ExitAlwaysAsks) {
 }
 
 TEST_F(MapFiles, ExitWithYesSaves) {
-  platform.answers = {Answer::Yes, Answer::Yes};
-  EXPECT_FALSE(form.Form_Unload());  // the dialog is cancelled, the exit goes on
-  EXPECT_TRUE(platform.files.empty());
   platform.chosenFiles = {"/maps/new.bmp"};
+  platform.answers = {Answer::Yes, Answer::Yes};
   EXPECT_FALSE(form.Form_Unload());
   EXPECT_TRUE(platform.files.contains("/maps/new.bmp"));
-  EXPECT_EQ(platform.boxes.size(), 2U);
-  platform.answers = {Answer::Yes};
+  EXPECT_EQ(platform.boxes.size(), 1U);
   EXPECT_FALSE(form.Form_Unload());
   EXPECT_EQ(platform.boxes.back().text, "Map saved as /maps/new.bmp");
+  EXPECT_EQ(platform.files.size(), 1U);
 }
 
-TEST_F(MapFiles, AFailedSaveAtExitLeavesARescueCopy) {
+TEST_F(MapFiles, ExitWithYesAndNothingSavedLeavesARescueCopy) {
+  const Bytes map = WriteBmp(document.Canvas.Image());
+  const auto exit = [this](const std::string& beginning) {
+    const std::set<std::string> before = Paths();
+    EXPECT_FALSE(form.Form_Unload());
+    const std::string& text = platform.boxes.back().text;
+    const std::string copy = text.substr(text.rfind('\n') + 1);
+    EXPECT_EQ(text, beginning + "\n\nA rescue copy was saved as\n" + copy);
+    EXPECT_FALSE(before.contains(copy)) << copy;
+    return copy;
+  };
+  platform.answers = {Answer::Yes};  // and no file chosen
+  const std::string first = exit("The map was not saved.");
+  EXPECT_TRUE(first.starts_with("/home/Morvane rescue 20")) << first;
+  EXPECT_EQ(platform.files[first], map);
+
+  platform.files["/maps/old.bmp"] = {1};
+  platform.chosenFiles = {"/maps/old.bmp"};
+  platform.answers = {Answer::Yes, Answer::No};
+  const std::string second = exit("The map was not saved.");
+  EXPECT_EQ(platform.files[second], map);
+  EXPECT_EQ(platform.files["/maps/old.bmp"], Bytes{1});
+
   HaveFile("/maps/a.bmp");
   platform.unwritable = {"/maps", "/home"};
-  platform.files["/tmp/Morvane rescue.bmp"] = {5};
   platform.answers = {Answer::Yes};
-  EXPECT_FALSE(form.Form_Unload());
-  EXPECT_EQ(platform.files["/tmp/Morvane rescue 2.bmp"], WriteBmp(document.Canvas.Image()));
-  EXPECT_EQ(platform.files["/tmp/Morvane rescue.bmp"], Bytes{5});
-  EXPECT_NE(platform.boxes.back().text.find("/tmp/Morvane rescue 2.bmp"), std::string::npos);
-  EXPECT_NE(platform.boxes.back().text.find("No space left on device"), std::string::npos);
+  const std::string third =
+      exit("The map could not be saved.\n\n/maps/a.bmp\n\nNo space left on device");
+  EXPECT_TRUE(third.starts_with("/tmp/Morvane rescue 20")) << third;
+  EXPECT_EQ(platform.files[third], map);
+  EXPECT_TRUE(platform.rescueNotes.empty());  // the user knows already
 }
 
 }  // namespace

@@ -78,6 +78,7 @@ TEST_F(Runs, OneThatWasKilledIsNoHindrance) {
   });
   ASSERT_EQ(outcome, 128 + SIGKILL);
   EXPECT_EQ(NamesIn("."), kSnapshot);
+  const Picture left = MapIn(folder.File(kSnapshot));
   // A save was cut off too; the rest only looks like it.
   for (const char* name : {".morvane-save-1", ".morvane-save-x", "map.bmp.AbCdEf", "other.~mp"}) {
     std::ofstream(name) << "half";
@@ -85,8 +86,13 @@ TEST_F(Runs, OneThatWasKilledIsNoHindrance) {
   std::filesystem::create_symlink("other.~mp", ".morvane-save-2");
   std::filesystem::create_hard_link("other.~mp", ".morvane-save-3");
   std::filesystem::create_directory(".morvane-save-4");
-  const auto next = RunInChild([this] {
+  const auto next = RunInChild([&] {
     Painter painter;
+    const std::vector<std::string>& copies = painter.form.document.RescueCopies;
+    ASSERT_EQ(copies.size(), 1U);
+    EXPECT_TRUE(copies[0].starts_with(folder.File("Morvane rescue 20"))) << copies[0];
+    EXPECT_EQ(MapIn(copies[0]), left);
+    std::filesystem::remove(copies[0]);
     painter.PaintAndUndo(0, 3);
     EXPECT_EQ(SavePicture(painter.platform, painter.Map().View(), folder.File("map.bmp")), "");
     EXPECT_EQ(MapIn(folder.File("map.bmp")), painter.Map());

@@ -89,11 +89,11 @@ TEST_F(SnapshotFileTest, NothingThatWasPlantedIsWrittenThrough) {
 
 TEST_F(SnapshotFileTest, AFolderThatCannotBeWrittenIsNoHindranceButTwoAre) {
   QDir::setCurrent("/proc");
-  qputenv("TMPDIR", "/proc");
+  for (const char* variable : {"TMPDIR", "XDG_STATE_HOME"}) qputenv(variable, "/proc");
   SnapshotFile file;
   EXPECT_NE(Write(file, first), "");
   EXPECT_EQ(Read(file), Bytes());
-  qunsetenv("TMPDIR");
+  for (const char* variable : {"TMPDIR", "XDG_STATE_HOME"}) qunsetenv(variable);
   EXPECT_EQ(Write(file, first), "");
   EXPECT_EQ(Read(file), first);
 }

@@ -80,6 +80,9 @@ class FakePlatform : public Platform, public DialogScript {
   int snapshots = 0;  ///< written so far
   int foldersRead = 0;
   Bytes snapshot;
+  std::vector<std::string> rescueNotes;
+  Bytes leftover;  ///< of an earlier run
+  std::string leftoverFolder = "/start";
   Failure printFailure;
   std::vector<Picture> printed;
   std::function<void()> onShowState;
@@ -117,7 +120,14 @@ class FakePlatform : public Platform, public DialogScript {
     for (const auto& [path, content] : files) paths.insert(path);
     return NamesIn(folder, paths);
   }
+  Placing WriteNewFile(const std::string& path, ByteSource& content) override {
+    if (files.contains(path)) return Placing::NameTaken;
+    return WriteFile(path, content).empty() ? Placing::Done : Placing::Failed;
+  }
   std::vector<std::string> RescueFolders() override { return {"/home", "/tmp"}; }
+  void NoteRescueCopy(const std::string& path) override { rescueNotes.push_back(path); }
+  std::vector<std::string> TakeRescueNotes() override { return std::exchange(rescueNotes, {}); }
+  std::vector<std::unique_ptr<Leftover>> FindLeftovers() override;
   std::string GetPrivateProfileString(const std::string& section, const std::string& key,
                                       const std::string& dv, std::size_t,
                                       const std::string& path) override {
@@ -178,5 +188,34 @@ class FakePlatform : public Platform, public DialogScript {
     return names;
   }
 };
+
+class FakeLeftover : public Leftover {
+ public:
+  explicit FakeLeftover(FakePlatform& platform) : platform_(platform), bytes_(platform.leftover) {}
+
+  std::size_t Size() const override { return bytes_.size(); }
+  Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override {
+    return MemorySource(bytes_).ReadAt(place, buffer);
+  }
+  std::time_t WrittenAt() const override { return 1'000'000'000; }
+  Placing MoveTo(const std::string& path) override {
+    // Like a rename: within a volume only.
+    if (!path.starts_with(platform_.leftoverFolder)) return Placing::Failed;
+    const Placing placing = platform_.WriteNewFile(path, *this);
+    if (placing == Placing::Done) platform_.leftover.clear();
+    return placing;
+  }
+  void Delete() override { platform_.leftover.clear(); }
+
+ private:
+  FakePlatform& platform_;
+  Bytes bytes_;
+};
+
+inline std::vector<std::unique_ptr<Leftover>> FakePlatform::FindLeftovers() {
+  std::vector<std::unique_ptr<Leftover>> found;
+  if (!leftover.empty()) found.push_back(std::make_unique<FakeLeftover>(*this));
+  return found;
+}
 
 }  // namespace morvane

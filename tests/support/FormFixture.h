@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 #include <deque>
@@ -35,18 +36,26 @@ class ScriptedPlatform : public QtPlatform, public DialogScript {
   bool memoryRunsOut = false;  ///< while a map is chosen
 };
 
-/// A folder of its own as the current directory, as long as it lives.
+/// A folder of its own as the current directory, and another one for what outlives a run that is
+/// killed, as long as it lives.
 class StartFolder {
  public:
-  StartFolder() { QDir::setCurrent(folder_.path()); }
+  StartFolder() {
+    QDir::setCurrent(folder_.path());
+    qputenv("XDG_STATE_HOME", QFile::encodeName(state_.path()));
+  }
   StartFolder(const StartFolder&) = delete;
   StartFolder& operator=(const StartFolder&) = delete;
-  ~StartFolder() { QDir::setCurrent(before_); }
+  ~StartFolder() {
+    QDir::setCurrent(before_);
+    qunsetenv("XDG_STATE_HOME");
+  }
   std::string File(const char* name) const { return folder_.filePath(name).toStdString(); }
 
  private:
   QString before_ = QDir::currentPath();
   QTemporaryDir folder_;
+  QTemporaryDir state_;
 };
 
 /// What a widget shows in its own pixels, whatever the display's are.

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QObject>
+#include <QSocketNotifier>
+
+#include "tools/MainForm.h"
+
+class QSessionManager;
+
+namespace morvane {
+
+/// Keeps the map at the ends of the program at which the exit question can't be asked: SIGTERM,
+/// SIGINT, SIGHUP, the loss of the display, and the end of the desktop session. There is one of
+/// these, from when the main window is ready until the event loop has ended.
+class UnaskedEnd : public QObject {
+ public:
+  /// The form outlives this object.
+  explicit UnaskedEnd(MainForm& form);
+  ~UnaskedEnd() override;
+
+ protected:
+  bool eventFilter(QObject* application, QEvent* event) override;
+
+ private:
+  /// Ends the process by the signal that has come.
+  void EndBySignal();
+  void CommitSession(QSessionManager& session);
+
+  MainForm& form_;
+  QSocketNotifier signals_;
+};
+
+}  // namespace morvane
