@@ -1,5 +1,7 @@
 #include "document/PictureFile.h"
 
+#include <algorithm>
+#include <cassert>
 #include <new>
 
 #include "document/Bmp.h"
@@ -11,11 +13,18 @@ namespace {
 /// Such a file is held in memory as a whole.
 constexpr std::size_t kMostForeignBytes = 256'000'000;
 
+[[maybe_unused]] bool IsOpaque(const PictureView& picture) {
+  const Pixel* end = picture.Row(picture.height);
+  return std::all_of(picture.pixels, end, [](Pixel pixel) { return pixel >= 0xFF000000U; });
+}
+
 Result<Picture> DecodeForeign(Platform& platform, ByteSource& content) {
   if (content.Size() > kMostForeignBytes) return Result<Picture>::Failed(kTooLargeFile);
   Result<Bytes> bytes = ReadAll(content);
-  return bytes.Ok() ? platform.DecodePicture(std::move(bytes.Value()))
-                    : Result<Picture>::Failed(bytes.Reason());
+  if (!bytes.Ok()) return Result<Picture>::Failed(bytes.Reason());
+  Result<Picture> picture = platform.DecodePicture(std::move(bytes.Value()));
+  assert(!picture.Ok() || IsOpaque(picture.Value().View()));
+  return picture;
 }
 
 }  // namespace
