@@ -44,7 +44,7 @@ TEST_F(Files, AFileLargerThanMemoryIsRefusedUnread) {
   ASSERT_TRUE(QFile(QString::fromStdString(path)).open(QIODevice::WriteOnly));
   ASSERT_EQ(truncate(path.c_str(), off_t{1} << 40U), 0);
   QtPlatform platform;
-  Result<Picture> picture = LoadPicture(platform, path);
+  Result<LoadedPicture> picture = LoadPicture(platform, path);
   ASSERT_FALSE(picture.Ok());
   EXPECT_EQ(picture.Reason(), "The file is too large.");
   EXPECT_EQ(platform.GetPrivateProfileString("Map", "Dir", "none", 2048, path), "none");
