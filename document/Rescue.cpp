@@ -40,11 +40,11 @@ std::string PlaceRescueFile(Platform& platform, std::time_t painted,
 
 bool IsInItsFile(Document& document) {
   if (!document.HasCurrentFile) return false;
-  Result<Picture> file = LoadPicture(document.platform, document.CurrentFile);
+  Result<LoadedPicture> file = LoadPicture(document.platform, document.CurrentFile);
   if (!file.Ok()) return false;
   // A file that is smaller than the map was opened onto white.
   const PictureView map = document.Canvas.Image();
-  const PictureView saved = file.Value().View();
+  const PictureView saved = file.Value().picture.View();
   if (saved.width > map.width || saved.height > map.height) return false;
   Picture shown(map.width, map.height);
   BitBlt(shown.Draw(), 0, 0, saved.width, saved.height, saved, 0, 0);
@@ -61,8 +61,8 @@ bool IsWorthKeeping(ByteSource& file) {
   bool isPainted = false;
   WithinMemory([&] {
     if (!IsBmp(file)) return Failure();
-    Result<Picture> map = ReadBmp(file);
-    isPainted = map.Ok() && !IsBlankMap(map.Value().View());
+    Result<LoadedPicture> map = ReadBmp(file);
+    isPainted = map.Ok() && !IsBlankMap(map.Value().picture.View());
     return Failure();
   });
   return isPainted;
