@@ -12,7 +12,7 @@ using Lines = std::vector<std::string>;
 Lines Told(const char* window) {
   Lines lines;
   Walk(WindowOf(window), [&lines](const Spoken& control) {
-    if (control.Role() != "filler") lines.push_back(control.Line());
+    if (control.Role() != ATSPI_ROLE_FILLER) lines.push_back(control.Line());
   });
   return lines;
 }

@@ -156,7 +156,7 @@ QImage Desk::Picture() {
 
 void Desk::Hear(AtspiEvent* event, void* desk) {
   const Spoken source(static_cast<AtspiAccessible*>(g_object_ref(event->source)));
-  if (event->detail1 != 0 && source.Role() == "notification") {
+  if (event->detail1 != 0 && source.Role() == ATSPI_ROLE_NOTIFICATION) {
     const std::string notice = source.Name();
     if (notice != kGreeting) static_cast<Desk*>(desk)->notices.push_back(notice);
   }

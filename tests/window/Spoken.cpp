@@ -1,8 +1,37 @@
 #include "tests/window/Spoken.h"
 
+#include <map>
 #include <set>
 
 namespace morvane {
+namespace {
+
+/// The library's own words differ from one version to the next.
+std::string WordFor(AtspiRole role) {
+  static const std::map<AtspiRole, std::string> kWords = {
+      {ATSPI_ROLE_CANVAS, "canvas"},
+      {ATSPI_ROLE_CHECK_BOX, "check box"},
+      {ATSPI_ROLE_COMBO_BOX, "combo box"},
+      {ATSPI_ROLE_FRAME, "frame"},
+      {ATSPI_ROLE_IMAGE, "image"},
+      {ATSPI_ROLE_LABEL, "label"},
+      {ATSPI_ROLE_LIST, "list"},
+      {ATSPI_ROLE_MENU_BAR, "menu bar"},
+      {ATSPI_ROLE_MENU_ITEM, "menu item"},
+      {ATSPI_ROLE_NOTIFICATION, "notification"},
+      {ATSPI_ROLE_PAGE_TAB, "page tab"},
+      {ATSPI_ROLE_PAGE_TAB_LIST, "page tab list"},
+      {ATSPI_ROLE_PANEL, "panel"},
+      {ATSPI_ROLE_PUSH_BUTTON, "push button"},
+      {ATSPI_ROLE_STATUS_BAR, "status bar"},
+      {ATSPI_ROLE_TEXT, "text"},
+      {ATSPI_ROLE_TOOL_BAR, "tool bar"},
+  };
+  const auto word = kWords.find(role);
+  return word != kWords.end() ? word->second : "role " + std::to_string(role);
+}
+
+}  // namespace
 
 std::string Spoken::Taken(char* text) {
   std::string taken = text != nullptr ? text : "";
@@ -17,27 +46,27 @@ std::string Spoken::Name() const {
     auto* relation = g_array_index(relations, AtspiRelation*, i);
     if (atspi_relation_get_relation_type(relation) == ATSPI_RELATION_LABELLED_BY) {
       const Spoken target(atspi_relation_get_target(relation, 0));
-      if (target.Role() == "label") label = target.OwnName();
+      if (target.Role() == ATSPI_ROLE_LABEL) label = target.OwnName();
     }
     g_object_unref(relation);
   }
   if (relations != nullptr) g_array_free(relations, TRUE);
-  if (Role() == "combo box") return label;
+  if (Role() == ATSPI_ROLE_COMBO_BOX) return label;
   const std::string own = OwnName();
   return label.empty() || label.find(own) == 0 ? own : label + " " + own;
 }
 
 std::string Spoken::Value() const {
-  const std::string role = Role();
-  if (role == "check box") return Is(ATSPI_STATE_CHECKED) ? "checked" : "not checked";
-  if (role == "page tab") return Is(ATSPI_STATE_SELECTED) ? "selected" : "";
-  if (role == "text") {
+  const AtspiRole role = Role();
+  if (role == ATSPI_ROLE_CHECK_BOX) return Is(ATSPI_STATE_CHECKED) ? "checked" : "not checked";
+  if (role == ATSPI_ROLE_PAGE_TAB) return Is(ATSPI_STATE_SELECTED) ? "selected" : "";
+  if (role == ATSPI_ROLE_TEXT) {
     auto* text = atspi_accessible_get_text_iface(node_.get());
     std::string content = Taken(atspi_text_get_text(text, 0, -1, nullptr));
     g_object_unref(text);
     return content;
   }
-  if (role == "combo box") return OwnName();
+  if (role == ATSPI_ROLE_COMBO_BOX) return OwnName();
   std::string value = Taken(atspi_accessible_get_description(node_.get(), nullptr));
   return value == OwnName() ? "" : value;
 }
@@ -73,13 +102,14 @@ AtspiRect Spoken::Place() const {
 
 std::string Spoken::Line() const {
   if (node_ == nullptr) return "nothing";
-  std::string line = Role() + " " + Name();
+  std::string line = WordFor(Role()) + " " + Name();
   const std::string value = Value();
   return value.empty() ? line : line + " = " + value;
 }
 
 void Walk(const Spoken& root, const std::function<void(const Spoken&)>& visit) {
-  static const std::set<std::string> kHolders = {"combo box", "list", "text"};
+  static const std::set<AtspiRole> kHolders = {ATSPI_ROLE_COMBO_BOX, ATSPI_ROLE_LIST,
+                                               ATSPI_ROLE_TEXT};
   std::vector<Spoken> ahead = {root};
   while (!ahead.empty()) {
     const Spoken control = ahead.back();

@@ -19,7 +19,7 @@ class Spoken {
   }
 
   explicit operator bool() const { return node_ != nullptr; }
-  std::string Role() const { return Taken(atspi_accessible_get_role_name(node_.get(), nullptr)); }
+  AtspiRole Role() const { return atspi_accessible_get_role(node_.get(), nullptr); }
   /// Its own name, behind that of its label where the label says more.
   std::string Name() const;
   /// What it holds: a text, an entry, a check mark or a description; empty where that is its name.
