@@ -67,9 +67,13 @@ inline void MountSmallDisk(const std::string& folder, std::size_t bytes) {
     std::ofstream("/proc/self/uid_map") << user << ' ' << user << " 1";
     std::ofstream("/proc/self/gid_map") << group << ' ' << group << " 1";
   }
+  // Within a changed root no path leads to the root of the mounts. Entering them once more does.
+  const int root = open("/", O_PATH | O_CLOEXEC);
+  const int mounts = open("/proc/self/ns/mnt", O_RDONLY | O_CLOEXEC);
   const std::string size = "size=" + std::to_string(bytes);
-  if (mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
-      mount("none", folder.c_str(), "tmpfs", 0, size.c_str()) != 0) {
+  if (setns(mounts, CLONE_NEWNS) != 0 ||
+      mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 || fchdir(root) != 0 ||
+      chroot(".") != 0 || mount("none", folder.c_str(), "tmpfs", 0, size.c_str()) != 0) {
     _exit(kCannot);
   }
 }
