@@ -1,6 +1,7 @@
 #include "shell/WholeScale.h"
 
 #include <QByteArrayList>
+#include <QGuiApplication>
 #include <algorithm>
 #include <cmath>
 
@@ -22,7 +23,8 @@ QByteArray WithWholeFactor(const QByteArray& entry) {
 
 void UseWholeScaleFactors() {
   // For what a display asks for by its resolution.
-  qputenv("QT_SCALE_FACTOR_ROUNDING_POLICY", "Round");
+  qunsetenv("QT_SCALE_FACTOR_ROUNDING_POLICY");
+  QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
   // These the toolkit would take as they are.
   for (const char* variable : {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS"}) {
     if (!qEnvironmentVariableIsSet(variable)) continue;
