@@ -22,8 +22,7 @@ const std::vector<Display> kDisplays = {
     {.environment = {{"QT_SCREEN_SCALE_FACTORS", "wide=1.5;"}}, .zoom = 2},
     {.dpi = 144, .environment = {{"QT_SCALE_FACTOR_ROUNDING_POLICY", "PassThrough"}}, .zoom = 2},
     {.dpi = 192, .zoom = 2},
-    {.ratio = 2, .zoom = 2},
-    {.ratio = 2, .environment = {{"QT_SCALE_FACTOR", "1.5"}}, .zoom = 4},
+    {.dpi = 192, .environment = {{"QT_SCALE_FACTOR", "1.5"}}, .zoom = 4},
     {.environment = {{"QT_SCALE_FACTOR", "0.5"}}, .zoom = 1},
 };
 

@@ -9,18 +9,16 @@ namespace morvane {
 struct Display {
   QSize size = {1200, 900};  ///< in pixels of forms
   int dpi = 96;              ///< what the desktop asks for
-  int ratio = 1;  ///< pixels of the display to one, where the window system itself says so
   std::vector<std::pair<const char*, const char*>> environment = {};
   int zoom = 1;  ///< what must come of it
 };
 
 inline QByteArray DescriptionOf(const Display& display) {
   return QString(R"({"screens":[{"name":"wide","x":0,"y":0,"width":%1,"height":%2,)"
-                 R"("logicalDpi":%3,"logicalBaseDpi":96,"dpr":%4}]})")
-      .arg(display.size.width() * display.zoom / display.ratio)
-      .arg(display.size.height() * display.zoom / display.ratio)
+                 R"("logicalDpi":%3,"logicalBaseDpi":96,"dpr":1}]})")
+      .arg(display.size.width() * display.zoom)
+      .arg(display.size.height() * display.zoom)
       .arg(display.dpi)
-      .arg(display.ratio)
       .toUtf8();
 }
 
