@@ -46,13 +46,16 @@ void EndAtExit() {
   if (runningForm != nullptr) runningForm->EndUnasked();
 }
 
-/// Where the Wayland compositor is gone, one of Qt's threads reports it and then ends the process
-/// without any exit handler. It is held back until the map is kept.
+/// Where the Wayland compositor is gone, one of Qt's threads, the window's own in newer versions,
+/// reports it and then ends the process without any exit handler. It is held back until the map is
+/// kept. The process ends too where Qt would look for another compositor (QT_WAYLAND_RECONNECT): if
+/// it found none, the map would be lost.
 void EndByLostCompositor() {
   constexpr unsigned long kPatience = 5;  // s
   if (runningForm == nullptr) return;
   if (QThread::currentThread() == qApp->thread()) {
     runningForm->EndUnasked();
+    std::_Exit(EXIT_FAILURE);
   } else {
     WriteToPipe(kDisplayLost);
     QThread::sleep(kPatience);
