@@ -29,7 +29,7 @@ std::string PlaceRescueFile(Platform& platform, std::time_t painted,
   for (const std::string& folder : platform.RescueFolders()) {
     const std::string stem = WithTrailingBackslash(folder) + RescueName(painted);
     for (int i = 1; i <= kMostNames; ++i) {
-      const std::string path = stem + (i == 1 ? "" : " (" + std::to_string(i) + ")") + ".bmp";
+      std::string path = stem + (i == 1 ? "" : " (" + std::to_string(i) + ")") + ".bmp";
       const Placing placing = place(path);
       if (placing == Placing::Done) return path;
       if (placing == Placing::Failed) break;
