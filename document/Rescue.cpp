@@ -53,19 +53,19 @@ bool IsInItsFile(Document& document) {
 
 bool IsUnsaved(Document& document) {
   const PictureView map = document.Canvas.Image();
-  return !IsBlankMap(map) && !(document.DisposedMap.View() == map) && !IsInItsFile(document);
+  return !IsBlankMap(map) && !(document.SettledMap.View() == map) && !IsInItsFile(document);
 }
 
-/// Whether a file holds a complete map on which something was painted.
+/// Whether a file holds a complete map on which something was painted, or could hold one.
 bool IsWorthKeeping(ByteSource& file) {
   bool isPainted = false;
-  WithinMemory([&] {
+  const Failure outOfMemory = WithinMemory([&] {
     if (!IsBmp(file)) return Failure();
     Result<LoadedPicture> map = ReadBmp(file);
     isPainted = map.Ok() && !IsBlankMap(map.Value().picture.View());
     return Failure();
   });
-  return isPainted;
+  return isPainted || !outOfMemory.empty();
 }
 
 }  // namespace
