@@ -64,7 +64,8 @@ void Desk::SetUpTestSuite() {
           ":" + session_->AddressOf("Xvfb", {"-displayfd", "1", "-screen", "0", "1280x900x24",
                                              "-nolisten", "tcp", "-noreset"}));
   qputenv("DBUS_SESSION_BUS_ADDRESS",
-          session_->AddressOf("dbus-daemon", {"--session", "--nofork", "--print-address"}));
+          session_->AddressOf("dbus-daemon", {"--session", "--nofork", "--print-address",
+                                                     "--address=unix:runtime=yes"}));
   session_->Start("openbox", {});
   ASSERT_EQ(atspi_init(), 0) << "There is no bus of accessibility";
   QImage tile(20, 20, QImage::Format_RGB32);
