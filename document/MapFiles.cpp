@@ -70,13 +70,24 @@ void Tell(Document& document, const SaveOutcome& outcome) {
   }
 }
 
-/// The window goes away whatever happens, so the map is put somewhere first.
-void Rescue(Document& document, const SaveOutcome& outcome) {
+/// The window goes away whatever happens, so the map is put somewhere first. Where no folder takes
+/// it, the user may try again and choose other places.
+void Rescue(Document& document, SaveOutcome outcome) {
+  Platform& platform = document.platform;
   const std::string path = WriteRescueCopy(document);
-  const std::string rescue = path.empty() ? "It could not be written to any other folder either."
-                                          : "A rescue copy was saved as\n" + path;
-  document.platform.MsgBox(TextOf(outcome) + "\n\n" + rescue, BoxStyle::OkExclamation,
-                           kProgramName);
+  if (!path.empty()) {
+    platform.MsgBox(TextOf(outcome) + "\n\nA rescue copy was saved as\n" + path,
+                    BoxStyle::OkExclamation, kProgramName);
+    return;
+  }
+  while (!outcome.isSaved &&
+         platform.MsgBox(TextOf(outcome) +
+                             "\n\nA rescue copy could not be written to any other folder either. "
+                             "Do you want to try again, or to choose another place?\n\n"
+                             "If you answer No, the map is lost.",
+                         BoxStyle::YesNoExclamation, kProgramName) == Answer::Yes) {
+    outcome = SaveAs(document);
+  }
 }
 
 }  // namespace
@@ -117,8 +128,8 @@ bool AskToSave(Document& document) {
   const Answer answer = document.platform.MsgBox("Do you want to save your map?",
                                                  BoxStyle::YesNoCancelQuestion, "Save?");
   if (answer == Answer::Yes) {
-    const SaveOutcome outcome = document.HasCurrentFile ? Save(document) : SaveAs(document);
-    if (!outcome.isSaved) Rescue(document, outcome);
+    SaveOutcome outcome = document.HasCurrentFile ? Save(document) : SaveAs(document);
+    if (!outcome.isSaved) Rescue(document, std::move(outcome));
   }
   return answer == Answer::Cancel;
 }

@@ -12,6 +12,9 @@
 #include <QMessageBox>
 #include <QTreeView>
 #include <algorithm>
+#include <climits>
+#include <filesystem>
+#include <system_error>
 
 #include "document/Color.h"
 #include "platform/ScreenRoom.h"
@@ -73,6 +76,7 @@ class TypedPath : public QObject {
     connect(&name_, &QLineEdit::textChanged, this, &TypedPath::Unmark);
     // Later, for the dialog may accept it by itself.
     connect(&name_, &QLineEdit::returnPressed, this, &TypedPath::Accept, Qt::QueuedConnection);
+    connect(&accept_, &QAbstractButton::clicked, this, &TypedPath::ReportLongName);
   }
 
  protected:
@@ -91,6 +95,14 @@ class TypedPath : public QObject {
     if (QApplication::activeModalWidget() == accept_.window() && IsTyped()) accept_.click();
   }
 
+  void ReportLongName() {
+    // Qt's dialog just stays open then.
+    const QString name = name_.text().section('/', -1);
+    if (!accept_.window()->isVisible() || name.size() <= NAME_MAX) return;
+    ShowMessage(accept_.window(), "The file name is too long.", BoxStyle::OkExclamation,
+                kProgramName);
+  }
+
   QLineEdit& name_;
   QListView& list_;
   QAbstractButton& accept_;
@@ -104,6 +116,25 @@ void FitColumns(const QFileDialog& box) {
   columns->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
+/// The bytes of a path that Qt shows. A name that isn't UTF-8 is shown with replacement characters
+/// in it, so it is looked up by what is shown of it.
+std::filesystem::path SystemPath(const QString& shown) {
+  std::filesystem::path path;
+  for (const std::filesystem::path& name : std::filesystem::path(shown.toStdString())) {
+    std::error_code error;
+    const QString shownName = QString::fromStdString(name);
+    std::filesystem::path found = name;
+    if (shownName.contains(QChar::ReplacementCharacter) && !exists(path / name, error)) {
+      for (const auto& entry : std::filesystem::directory_iterator(path, error)) {
+        const std::filesystem::path candidate = entry.path().filename();
+        if (QString::fromStdString(candidate) == shownName) found = candidate;
+      }
+    }
+    path /= found;
+  }
+  return path;
+}
+
 /// The path chosen in the dialog, which fits on its screen; empty after a cancel.
 std::string ChoiceIn(QFileDialog& box) {
   const TypedPath typed(box);
@@ -111,7 +142,7 @@ std::string ChoiceIn(QFileDialog& box) {
   constexpr QSize kRoomForNames(640, 420);
   box.resize(box.sizeHint().expandedTo(kRoomForNames).boundedTo(ScreenRoomOf(box)));
   if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return {};
-  return box.selectedFiles().constFirst().toStdString();
+  return SystemPath(box.selectedFiles().constFirst());
 }
 
 }  // namespace

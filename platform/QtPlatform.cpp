@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFileInfo>
 #include <QStandardPaths>
 #include <filesystem>
 #include <utility>
@@ -69,7 +68,7 @@ std::string QtPlatform::ShowFileDialog(const FileDialog& dialog, FileDialogMode 
   ShowState();
   const std::string& folder = IsFolderReadable(dialog.InitDir) ? dialog.InitDir : lastFolder_;
   std::string path = AskForFile(window_, dialog, mode, folder);
-  if (!path.empty()) lastFolder_ = QFileInfo(QString::fromStdString(path)).path().toStdString();
+  if (!path.empty()) lastFolder_ = std::filesystem::path(path).parent_path();
   return path;
 }
 
@@ -78,7 +77,8 @@ std::string QtPlatform::CurrentDirectory() {
 }
 
 bool QtPlatform::FileExists(const std::string& path) {
-  return QFileInfo(QString::fromStdString(path)).isFile();
+  std::error_code error;
+  return std::filesystem::is_regular_file(path, error);
 }
 
 bool QtPlatform::IsFolderReadable(const std::string& path) {

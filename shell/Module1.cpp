@@ -79,9 +79,8 @@ void OpenArgument(frmMain& window, const char* argument) {
 int RunMorvane(int argc, char** argv) {
   // A file that grows beyond the limit of the session is a failed save, not the end of the run.
   std::signal(SIGXFSZ, SIG_IGN);
-  // The toolkit's remarks are for developers, who can ask for them by QT_LOGGING_RULES.
-  QLoggingCategory::setFilterRules(
-      "default.warning=false\nqt.gui.imageio*.warning=false\nqt.qpa.theme.*.warning=false");
+  qInstallMessageHandler(&TakeMessage);
+  QLoggingCategory::setFilterRules("qt.gui.imageio*.warning=false\nqt.qpa.theme.*.warning=false");
   UseWholeScaleFactors();
   QApplication application(argc, argv);
   QApplication::setStyle(new FocusStyle);

@@ -6,9 +6,11 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QSessionManager>
+#include <QThread>
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 
 namespace morvane {
@@ -19,34 +21,57 @@ constexpr std::array<int, 3> kSignals = {SIGTERM, SIGINT, SIGHUP};
 /// The form of the program that runs, for handlers that are given nothing.
 MainForm* runningForm = nullptr;
 
-/// A signal handler may do next to nothing: it writes the signal's number into this pipe, and the
-/// event loop reads it.
-std::array<int, 2> signalPipe = {-1, -1};
+/// A signal handler may do next to nothing, and another thread may not touch the map: they write
+/// the signal's number, or kDisplayLost, into this pipe, and the event loop reads it.
+std::array<int, 2> endPipe = {-1, -1};
+constexpr char kDisplayLost = 0;
 
-int OpenSignalPipe() {
-  if (signalPipe[0] < 0 && pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) return -1;
-  return signalPipe[0];
+int OpenEndPipe() {
+  if (endPipe[0] < 0 && pipe2(endPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) return -1;
+  return endPipe[0];
+}
+
+void WriteToPipe(char byte) {
+  [[maybe_unused]] const ssize_t written = write(endPipe[1], &byte, 1);
 }
 
 void PassSignal(int number) {
   const int error = errno;
-  const char byte = static_cast<char>(number);
-  [[maybe_unused]] const ssize_t written = write(signalPipe[1], &byte, 1);
+  WriteToPipe(static_cast<char>(number));
   errno = error;
 }
 
-/// Qt calls exit() where the display server is gone.
+/// Qt calls exit() where the X server is gone.
 void EndAtExit() {
   if (runningForm != nullptr) runningForm->EndUnasked();
 }
 
+/// Where the Wayland compositor is gone, one of Qt's threads reports it and then ends the process
+/// without any exit handler. It is held back until the map is kept.
+void EndByLostCompositor() {
+  constexpr unsigned long kPatience = 5;  // s
+  if (runningForm == nullptr) return;
+  if (QThread::currentThread() == qApp->thread()) {
+    runningForm->EndUnasked();
+  } else {
+    WriteToPipe(kDisplayLost);
+    QThread::sleep(kPatience);
+  }
+}
+
 }  // namespace
 
-UnaskedEnd::UnaskedEnd(MainForm& form)
-    : form_(form), signals_(OpenSignalPipe(), QSocketNotifier::Read) {
+void TakeMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  if (text.startsWith("The Wayland connection")) EndByLostCompositor();
+  const bool isForDevelopers = type == QtWarningMsg && qstrcmp(context.category, "default") == 0;
+  if (isForDevelopers && !qEnvironmentVariableIsSet("QT_LOGGING_RULES")) return;
+  std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
+}
+
+UnaskedEnd::UnaskedEnd(MainForm& form) : form_(form), ends_(OpenEndPipe(), QSocketNotifier::Read) {
   runningForm = &form;
   std::atexit(&EndAtExit);
-  connect(&signals_, &QSocketNotifier::activated, this, &UnaskedEnd::EndBySignal);
+  connect(&ends_, &QSocketNotifier::activated, this, &UnaskedEnd::EndByPipe);
   for (const int number : kSignals) {
     struct sigaction action {};
     sigaction(number, nullptr, &action);
@@ -68,18 +93,22 @@ UnaskedEnd::~UnaskedEnd() {
   runningForm = nullptr;
 }
 
-void UnaskedEnd::EndBySignal() {
+void UnaskedEnd::EndByPipe() {
   char number = 0;
-  if (read(signalPipe[0], &number, 1) != 1) return;
+  if (read(endPipe[0], &number, 1) != 1) return;
   form_.EndUnasked();
+  if (number == kDisplayLost) std::_Exit(EXIT_FAILURE);
   std::signal(number, SIG_DFL);
   std::raise(number);
 }
 
 void UnaskedEnd::CommitSession(QSessionManager& session) {
   const bool mayAsk = session.allowsInteraction();
-  if (form_.SessionEnds(mayAsk)) session.cancel();
-  if (mayAsk) session.release();
+  if (form_.SessionEnds(mayAsk)) {
+    session.cancel();
+  } else if (mayAsk) {
+    session.release();
+  }
 }
 
 /// While the window is still open, only a session manager that ends the session quits.

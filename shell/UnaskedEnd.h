@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QSocketNotifier>
+#include <QtGlobal>
 
 #include "tools/MainForm.h"
 
@@ -22,12 +23,16 @@ class UnaskedEnd : public QObject {
   bool eventFilter(QObject* application, QEvent* event) override;
 
  private:
-  /// Ends the process by the signal that has come.
-  void EndBySignal();
+  /// Ends the process as the pipe says.
+  void EndByPipe();
   void CommitSession(QSessionManager& session);
 
   MainForm& form_;
-  QSocketNotifier signals_;
+  QSocketNotifier ends_;  ///< reports the next byte of the pipe
 };
+
+/// The handler of Qt's messages, which learns from one that the Wayland compositor is gone. It
+/// keeps warnings for developers off the terminal, unless QT_LOGGING_RULES is set.
+void TakeMessage(QtMsgType type, const QMessageLogContext& context, const QString& text);
 
 }  // namespace morvane

@@ -187,5 +187,21 @@ TEST_F(MapFiles, ExitWithYesAndNothingSavedLeavesARescueCopy) {
   EXPECT_TRUE(platform.rescueNotes.empty());  // the user knows already
 }
 
+TEST_F(MapFiles, AtExitAMapThatFitsNowhereMayBeTriedElsewhere) {
+  HaveFile("/maps/a.bmp");
+  platform.unwritable = {"/maps", "/home", "/tmp"};
+  platform.answers = {Answer::Yes, Answer::Yes, Answer::Yes};
+  platform.chosenFiles = {"/maps/again.bmp", "/usb/a.bmp"};
+  EXPECT_FALSE(form.Form_Unload());
+  ASSERT_EQ(platform.boxes.size(), 3U);
+  EXPECT_TRUE(platform.boxes[1].text.starts_with("The map could not be saved.\n\n/maps/a.bmp"));
+  EXPECT_TRUE(platform.boxes[2].text.starts_with("The map could not be saved.\n\n/maps/again.bmp"));
+  EXPECT_EQ(platform.files["/usb/a.bmp"], WriteBmp(document.Canvas.Image()));
+  platform.answers = {Answer::Yes, Answer::Yes, Answer::No};  // tried again, cancelled, given up
+  platform.unwritable = {"/"};
+  EXPECT_FALSE(form.Form_Unload());
+  EXPECT_EQ(platform.boxes.size(), 6U);
+}
+
 }  // namespace
 }  // namespace morvane

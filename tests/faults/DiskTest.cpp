@@ -125,11 +125,11 @@ struct Disk : testing::TestWithParam<Fault> {
     ASSERT_EQ(editor.platform.boxes.size(), 2U);
     const std::string& text = editor.platform.boxes[1].text;
     const std::string rescue = NamesIn(home);
-    EXPECT_EQ(
-        text,
-        "The map could not be saved.\n\n" + old + "\n\n" + ReasonOf(GetParam()) + "\n\n" +
-            (GetParam().leavesRescue ? "A rescue copy was saved as\n" + home + '/' + rescue
-                                     : "It could not be written to any other folder either."));
+    EXPECT_TRUE(text.starts_with("The map could not be saved.\n\n" + old + "\n\n" +
+                                 ReasonOf(GetParam()) + "\n\nA rescue copy " +
+                                 (GetParam().leavesRescue ? "was saved as\n" + home + '/' + rescue
+                                                          : "could not be written")))
+        << text;
     if (GetParam().leavesRescue) {
       EXPECT_EQ(MapIn(home + '/' + rescue), editor.Map());
     } else {

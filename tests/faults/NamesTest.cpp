@@ -1,5 +1,9 @@
+#include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTimer>
 #include <QWindow>
 
@@ -77,7 +81,7 @@ TEST(Names, OfEveryKindWorkEverywhere) {
             0);
 }
 
-TEST(Names, OfOldSystemsWorkAsCustomTiles) {
+TEST(Names, OfOldSystemsWorkAsCustomTilesAndInDialogs) {
   EXPECT_EQ(RunInChild([] {
               Session session;
               Palette& palette = session.editor.form.palette;
@@ -95,6 +99,35 @@ TEST(Names, OfOldSystemsWorkAsCustomTiles) {
               ASSERT_EQ(files->count(), 1);
               emit files->itemClicked(files->item(0));
               EXPECT_EQ(Picture(palette.Custom.Image()), session.editor.Map());
+              const std::string file = folder / "\xfc.bmp";
+              EXPECT_EQ(AgreeToCurrentFile(file), file);
+              EXPECT_TRUE(session.editor.platform.FileExists(file));
+            }),
+            0);
+}
+
+TEST(Names, ThatAreTooLongAreReported) {
+  EXPECT_EQ(RunInChild([] {
+              Session session;
+              QString report;
+              QTimer::singleShot(0, [&report] {
+                auto* box = QApplication::activeModalWidget();
+                box->findChild<QLineEdit*>("fileNameEdit")->setText(QString(300, 'n'));
+                QTimer::singleShot(0, [&report] {
+                  auto* message = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                  if (message == nullptr) return;
+                  report = message->text();
+                  message->accept();
+                });
+                auto* row = box->findChild<QDialogButtonBox*>("buttonBox");
+                row->button(QDialogButtonBox::Save)->click();
+                static_cast<QDialog*>(box)->reject();
+              });
+              EXPECT_EQ(AskForFile(nullptr,
+                                   {.DialogTitle = "", .Filter = "", .FileName = "", .InitDir = ""},
+                                   FileDialogMode::Save, "/"),
+                        "");
+              EXPECT_EQ(report, "The file name is too long.");
             }),
             0);
 }

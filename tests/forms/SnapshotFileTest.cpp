@@ -5,6 +5,8 @@
 
 #include <QFile>
 
+#include "platform/Leftovers.h"
+#include "platform/PrivateFolders.h"
 #include "tests/support/FileBytes.h"
 #include "tests/support/FormFixture.h"
 
@@ -13,6 +15,7 @@ namespace {
 
 struct SnapshotFileTest : testing::Test {
   StartFolder folder;
+  QtPlatform platform;
   const Bytes first = {1, 2, 3, 4, 5, 6};
   const Bytes second = {9, 8};
   const char* name = "mvtmp.~mp";
@@ -77,6 +80,7 @@ TEST_F(SnapshotFileTest, NothingThatWasPlantedIsWrittenThrough) {
   };
   for (const auto& plant : plants) {
     ASSERT_EQ(plant(), 0);
+    EXPECT_TRUE(LeftoverSnapshots().empty());
     SnapshotFile snapshot;
     EXPECT_EQ(Write(snapshot, first), "");
     EXPECT_EQ(Read(snapshot), first);
@@ -99,6 +103,69 @@ TEST_F(SnapshotFileTest, AFolderThatCannotBeWrittenIsNoHindranceButTwoAre) {
   qputenv("XDG_STATE_HOME", state);
   EXPECT_EQ(Write(file, first), "");
   EXPECT_EQ(Read(file), first);
+}
+
+TEST_F(SnapshotFileTest, WhatAKilledRunLeavesIsFoundWhereverItLies) {
+  const auto leave = [this] {
+    SnapshotFile file;
+    EXPECT_EQ(Write(file, first), "");
+    EXPECT_TRUE(LeftoverSnapshots().empty()) << "a running one is taken";
+  };
+  leave();
+  QDir::setCurrent("/proc");
+  leave();
+  QDir::setCurrent(QFileInfo(QString::fromStdString(folder.File(name))).path());
+  std::vector<std::unique_ptr<Leftover>> found = LeftoverSnapshots();
+  ASSERT_EQ(found.size(), 2U);
+  for (const auto& leftover : found) EXPECT_EQ(ReadAll(*leftover).Value(), first);
+  EXPECT_TRUE(LeftoverSnapshots().empty()) << "taken twice";
+  EXPECT_EQ(found[0]->MoveTo(name), Placing::NameTaken);
+  EXPECT_EQ(found[0]->MoveTo(folder.File("kept")), Placing::Done);
+  EXPECT_FALSE(QFile::exists(name));
+  for (const auto& leftover : found) leftover->Delete();
+  EXPECT_EQ(QFileInfo("kept").size(), 6);
+  found.clear();
+  EXPECT_TRUE(LeftoverSnapshots().empty());
+
+  for (const off_t size : {off_t{0}, off_t{1} << 31U}) {
+    QFile file(name);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(file.resize(size));
+    EXPECT_TRUE(LeftoverSnapshots().empty()) << size;
+  }
+}
+
+TEST_F(SnapshotFileTest, AFolderThatOthersCouldWriteIsNotTrusted) {
+  const std::string state = qgetenv("XDG_STATE_HOME").toStdString() + "/morvane";
+  ASSERT_EQ(mkdir(state.c_str(), 0700), 0);
+  ASSERT_EQ(chmod(state.c_str(), 0777), 0);
+  EXPECT_FALSE(MakePrivateFolder(state).IsOpen());
+  ASSERT_EQ(rmdir(state.c_str()), 0);
+  ASSERT_EQ(symlink(folder.File("").c_str(), state.c_str()), 0);
+  EXPECT_FALSE(MakePrivateFolder(state).IsOpen());
+  ASSERT_EQ(unlink(state.c_str()), 0);
+  for (const char* path : {"/maps/one.bmp", "/maps/other.bmp"}) platform.NoteRescueCopy(path);
+  EXPECT_EQ(platform.TakeRescueNotes().size(), 2U);
+  EXPECT_TRUE(platform.TakeRescueNotes().empty());
+  EXPECT_FALSE(QFileInfo::exists(QString::fromStdString(state)));
+}
+
+TEST_F(SnapshotFileTest, OneOfAnotherFormTakesThePlaceOfTheOldOneWhole) {
+  SnapshotFile file;
+  ASSERT_EQ(Write(file, first), "");
+  struct stat old {};
+  struct stat fresh {};
+  ASSERT_EQ(stat(name, &old), 0);
+  const auto write = [&](Bytes bytes) {
+    EXPECT_EQ(Write(file, bytes), "");
+    EXPECT_EQ(Read(file), bytes);
+    EXPECT_EQ(stat(name, &fresh), 0);
+    return fresh.st_ino;
+  };
+  EXPECT_EQ(write(first), old.st_ino);
+  EXPECT_NE(write(second), old.st_ino);
+  EXPECT_TRUE(file.IsUntouched());
+  EXPECT_TRUE(LeftoverSnapshots().empty()) << "the new file isn't locked";
 }
 
 TEST_F(SnapshotFileTest, AFileThatWasDeletedOrCutByOthersIsNoticed) {
