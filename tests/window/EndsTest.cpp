@@ -53,7 +53,7 @@ class Ends : public testing::TestWithParam<End> {
 
   Picture Display() const {
     Picture display(1280, 900);
-    const auto pixels = std::span(display.Row(0), 1280 * 900);
+    const auto pixels = std::span(display.Row(0), std::size_t{1280} * 900);
     QFile file(session_.Pixels());
     if (!file.open(QIODevice::ReadOnly)) return display;
     file.seek(file.size() - static_cast<qint64>(pixels.size_bytes()));
@@ -123,7 +123,7 @@ class Ends : public testing::TestWithParam<End> {
   }
   void Stop(int signal) {
     if (signal == 0) {
-      display_->kill();
+      display_->terminate();
     } else {
       ::kill(static_cast<pid_t>(program_->processId()), signal);
     }

@@ -21,7 +21,7 @@ Session::Session() {
 
 void Session::End() {
   for (QProcess& process : processes) {
-    process.kill();
+    process.terminate();
     process.waitForFinished();
   }
   processes.clear();
@@ -31,8 +31,8 @@ QProcess& Session::Start(const QString& program, const QStringList& arguments) {
   QProcess& process = processes.emplace_front();
   process.setWorkingDirectory(folder.path());
   process.setChildProcessModifier([] {
-    // Nothing stays behind a test that is cut short.
-    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    // Nothing stays behind a test that is cut short; servers delete their sockets.
+    ::prctl(PR_SET_PDEATHSIG, SIGTERM);
     // Commands that a shell runs in the background ignore this one.
     ::signal(SIGINT, SIG_DFL);
   });

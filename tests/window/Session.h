@@ -20,7 +20,7 @@ struct Session {
   /// Starts a display in memory with a window manager. Its pixels are in the file Pixels().
   QProcess& OpenDisplay();
   QString Pixels() const { return folder.filePath("Xvfb_screen0"); }
-  /// Kills all processes, the newest first.
+  /// Ends all processes, the newest first.
   void End();
 
   QTemporaryDir folder;
