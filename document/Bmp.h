@@ -13,8 +13,8 @@ namespace morvane {
 bool IsBmp(ByteSource& file);
 
 /// Decodes a BMP file of any form that isn't itself a JPEG, a PNG or a fax inside. What is
-/// see-through is laid over white. A file that ends too early or contradicts itself is refused with
-/// its reason.
+/// transparent is laid over white. A file that ends too early or whose headers contradict
+/// themselves is refused with its reason.
 class BmpDecoder {
  public:
   explicit BmpDecoder(ByteSource& file) : file_(file), window_(file) {}
@@ -25,15 +25,18 @@ class BmpDecoder {
   Size PictureSize() const { return {header_.width, header_.height}; }
   /// Decodes into a picture of that size. After a failure its pixels are undefined.
   Failure Decode(const Surface& picture);
+  /// Whether what was decoded runs out of the picture or of its palette.
+  bool MetDamage() const { return metDamage_; }
 
  private:
   ByteSource& file_;
   ByteWindow window_;
   BmpHeader header_;
+  bool metDamage_ = false;
 };
 
 /// Decodes a whole BMP file.
-Result<Picture> ReadBmp(ByteSource& file);
+Result<LoadedPicture> ReadBmp(ByteSource& file);
 
 /// A picture as an uncompressed BMP file of 24 bits a pixel at 96 dpi. The bytes are made when they
 /// are asked for.

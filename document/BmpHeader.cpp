@@ -146,7 +146,7 @@ class HeaderReader {
       count = std::min<std::size_t>(count, Read32(head_, 46));
     }
     count = std::min(count, room);
-    // Indices beyond the table are black.
+    header_.colors = count;
     header_.palette.assign(std::size_t{1} << static_cast<unsigned>(header_.bits), PixelOf(0));
     for (std::size_t i = 0; i < count; ++i) {
       const std::uint8_t* entry = &head_[tablesAt_ + i * entryBytes];

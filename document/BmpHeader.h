@@ -29,7 +29,8 @@ struct BmpHeader {
   int bits = 0;  ///< a pixel
   BmpCompression compression = BmpCompression::None;
   BmpChannel red, green, blue, alpha;  ///< for 16 and 32 bits
-  std::vector<Pixel> palette;          ///< for up to 8 bits
+  std::vector<Pixel> palette;          ///< for up to 8 bits, black beyond the file's own
+  std::size_t colors = 0;              ///< that the file has of them
   std::size_t dataOffset = 0;
 
   /// Bytes of an uncompressed row.

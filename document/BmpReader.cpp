@@ -7,14 +7,20 @@
 namespace morvane {
 namespace {
 
-/// Decodes one row of up to 8 bits a pixel.
-void ReadIndexRow(const std::uint8_t* row, const BmpHeader& header, Pixel* to) {
+/// Decodes one row of up to 8 bits a pixel. Returns the largest index.
+unsigned ReadIndexRow(const std::uint8_t* row, const BmpHeader& header, Pixel* to) {
   const auto bits = static_cast<unsigned>(header.bits);
   const unsigned mask = (1U << bits) - 1;
-  for (unsigned x = 0; x < static_cast<unsigned>(header.width); ++x) {
+  const auto width = static_cast<unsigned>(header.width);
+  const Pixel* palette = header.palette.data();
+  unsigned largest = 0;
+  for (unsigned x = 0; x < width; ++x) {
     const unsigned bit = x * bits;
-    to[x] = header.palette[(row[bit / 8] >> (8 - bits - bit % 8)) & mask];
+    const unsigned index = (row[bit / 8] >> (8 - bits - bit % 8)) & mask;
+    largest = std::max(largest, index);
+    to[x] = palette[index];
   }
+  return largest;
 }
 
 std::uint32_t OverWhite(std::uint32_t value, std::uint32_t alpha) {
@@ -68,7 +74,7 @@ class RowReader {
   void Read(const std::uint8_t* bytes) {
     Pixel* to = RowOf(done_++);
     if (header_.bits <= 8) {
-      ReadIndexRow(bytes, header_, to);
+      metDamage_ |= ReadIndexRow(bytes, header_, to) >= header_.colors;
     } else if (header_.bits == 24) {
       UnpackPixels(to, bytes, header_.width);
     } else if (header_.bits == 16) {
@@ -77,6 +83,7 @@ class RowReader {
       ReadFields<32>(bytes, to);
     }
   }
+  bool MetDamage() const { return metDamage_; }
 
  private:
   Pixel* RowOf(int number) const {
@@ -90,7 +97,7 @@ class RowReader {
   }
 
   /// Many programs leave the alpha channel all zero and mean opaque. A picture that uses it after
-  /// all is see-through up to here.
+  /// all is transparent up to here.
   void BeginAlpha() {
     alphaCounts_ = true;
     for (int row = 0; row < done_ - 1; ++row) {
@@ -102,15 +109,18 @@ class RowReader {
   Surface target_;
   int done_ = 0;  ///< rows
   bool alphaCounts_ = false;
+  bool metDamage_ = false;
 };
 
-Failure ReadRows(ByteWindow& file, const BmpHeader& header, const Surface& picture) {
+Failure ReadRows(ByteWindow& file, const BmpHeader& header, const Surface& picture,
+                 bool& metDamage) {
   RowReader rows(header, picture);
   for (int row = 0; row < header.height; ++row) {
     if (!file.Show(header.RowBytes())) return file.Reason();
     rows.Read(file.Data());
     file.Take(header.RowBytes());
   }
+  metDamage = rows.MetDamage();
   return {};
 }
 
@@ -144,19 +154,19 @@ Failure BmpDecoder::Open() {
 }
 
 Failure BmpDecoder::Decode(const Surface& picture) {
-  return header_.compression == BmpCompression::None ? ReadRows(window_, header_, picture)
-                                                     : ReadBmpRuns(window_, header_, picture);
+  const auto read = header_.compression == BmpCompression::None ? &ReadRows : &ReadBmpRuns;
+  return read(window_, header_, picture, metDamage_);
 }
 
-Result<Picture> ReadBmp(ByteSource& file) {
+Result<LoadedPicture> ReadBmp(ByteSource& file) {
   BmpDecoder decoder(file);
   Failure failure = decoder.Open();
-  if (!failure.empty()) return Result<Picture>::Failed(std::move(failure));
+  if (!failure.empty()) return Result<LoadedPicture>::Failed(std::move(failure));
   const Size size = decoder.PictureSize();
   Picture picture = Picture::Unpainted(size.width, size.height);
   failure = decoder.Decode(picture.Draw());
-  if (!failure.empty()) return Result<Picture>::Failed(std::move(failure));
-  return picture;
+  if (!failure.empty()) return Result<LoadedPicture>::Failed(std::move(failure));
+  return LoadedPicture{std::move(picture), decoder.MetDamage()};
 }
 
 }  // namespace morvane

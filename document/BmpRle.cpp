@@ -15,6 +15,8 @@ class RunReader {
   RunReader(ByteWindow& file, const BmpHeader& header, const Surface& picture)
       : file_(file), header_(header), target_(picture), y_(header.height - 1) {}
 
+  bool MetDamage() const { return metDamage_; }
+
   Failure Read() {
     const Pixel background = header_.palette.empty() ? PixelOf(0) : header_.palette[0];
     FillBox(target_, target_.Bounds(), ColorOf(background));
@@ -39,14 +41,24 @@ class RunReader {
   /// Sets the next pixel.
   void Put(Pixel pixel) { target_.Row(y_)[x_++] = pixel; }
 
-  /// How many of the next pixels lie in the picture.
-  unsigned Visible(unsigned count) const {
-    return y_ < 0 ? 0 : std::min(count, static_cast<unsigned>(header_.width - x_));
+  /// How many of the next pixels lie in the picture. Others are dropped.
+  unsigned Visible(unsigned count) {
+    const unsigned room = y_ < 0 ? 0 : static_cast<unsigned>(header_.width - x_);
+    // Some programs fill up the last byte of a row of half bytes.
+    const bool isFilled = header_.compression == BmpCompression::Rle4 && room % 2 == 1;
+    if (count > room + (isFilled ? 1 : 0)) metDamage_ = true;
+    return std::min(count, room);
   }
 
   void Skip(int columns, int rows) {
+    metDamage_ = metDamage_ || x_ + columns > header_.width || y_ - rows < -1;
     x_ = std::min(x_ + columns, header_.width);
     y_ = std::max(y_ - rows, -1);
+  }
+
+  Pixel ColorOfIndex(unsigned index) {
+    metDamage_ |= index >= header_.colors;
+    return header_.palette[index];
   }
 
   Pixel TrueColor(std::size_t at) const {
@@ -60,8 +72,10 @@ class RunReader {
     if (!file_.Show(bytes)) return false;
     const unsigned value = file_.Data()[0];
     count = Visible(count);  // what runs past the end of a row is dropped
-    for (unsigned i = 0; i < count; ++i) {
-      Put(trueColor ? TrueColor(0) : header_.palette[IndexIn(value, i)]);
+    if (count > 0) {
+      const Pixel first = trueColor ? TrueColor(0) : ColorOfIndex(IndexIn(value, 0));
+      const Pixel second = trueColor || count == 1 ? first : ColorOfIndex(IndexIn(value, 1));
+      for (unsigned i = 0; i < count; ++i) Put(i % 2 == 0 ? first : second);
     }
     file_.Take(bytes);
     return true;
@@ -71,7 +85,7 @@ class RunReader {
     switch (code) {
       case kEndOfLine:
         x_ = 0;
-        Skip(0, 1);
+        y_ = std::max(y_ - 1, -1);  // one mark too many does no harm
         return true;
       case kEndOfPicture:
         ended_ = true;
@@ -97,7 +111,7 @@ class RunReader {
       if (trueColor) {
         Put(TrueColor(std::size_t{i} * 3));
       } else {
-        Put(header_.palette[IndexIn(file_.Data()[nibbles ? i / 2 : i], i)]);
+        Put(ColorOfIndex(IndexIn(file_.Data()[nibbles ? i / 2 : i], i)));
       }
     }
     // Such pixels end on an even byte.
@@ -117,12 +131,17 @@ class RunReader {
   int x_ = 0;
   int y_;
   bool ended_ = false;
+  bool metDamage_ = false;
 };
 
 }  // namespace
 
-Failure ReadBmpRuns(ByteWindow& file, const BmpHeader& header, const Surface& picture) {
-  return RunReader(file, header, picture).Read();
+Failure ReadBmpRuns(ByteWindow& file, const BmpHeader& header, const Surface& picture,
+                    bool& metDamage) {
+  RunReader reader(file, header, picture);
+  Failure failure = reader.Read();
+  metDamage = reader.MetDamage();
+  return failure;
 }
 
 }  // namespace morvane

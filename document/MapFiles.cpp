@@ -58,6 +58,10 @@ SaveOutcome SaveAs(Document& document) {
   return outcome;
 }
 
+std::string NameOf(const std::string& path) {
+  return path.substr(path.rfind('/') + 1);
+}
+
 /// What the user has to know of a save that was not done.
 std::string TextOf(const SaveOutcome& outcome) {
   if (outcome.reason.empty()) return "The map was not saved.";
@@ -95,20 +99,22 @@ void Rescue(Document& document, SaveOutcome outcome) {
 void SetTitle(Document& document) {
   document.Caption = kProgramName;
   if (!document.HasCurrentFile) return;
-  const std::string& path = document.CurrentFile;
-  document.Caption += " - " + path.substr(path.rfind('/') + 1);
+  document.Caption += " - " + NameOf(document.CurrentFile);
 }
 
 void OpenMap(Document& document, const std::string& path) {
-  Result<Picture> picture = LoadPicture(document.platform, path);
-  if (!picture.Ok()) {
-    TellFileFailure(document.platform, "The map could not be opened.", path, picture.Reason());
+  Result<LoadedPicture> loaded = LoadPicture(document.platform, path);
+  if (!loaded.Ok()) {
+    TellFileFailure(document.platform, "The map could not be opened.", path, loaded.Reason());
     return;
   }
   document.CurrentFile = path;
-  document.Canvas.SetPicture(std::move(picture.Value()));
+  document.Canvas.SetPicture(std::move(loaded.Value().picture));
   document.HasCurrentFile = true;
   SetTitle(document);
+  if (loaded.Value().isDamaged) {
+    document.StatusText = NameOf(path) + " is damaged. Parts of the map may be wrong.";
+  }
 }
 
 void mnuFileOpen_Click(Document& document) {

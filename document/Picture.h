@@ -86,4 +86,10 @@ class Picture {
   std::unique_ptr<Pixel[], Release> pixels_;  ///< row by row, from the start of a cache line
 };
 
+/// A picture from a file.
+struct LoadedPicture {
+  Picture picture;
+  bool isDamaged = false;  ///< whether the file contradicts itself, so that pixels may be wrong
+};
+
 }  // namespace morvane

@@ -1,5 +1,7 @@
 #include "document/PictureFile.h"
 
+#include <algorithm>
+#include <cassert>
 #include <new>
 
 #include "document/Bmp.h"
@@ -11,11 +13,19 @@ namespace {
 /// Such a file is held in memory as a whole.
 constexpr std::size_t kMostForeignBytes = 256'000'000;
 
-Result<Picture> DecodeForeign(Platform& platform, ByteSource& content) {
-  if (content.Size() > kMostForeignBytes) return Result<Picture>::Failed(kTooLargeFile);
+[[maybe_unused]] bool IsOpaque(const PictureView& picture) {
+  const Pixel* end = picture.Row(picture.height);
+  return std::all_of(picture.pixels, end, [](Pixel pixel) { return pixel >= 0xFF000000U; });
+}
+
+Result<LoadedPicture> DecodeForeign(Platform& platform, ByteSource& content) {
+  if (content.Size() > kMostForeignBytes) return Result<LoadedPicture>::Failed(kTooLargeFile);
   Result<Bytes> bytes = ReadAll(content);
-  return bytes.Ok() ? platform.DecodePicture(std::move(bytes.Value()))
-                    : Result<Picture>::Failed(bytes.Reason());
+  if (!bytes.Ok()) return Result<LoadedPicture>::Failed(bytes.Reason());
+  Result<Picture> picture = platform.DecodePicture(std::move(bytes.Value()));
+  if (!picture.Ok()) return Result<LoadedPicture>::Failed(picture.Reason());
+  assert(IsOpaque(picture.Value().View()));
+  return LoadedPicture{std::move(picture.Value())};
 }
 
 }  // namespace
@@ -28,8 +38,8 @@ Failure WithinMemory(const std::function<Failure()>& load) {
   }
 }
 
-Result<Picture> LoadPicture(Platform& platform, const std::string& path) {
-  Result<Picture> picture = Result<Picture>::Failed({});
+Result<LoadedPicture> LoadPicture(Platform& platform, const std::string& path) {
+  Result<LoadedPicture> picture = Result<LoadedPicture>::Failed({});
   Failure failure = WithinMemory([&]() -> Failure {
     Result<std::unique_ptr<ByteSource>> file = platform.OpenFile(path);
     if (!file.Ok()) return file.Reason();
@@ -38,7 +48,7 @@ Result<Picture> LoadPicture(Platform& platform, const std::string& path) {
     picture = IsBmp(content) ? ReadBmp(content) : DecodeForeign(platform, content);
     return {};
   });
-  return failure.empty() ? std::move(picture) : Result<Picture>::Failed(std::move(failure));
+  return failure.empty() ? std::move(picture) : Result<LoadedPicture>::Failed(std::move(failure));
 }
 
 Failure SavePicture(Platform& platform, const PictureView& picture, const std::string& path) {

@@ -12,7 +12,7 @@ namespace morvane {
 Failure WithinMemory(const std::function<Failure()>& load);
 
 /// Loads a picture from an image file of any known format.
-Result<Picture> LoadPicture(Platform& platform, const std::string& path);
+Result<LoadedPicture> LoadPicture(Platform& platform, const std::string& path);
 
 /// Writes the picture as a BMP file, replacing the file as a whole or not at all.
 Failure SavePicture(Platform& platform, const PictureView& picture, const std::string& path);

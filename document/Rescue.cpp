@@ -29,7 +29,7 @@ std::string PlaceRescueFile(Platform& platform, std::time_t painted,
   for (const std::string& folder : platform.RescueFolders()) {
     const std::string stem = WithTrailingBackslash(folder) + RescueName(painted);
     for (int i = 1; i <= kMostNames; ++i) {
-      const std::string path = stem + (i == 1 ? "" : " (" + std::to_string(i) + ")") + ".bmp";
+      std::string path = stem + (i == 1 ? "" : " (" + std::to_string(i) + ")") + ".bmp";
       const Placing placing = place(path);
       if (placing == Placing::Done) return path;
       if (placing == Placing::Failed) break;
@@ -40,11 +40,11 @@ std::string PlaceRescueFile(Platform& platform, std::time_t painted,
 
 bool IsInItsFile(Document& document) {
   if (!document.HasCurrentFile) return false;
-  Result<Picture> file = LoadPicture(document.platform, document.CurrentFile);
+  Result<LoadedPicture> file = LoadPicture(document.platform, document.CurrentFile);
   if (!file.Ok()) return false;
   // A file that is smaller than the map was opened onto white.
   const PictureView map = document.Canvas.Image();
-  const PictureView saved = file.Value().View();
+  const PictureView saved = file.Value().picture.View();
   if (saved.width > map.width || saved.height > map.height) return false;
   Picture shown(map.width, map.height);
   BitBlt(shown.Draw(), 0, 0, saved.width, saved.height, saved, 0, 0);
@@ -53,19 +53,19 @@ bool IsInItsFile(Document& document) {
 
 bool IsUnsaved(Document& document) {
   const PictureView map = document.Canvas.Image();
-  return !IsBlankMap(map) && !(document.DisposedMap.View() == map) && !IsInItsFile(document);
+  return !IsBlankMap(map) && !(document.SettledMap.View() == map) && !IsInItsFile(document);
 }
 
-/// Whether a file holds a complete map on which something was painted.
+/// Whether a file holds a complete map on which something was painted, or could hold one.
 bool IsWorthKeeping(ByteSource& file) {
   bool isPainted = false;
-  WithinMemory([&] {
+  const Failure outOfMemory = WithinMemory([&] {
     if (!IsBmp(file)) return Failure();
-    Result<Picture> map = ReadBmp(file);
-    isPainted = map.Ok() && !IsBlankMap(map.Value().View());
+    Result<LoadedPicture> map = ReadBmp(file);
+    isPainted = map.Ok() && !IsBlankMap(map.Value().picture.View());
     return Failure();
   });
-  return isPainted;
+  return isPainted || !outOfMemory.empty();
 }
 
 }  // namespace

@@ -35,11 +35,13 @@ void WriteAndReadAgain(const Picture& picture) {
   Require(again.Value() == picture, "what is written comes back");
 }
 
-void ReadBroken(std::span<const std::uint8_t> bytes, std::size_t place, Result<Picture>& whole) {
+void ReadBroken(std::span<const std::uint8_t> bytes, std::size_t place,
+                Result<LoadedPicture>& whole) {
   BrokenSource file(bytes, place);
-  Result<Picture> read = ReadBmp(file);
+  Result<LoadedPicture> read = ReadBmp(file);
   if (read.Ok()) {
-    Require(whole.Ok() && read.Value() == whole.Value(), "a place that isn't needed does no harm");
+    Require(whole.Ok() && read.Value().picture == whole.Value().picture,
+            "a place that isn't needed does no harm");
   } else {
     Require(read.Reason() == kBroken || (!whole.Ok() && read.Reason() == whole.Reason()),
             "a failure gives its own reason");
@@ -55,11 +57,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::span bytes(data, size);
   MemorySource file(bytes);
   IsBmp(file);
-  Result<Picture> picture = ReadBmp(file);
+  Result<LoadedPicture> picture = ReadBmp(file);
   Require(picture.Ok() || !picture.Reason().empty(), "a refusal has a reason");
   if (size >= 2) ReadBroken(bytes, (data[size - 1] * 256U + data[size - 2]) % size, picture);
   if (!picture.Ok()) return 0;
-  const Picture& read = picture.Value();
+  const Picture& read = picture.Value().picture;
   Require(read.Width() > 0 && read.Height() > 0, "a picture has a size");
   if (read.Width() * read.Height() <= kMostWritten) WriteAndReadAgain(read);
   return 0;

@@ -49,12 +49,12 @@ void Dir1_Change(Palette& palette, const std::string& path) {
 void File1_Click(Palette& palette, const std::string& FileName) {
   Document& document = palette.document;
   const std::string path = WithTrailingBackslash(palette.File1.Path()) + FileName;
-  Result<Picture> picture = LoadPicture(document.platform, path);
+  Result<LoadedPicture> picture = LoadPicture(document.platform, path);
   if (!picture.Ok()) {
     document.StatusText = FileName + " can't be used as a tile: " + picture.Reason();
     return;
   }
-  palette.Custom.SetPictureAndSize(std::move(picture.Value()));
+  palette.Custom.SetPictureAndSize(std::move(picture.Value().picture));
   const Size size = palette.Custom.ScaleSize();
   palette.Label2 = FileName.substr(FileName.rfind('/') + 1);
   ShowPreview(palette);
@@ -62,6 +62,9 @@ void File1_Click(Palette& palette, const std::string& FileName) {
   palette.Shape1.Height = size.height;
   palette.Label5 = std::to_string(size.width) + "x" + std::to_string(size.height);
   document.StatusText = "Custom tile selected: " + palette.Label2;
+  if (picture.Value().isDamaged) {
+    document.StatusText += ". The file is damaged, and parts of the picture may be wrong.";
+  }
   palette.LeaveToTileMode();
   document.Canvas.SetFocus();
 }

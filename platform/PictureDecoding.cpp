@@ -13,6 +13,8 @@
 #include <utility>
 
 #include "platform/Images.h"
+#include "platform/JpegDamage.h"
+#include "platform/PictureEnd.h"
 
 namespace morvane {
 namespace {
@@ -87,14 +89,20 @@ class Decoding {
     if (claimed.isValid() && qint64{claimed.width()} * claimed.height() > mostPixels_) {
       return Result<Picture>::Failed(kTooLarge);
     }
+    const JpegDamage damage;
     const QImage image = reader.read();
     if (image.isNull()) {
       return Result<Picture>::Failed(
           "This is not a picture that can be read: " + reader.errorString().toStdString() + ".");
     }
+    if (damage.WasMet() || !HasItsEnd(content_)) {
+      return Result<Picture>::Failed("The file is damaged: parts of the picture are missing.");
+    }
     Picture picture(image.width(), image.height());
     QImage onWhite = ImageOver(picture.Draw());
     QPainter(&onWhite).drawImage(QRect(QPoint(0, 0), image.size()), image);
+    // Some decoders leave the fourth byte empty, and it is copied as it is.
+    MakeOpaque(picture.Draw());
     return picture;
   }
 

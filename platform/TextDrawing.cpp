@@ -47,9 +47,7 @@ void DrawRichText(const std::string& text, Picture& picture) {
   painter.setClipRect(image.rect());
   document.documentLayout()->draw(&painter, context);
   painter.end();
-  for (int y = 0; y < surface.height; ++y) {
-    for (int x = 0; x < surface.width; ++x) surface.Row(y)[x] |= 0xFF000000U;
-  }
+  MakeOpaque(surface);
 }
 
 }  // namespace morvane

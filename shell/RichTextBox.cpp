@@ -7,34 +7,14 @@
 #include <QTextDocument>
 
 #include "platform/TextDrawing.h"
+#include "shell/TextRoom.h"
 
 namespace morvane {
 namespace {
 
-/// No map has room for more letters than this.
-constexpr qsizetype kMostLetters = 20'000;
-/// Changes of format in one piece of pasted text; the rest comes as plain text.
-constexpr int kMostRuns = 500;
 /// Longer or deeper mark-up would keep the toolkit busy for minutes; its plain text is taken.
 constexpr qsizetype kMostMarkup = 50'000;
 constexpr int kDeepestMarkup = 10;
-
-/// What formatting of a pasted text is kept: font, size, four effects and an opaque colour.
-QTextCharFormat KeptFormat(const QTextCharFormat& pasted) {
-  QTextCharFormat kept;
-  for (const int property :
-       {QTextFormat::FontFamilies, QTextFormat::FontPointSize, QTextFormat::FontPixelSize,
-        QTextFormat::FontWeight, QTextFormat::FontItalic, QTextFormat::FontStrikeOut,
-        QTextFormat::TextUnderlineStyle}) {
-    if (pasted.hasProperty(property)) kept.setProperty(property, pasted.property(property));
-  }
-  if (pasted.hasProperty(QTextFormat::ForegroundBrush)) {
-    QColor color = pasted.foreground().color();
-    color.setAlpha(255);
-    kept.setForeground(color);
-  }
-  return kept;
-}
 
 /// The mark-up with paragraphs in the place of table cells. No table is kept, and a cell that
 /// spans thousands of others would take the toolkit minutes to lay out.
@@ -73,29 +53,38 @@ bool RichTextBox::canInsertFromMimeData(const QMimeData* source) const {
 void RichTextBox::insertFromMimeData(const QMimeData* source) {
   const QString markup = source->hasHtml() ? source->html() : QString();
   textCursor().removeSelectedText();
-  qsizetype room = std::max<qsizetype>(0, kMostLetters - document()->characterCount());
   if (markup.isEmpty() || markup.size() > kMostMarkup || IsDeep(markup)) {
-    insertPlainText(source->text().left(room));
+    insertPlainText(TextRoom(*document()).Take(source->text(), currentCharFormat()));
     return;
   }
-  // The pasted document is taken apart and told again: pictures, tables and lists stay outside.
   ClosedDocument pasted;
   pasted.setHtml(WithoutTables(markup));
+  Insert(pasted);
+}
+
+void RichTextBox::Format(QTextCharFormat format) {
+  format.setFontPointSize(TextRoom::FittingPointSize(format.fontPointSize(), *document()));
+  mergeCurrentCharFormat(format);
+}
+
+// The pasted document is taken apart and told again: pictures, tables and lists stay outside.
+void RichTextBox::Insert(const QTextDocument& pasted) {
+  TextRoom room(*document());
   QTextCursor cursor = textCursor();
-  int runs = 0;
-  for (QTextBlock block = pasted.begin(); block.isValid() && room > 0; block = block.next()) {
+  // Otherwise the paragraph would be laid out again for every piece.
+  cursor.beginEditBlock();
+  for (QTextBlock block = pasted.begin(); block.isValid() && !room.IsFull(); block = block.next()) {
     if (block != pasted.begin()) {
+      room.Take("\n", {});
       cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
-      --room;
     }
-    for (auto part = block.begin(); !part.atEnd() && room > 0; ++part) {
-      const QString text =
-          part.fragment().text().remove(QChar::ObjectReplacementCharacter).left(room);
-      const bool keeps = ++runs <= kMostRuns;
-      cursor.insertText(text, keeps ? KeptFormat(part.fragment().charFormat()) : QTextCharFormat());
-      room -= text.size();
+    for (auto part = block.begin(); !part.atEnd() && !room.IsFull(); ++part) {
+      const QTextCharFormat kept = room.Fit(part.fragment().charFormat());
+      const QString text = part.fragment().text().remove(QChar::ObjectReplacementCharacter);
+      cursor.insertText(room.Take(text, kept), kept);
     }
   }
+  cursor.endEditBlock();
   setTextCursor(cursor);
 }
 

@@ -67,7 +67,7 @@ void frmText::cmdFont_Click() {
   format.setFontStrikeOut(font.strikeOut());
   format.setFontUnderline(font.underline());
   format.setForeground(dialog.Color());
-  RichTextBox1_->mergeCurrentCharFormat(format);
+  RichTextBox1_->Format(format);
   RichTextBox1_->setFocus();
 }
 

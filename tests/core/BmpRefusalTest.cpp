@@ -104,12 +104,14 @@ TEST(BmpRefusal, PalettesTooShortOrTooLong) {
                          {300, 300, 1, 3}}) {
     BmpMaker maker{.width = 2, .height = 1, .bits = 8, .data = {0, 2, 0, 0}};
     for (Color color = 1; color <= row.entries; ++color) maker.palette.push_back(color);
-    Bytes file = maker.Make();
-    Write32(file, 46, row.count);
-    Result<Picture> read = ReadBmp(file);
+    Bytes bytes = maker.Make();
+    Write32(bytes, 46, row.count);
+    MemorySource file(bytes);
+    Result<LoadedPicture> read = ReadBmp(file);
     ASSERT_TRUE(read.Ok()) << row.count << " of " << row.entries << ": " << read.Reason();
-    EXPECT_EQ(GetPixel(read.Value().View(), 0, 0), row.first) << row.count;
-    EXPECT_EQ(GetPixel(read.Value().View(), 1, 0), row.second) << row.count;
+    EXPECT_EQ(GetPixel(read.Value().picture.View(), 0, 0), row.first) << row.count;
+    EXPECT_EQ(GetPixel(read.Value().picture.View(), 1, 0), row.second) << row.count;
+    EXPECT_EQ(read.Value().isDamaged, row.second == 0) << row.count;
   }
 }
 
@@ -117,18 +119,22 @@ TEST(BmpRefusal, RunsThatStopShortOrRunOver) {
   struct Row {
     Bytes data;
     std::string pixels;  ///< upper row, then lower row, as indices; empty where it is refused
+    bool isDamaged = false;
   };
   const std::vector<Row> rows = {
       {{3, 1, 0, 0, 3, 2, 0, 1}, "222111"},
-      {{0, 1}, "000000"},                          // nothing but the end mark
-      {{255, 1, 255, 2, 0, 1}, "000111"},          // over the end of its row
-      {{0, 0, 0, 0, 255, 1, 0, 1}, "000000"},      // above the top row
-      {{0, 2, 255, 255, 3, 1, 0, 1}, "000000"},    // a jump out of the picture
-      {{0, 2, 1, 1, 1, 2, 0, 1}, "020000"},        // a jump inside of it
-      {{0, 3, 1, 2, 1, 9, 0, 1}, "000121"},        // the fill byte isn't a pixel
-      {{0, 5, 1, 2, 1, 2, 2, 0, 0, 1}, "000121"},  // single pixels over the end of their row
-      {{3, 1, 0, 0, 3, 2, 0, 0}, "222111"},        // all rows, but no end mark
-      {{3, 1, 0, 0, 3, 2}, ""},                    // the last row doesn't end
+      {{0, 1}, "000000"},                                // nothing but the end mark
+      {{255, 1, 255, 2, 0, 1}, "000111", true},          // over the end of its row
+      {{0, 0, 0, 0, 255, 1, 0, 1}, "000000", true},      // above the top row
+      {{0, 2, 255, 255, 3, 1, 0, 1}, "000000", true},    // a jump out of the picture
+      {{0, 2, 1, 1, 1, 2, 0, 1}, "020000"},              // a jump inside of it
+      {{0, 3, 1, 2, 1, 9, 0, 1}, "000121"},              // the fill byte isn't a pixel
+      {{0, 5, 1, 2, 1, 2, 2, 0, 0, 1}, "000121", true},  // single pixels over the end of their row
+      {{0, 2, 0, 3, 0, 1}, "000000", true},
+      {{3, 1, 0, 0, 3, 2, 0, 0, 0, 0}, "222111"},  // all rows, but no end mark
+      {{3, 9, 0, 1}, "000999", true},
+      {{0, 3, 1, 9, 1, 0, 0, 1}, "000191", true},
+      {{3, 1, 0, 0, 3, 2}, ""},  // the last row doesn't end
       {{3, 1, 0, 0, 3}, ""},
       {{3, 1, 0}, ""},
       {{3, 1, 0, 2, 1}, ""},
@@ -141,13 +147,23 @@ TEST(BmpRefusal, RunsThatStopShortOrRunOver) {
                          .compression = 1,
                          .palette = {'0', '1', '2'},
                          .data = row.data};
-    Result<Picture> read = ReadBmp(maker.Make());
+    const Bytes bytes = maker.Make();
+    MemorySource file(bytes);
+    Result<LoadedPicture> read = ReadBmp(file);
     std::string pixels;
     for (int i = 0; read.Ok() && i < 6; ++i) {
-      pixels += static_cast<char>(GetPixel(read.Value().View(), i % 3, i / 3));
+      const Color color = GetPixel(read.Value().picture.View(), i % 3, i / 3);
+      pixels += color == 0 ? '9' : static_cast<char>(color);
     }
     EXPECT_EQ(pixels, row.pixels) << "in row " << &row - rows.data();
+    EXPECT_EQ(read.Ok() && read.Value().isDamaged, row.isDamaged)
+        << "in row " << &row - rows.data();
   }
+  // The half byte that fills up a row of run lengths of 4 bits isn't meant.
+  const Bytes filled =
+      BmpMaker{.bits = 4, .compression = 2, .palette = {0}, .data = {2, 9, 0, 1}}.Make();
+  MemorySource file(filled);
+  EXPECT_FALSE(ReadBmp(file).Value().isDamaged);
 }
 
 TEST(BmpRefusal, RunLengthsThatCannotFillThePictureAreRefusedBeforeMemoryIsTaken) {

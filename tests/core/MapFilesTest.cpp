@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "document/Bmp.h"
+#include "palette/CustomTiles.h"
+#include "tests/support/BmpMaker.h"
 #include "tests/support/Sample.h"
 
 namespace morvane {
@@ -129,6 +131,20 @@ TEST_F(MapFiles, WhatIsNoPictureIsRefusedWithItsReason) {
   }
   mnuFileOpen_Click(document);  // cancelled
   EXPECT_EQ(platform.boxes.size(), reasons.size());
+}
+
+TEST_F(MapFiles, ADamagedFileIsUsedButTold) {
+  const Bytes file = BmpMaker{.bits = 8, .data = {0, 0, 0, 0}}.Make();  // it has no palette
+  platform.files = {{"/custom/bad.bmp", file}};
+  OpenMap(document, "/custom/bad.bmp");
+  EXPECT_EQ(document.StatusText, "bad.bmp is damaged. Parts of the map may be wrong.");
+  EXPECT_EQ(document.Caption, "Morvane - bad.bmp");
+  Dir1_Change(palette, "/custom");
+  File1_Click(palette, "bad.bmp");
+  EXPECT_EQ(document.StatusText,
+            "Custom tile selected: bad.bmp. The file is damaged, and parts of the picture may be "
+            "wrong.");
+  EXPECT_EQ(palette.Label2, "bad.bmp");
 }
 
 TEST_F(MapFiles, ExitAlwaysAsks) {

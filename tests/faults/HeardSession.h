@@ -104,15 +104,16 @@ class HeardSession : public QObject {
     Hear<PaletteView>(&PaletteView::TabClicked, [this](int set, int tab) { pages_[set] = tab; });
     Hear<CustomFrame>(&CustomFrame::FileClicked, [this](const std::string& name) {
       const std::string path = WithTrailingBackslash(form.palette.File1.Path()) + name;
-      Result<Picture> picture = LoadPicture(platform, path);
+      Result<LoadedPicture> picture = LoadPicture(platform, path);
       ++heard_[picture.Ok() ? "custom tile" : "broken tile"];
       if (!picture.Ok()) return;
-      const Size full = {picture.Value().Width(), picture.Value().Height()};
+      const Picture& tile = picture.Value().picture;
+      const Size full = {tile.Width(), tile.Height()};
       const Size size = PreviewSize(full);
       Picture preview(size.width, size.height);
-      StretchBlt(preview.Draw(), 0, 0, size.width, size.height, picture.Value().View(), 0, 0,
-                 full.width, full.height);
-      model.PickFile(picture.Value(), preview);
+      StretchBlt(preview.Draw(), 0, 0, size.width, size.height, tile.View(), 0, 0, full.width,
+                 full.height);
+      model.PickFile(tile, preview);
       tile_ = name;
       dimensions_ = std::to_string(full.width) + "x" + std::to_string(full.height);
     });
@@ -219,10 +220,10 @@ class HeardSession : public QObject {
 
   void Open() {
     if (platform.brought.file.empty()) return;
-    Result<Picture> picture = LoadPicture(platform, platform.brought.file);
+    Result<LoadedPicture> picture = LoadPicture(platform, platform.brought.file);
     ++heard_[picture.Ok() ? "opened" : "not opened"];
     if (!picture.Ok()) return;
-    model.Load(picture.Value());
+    model.Load(picture.Value().picture);
     file_ = platform.brought.file;
   }
 
@@ -234,8 +235,8 @@ class HeardSession : public QObject {
     }
     ++heard_["saved"];
     file_ = platform.brought.file;
-    Result<Picture> saved = LoadPicture(platform, file_);
-    if (!saved.Ok() || saved.Value() != model.map) wrongFile_ = file_;
+    Result<LoadedPicture> saved = LoadPicture(platform, file_);
+    if (!saved.Ok() || saved.Value().picture != model.map) wrongFile_ = file_;
   }
 
   Counts& heard_;

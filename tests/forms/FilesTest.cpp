@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QImage>
+#include <QImageWriter>
 #include <cerrno>
 #include <cstring>
 
@@ -43,7 +44,7 @@ TEST_F(Files, AFileLargerThanMemoryIsRefusedUnread) {
   ASSERT_TRUE(QFile(QString::fromStdString(path)).open(QIODevice::WriteOnly));
   ASSERT_EQ(truncate(path.c_str(), off_t{1} << 40U), 0);
   QtPlatform platform;
-  Result<Picture> picture = LoadPicture(platform, path);
+  Result<LoadedPicture> picture = LoadPicture(platform, path);
   ASSERT_FALSE(picture.Ok());
   EXPECT_EQ(picture.Reason(), "The file is too large.");
   EXPECT_EQ(platform.GetPrivateProfileString("Map", "Dir", "none", 2048, path), "none");
@@ -118,6 +119,38 @@ TEST_F(Files, PicturesOfOtherFormatsLieOnWhite) {
   // A header alone, which claims 30,000 by 30,000 pixels.
   const std::string claims = "P6\n30000 30000\n255\n";
   EXPECT_EQ(platform.DecodePicture(Bytes(claims.begin(), claims.end())).Reason(), kTooLarge);
+}
+
+TEST_F(Files, OnlyWholeJpegsAndGifsAreOpened) {
+  QtPlatform platform;
+  QImage picture(150, 100, QImage::Format_RGB32);
+  for (int y = 0; y < 100; ++y) {
+    for (int x = 0; x < 150; ++x) picture.setPixel(x, y, qRgb(x * y, x * 7, y * 9));
+  }
+  for (const bool progressive : {false, true}) {
+    QImageWriter writer(progressive ? "b.jpg" : "a.jpg");
+    writer.setProgressiveScanWrite(progressive);
+    ASSERT_TRUE(writer.write(picture));
+  }
+  // One pixel of a picture of two; Qt leaves the other empty.
+  const Bytes gif = {'G', 'I', 'F', '8', '9', 'a', 2, 0, 1,  0,  0,  0, 0, ',', 0, 0, 0,  0,
+                     1,   0,   1,   0,   128, 9,   9, 9, 80, 80, 80, 2, 2, 68,  1, 0, ';'};
+  for (const Bytes& whole : {Read("a.jpg"), Read("b.jpg"), gif}) {
+    for (std::size_t percent = 1; percent < 100; ++percent) {
+      Bytes cut = whole;
+      cut.resize(whole.size() * percent / 100);
+      EXPECT_FALSE(platform.DecodePicture(cut).Ok()) << percent << " % of " << whole.size();
+    }
+    Bytes longer = whole;
+    longer.insert(longer.end(), {0, 0xFF, 0xD8, 0xFF});
+    Result<Picture> decoded = platform.DecodePicture(longer);
+    ASSERT_TRUE(decoded.Ok()) << decoded.Reason();
+    EXPECT_EQ(ReadBmp(WriteBmp(decoded.Value().View())).Value(), decoded.Value());
+  }
+  Bytes holed = Read("a.jpg");
+  std::fill(holed.begin() + static_cast<long>(holed.size() / 2), holed.end() - 2, 0x55);
+  EXPECT_EQ(platform.DecodePicture(holed).Reason(),
+            "The file is damaged: parts of the picture are missing.");
 }
 
 TEST_F(Files, APictureThatTakesTooLongIsGivenUp) {

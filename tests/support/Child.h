@@ -117,9 +117,9 @@ inline std::string NamesIn(const std::string& folder) {
 /// The map in a file; an empty picture and a failure where it can't be read.
 inline Picture MapIn(const std::string& path) {
   QtPlatform platform;
-  Result<Picture> map = LoadPicture(platform, path);
+  Result<LoadedPicture> map = LoadPicture(platform, path);
   EXPECT_TRUE(map.Ok()) << path << ": " << map.Reason();
-  return map.Ok() ? std::move(map.Value()) : Picture();
+  return map.Ok() ? std::move(map.Value().picture) : Picture();
 }
 
 }  // namespace morvane

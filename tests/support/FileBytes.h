@@ -14,7 +14,8 @@ inline Bytes WriteBmp(const PictureView& picture) {
 
 inline Result<Picture> ReadBmp(const Bytes& bytes) {
   MemorySource file(bytes);
-  return ReadBmp(file);
+  Result<LoadedPicture> loaded = ReadBmp(file);
+  return loaded.Ok() ? std::move(loaded.Value().picture) : Result<Picture>::Failed(loaded.Reason());
 }
 
 /// A file that owns its bytes.

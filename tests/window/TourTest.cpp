@@ -103,13 +103,13 @@ TEST(Tour, PaintsItsMapThroughTheRealProgram) {
   ASSERT_EQ(tour.exitCode(), 0);
 
   QtPlatform platform;
-  Result<Picture> saved = LoadPicture(platform, folder.filePath("out/map.bmp").toStdString());
+  Result<LoadedPicture> saved = LoadPicture(platform, folder.filePath("out/map.bmp").toStdString());
   ASSERT_TRUE(saved.Ok()) << saved.Reason();
-  Picture& map = saved.Value();
+  Picture& map = saved.Value().picture;
   for (const char* name : {"out/again.bmp", "out/outside.bmp"}) {
-    Result<Picture> again = LoadPicture(platform, folder.filePath(name).toStdString());
+    Result<LoadedPicture> again = LoadPicture(platform, folder.filePath(name).toStdString());
     ASSERT_TRUE(again.Ok()) << again.Reason();
-    EXPECT_EQ(Difference(again.Value(), map), "") << name;
+    EXPECT_EQ(Difference(again.Value().picture, map), "") << name;
   }
   const ExpectedTour expected;
   Picture rest(expected.form.document.Canvas.Image());

@@ -1,0 +1,66 @@
+#include "platform/JpegDamage.h"
+
+#include <QLoggingCategory>
+#include <algorithm>
+#include <array>
+#include <atomic>
+#include <cstring>
+
+namespace morvane {
+namespace {
+
+constexpr const char* kDecoder = "qt.gui.imageio.jpeg";
+
+/// What the decoder says where pixels are lost. Its other remarks also come of sound files.
+constexpr std::array kDamage = {"premature end of data segment", "bad Huffman code",
+                                "bad arithmetic code", "instead of RST"};
+
+thread_local JpegDamage* listener = nullptr;
+
+QtMessageHandler nextHandler = nullptr;
+QLoggingCategory::CategoryFilter nextFilter = nullptr;
+std::atomic<bool> isLogWanted = true;
+
+void HandleMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+  if (listener != nullptr && qstrcmp(context.category, kDecoder) == 0) {
+    listener->Hear(qPrintable(text));
+    if (!isLogWanted) return;
+  }
+  nextHandler(type, context, text);
+}
+
+/// Keeps the decoder's log going where it was switched off for the terminal.
+void Filter(QLoggingCategory* category) {
+  nextFilter(category);
+  if (qstrcmp(category->categoryName(), kDecoder) != 0) return;
+  isLogWanted = category->isWarningEnabled();
+  category->setEnabled(QtWarningMsg, true);
+}
+
+/// Each is taken out before it is replaced, so that what comes next is known from the first call.
+bool Listen() {
+  nextHandler = qInstallMessageHandler(nullptr);
+  qInstallMessageHandler(&HandleMessage);
+  nextFilter = QLoggingCategory::installFilter(nullptr);
+  QLoggingCategory::installFilter(&Filter);
+  return true;
+}
+
+}  // namespace
+
+JpegDamage::JpegDamage() {
+  [[maybe_unused]] static const bool isListening = Listen();
+  listener = this;
+}
+
+JpegDamage::~JpegDamage() {
+  listener = nullptr;
+}
+
+void JpegDamage::Hear(const char* line) {
+  wasMet_ = wasMet_ || std::any_of(kDamage.begin(), kDamage.end(), [line](const char* damage) {
+              return std::strstr(line, damage) != nullptr;
+            });
+}
+
+}  // namespace morvane

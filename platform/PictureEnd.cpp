@@ -1,0 +1,83 @@
+#include "platform/PictureEnd.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+
+namespace morvane {
+namespace {
+
+using File = std::span<const std::uint8_t>;
+
+bool BeginsWith(File file, std::span<const std::uint8_t> mark) {
+  return file.size() >= mark.size() && std::equal(mark.begin(), mark.end(), file.begin());
+}
+
+/// Goes from marker to marker: an end mark inside of a segment belongs to a preview.
+bool JpegHasItsEnd(File file) {
+  constexpr unsigned kEscapedByte = 0x00;
+  constexpr unsigned kTemporary = 0x01;
+  constexpr unsigned kFirstRestart = 0xD0;
+  constexpr unsigned kStart = 0xD8;
+  constexpr unsigned kEnd = 0xD9;
+  std::size_t at = 2;
+  while (at + 1 < file.size()) {
+    const unsigned marker = file[at + 1];
+    if (file[at] != 0xFF || marker == 0xFF) {
+      ++at;
+    } else if (marker == kEnd) {
+      return true;
+    } else if (marker == kEscapedByte || marker == kTemporary ||
+               (marker >= kFirstRestart && marker <= kStart)) {
+      at += 2;
+    } else {
+      if (at + 3 >= file.size()) return false;
+      at += 2 + file[at + 2] * std::size_t{256} + file[at + 3];
+    }
+  }
+  return false;
+}
+
+/// Bytes of the colour table that these flags tell of.
+std::size_t TableBytes(unsigned flags) {
+  return (flags & 0x80U) == 0 ? 0 : std::size_t{3} << ((flags & 7U) + 1);
+}
+
+/// Goes from block to block.
+bool GifHasItsEnd(File file) {
+  constexpr std::size_t kHeaderBytes = 13;
+  if (file.size() < kHeaderBytes) return false;
+  std::size_t at = kHeaderBytes + TableBytes(file[10]);
+  while (at < file.size()) {
+    switch (file[at]) {
+      case ';':
+        return true;
+      case '!':
+        at += 2;
+        break;
+      case ',':
+        if (at + 9 >= file.size()) return false;
+        at += 11 + TableBytes(file[at + 9]);
+        break;
+      case 0:  // some programs write one empty piece too many
+        ++at;
+        continue;
+      default:
+        return false;
+    }
+    while (at < file.size() && file[at] != 0) at += file[at] + std::size_t{1};
+    ++at;
+  }
+  return false;
+}
+
+}  // namespace
+
+bool HasItsEnd(File file) {
+  constexpr std::array<std::uint8_t, 3> kJpeg = {0xFF, 0xD8, 0xFF};
+  constexpr std::array<std::uint8_t, 4> kGif = {'G', 'I', 'F', '8'};
+  if (BeginsWith(file, kJpeg)) return JpegHasItsEnd(file);
+  return !BeginsWith(file, kGif) || GifHasItsEnd(file);
+}
+
+}  // namespace morvane

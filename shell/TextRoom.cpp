@@ -1,0 +1,116 @@
+#include "shell/TextRoom.h"
+
+#include <QTextBlock>
+#include <QTextDocument>
+#include <algorithm>
+#include <array>
+
+namespace morvane {
+namespace {
+
+constexpr double kPointsPerPixel = 72.0 / 96;
+/// Smaller letters count as much as these. In pixels.
+constexpr double kSmallLetters = 16;
+/// The sizes of all letters together: 10,000 small ones, several times what the map's text shows.
+constexpr double kMostHeight = 10'000 * kSmallLetters;
+/// Changes of format.
+constexpr int kMostRuns = 500;
+/// Kinds of font; each is looked up again for every script in the text.
+constexpr qsizetype kMostFonts = 64;
+
+constexpr std::array kFontProperties = {QTextFormat::FontFamilies, QTextFormat::FontPointSize,
+                                        QTextFormat::FontPixelSize, QTextFormat::FontWeight,
+                                        QTextFormat::FontItalic};
+
+void CopyProperty(QTextFormat::Property property, const QTextCharFormat& from,
+                  QTextCharFormat& to) {
+  if (from.hasProperty(property)) to.setProperty(property, from.property(property));
+}
+
+// What was pasted may be no number at all.
+double LimitedPoints(double points, double mostPixels) {
+  const double most = std::min<double>(mostPixels, kLargestLetters) * kPointsPerPixel;
+  return points <= most ? points : most;
+}
+
+void LimitSize(QTextCharFormat& format) {
+  if (format.hasProperty(QTextFormat::FontPointSize)) {
+    format.setFontPointSize(LimitedPoints(format.fontPointSize(), kLargestLetters));
+  }
+  if (format.hasProperty(QTextFormat::FontPixelSize)) {
+    const int pixels = format.intProperty(QTextFormat::FontPixelSize);
+    format.setProperty(QTextFormat::FontPixelSize, std::min(pixels, kLargestLetters));
+  }
+}
+
+/// What one letter counts, in pixels.
+double HeightOf(const QTextCharFormat& format) {
+  return std::max({kSmallLetters, format.fontPointSize() / kPointsPerPixel,
+                   double(format.intProperty(QTextFormat::FontPixelSize))});
+}
+
+QString FontKey(const QTextCharFormat& format) {
+  QString key;
+  for (const QTextFormat::Property property : kFontProperties) {
+    const QVariant value = format.property(property);
+    key += (property == QTextFormat::FontFamilies ? value.toStringList().join(',')
+                                                  : value.toString()) +
+           ';';
+  }
+  return key;
+}
+
+}  // namespace
+
+TextRoom::TextRoom(const QTextDocument& document)
+    : height_(kMostHeight - document.blockCount() * kSmallLetters) {
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    for (auto part = block.begin(); !part.atEnd(); ++part) {
+      const QTextCharFormat format = part.fragment().charFormat();
+      height_ -= part.fragment().length() * HeightOf(format);
+      ++runs_;
+      fonts_.insert(FontKey(format));
+    }
+  }
+}
+
+qsizetype TextRoom::Letters(const QTextCharFormat& format) const {
+  return std::max<qsizetype>(0, static_cast<qsizetype>(height_ / HeightOf(format)));
+}
+
+QString TextRoom::Take(const QString& text, const QTextCharFormat& format) {
+  QString taken = text.left(Letters(format));
+  height_ -= static_cast<double>(taken.size()) * HeightOf(format);
+  return taken;
+}
+
+QTextCharFormat TextRoom::Fit(const QTextCharFormat& pasted) {
+  QTextCharFormat kept;
+  if (++runs_ > kMostRuns) return kept;
+  for (const QTextFormat::Property property : kFontProperties) {
+    CopyProperty(property, pasted, kept);
+  }
+  LimitSize(kept);
+  if (!HasFont(kept)) kept = QTextCharFormat();
+  CopyProperty(QTextFormat::FontStrikeOut, pasted, kept);
+  CopyProperty(QTextFormat::TextUnderlineStyle, pasted, kept);
+  if (pasted.hasProperty(QTextFormat::ForegroundBrush)) {
+    QColor color = pasted.foreground().color();
+    color.setAlpha(255);
+    kept.setForeground(color);
+  }
+  return kept;
+}
+
+double TextRoom::FittingPointSize(double points, const QTextDocument& document) {
+  return LimitedPoints(points, kMostHeight / document.characterCount());
+}
+
+bool TextRoom::HasFont(const QTextCharFormat& format) {
+  const QString key = FontKey(format);
+  if (!fonts_.contains(key) && fonts_.size() >= kMostFonts) return false;
+  fonts_.insert(key);
+  return true;
+}
+
+}  // namespace morvane
