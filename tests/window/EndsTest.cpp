@@ -80,8 +80,8 @@ class Ends : public testing::TestWithParam<End> {
   }
   Picture Read(const QString& name) const {
     QtPlatform platform;
-    auto picture = LoadPicture(platform, session_.folder.filePath(name).toStdString());
-    return picture.Ok() ? std::move(picture.Value()) : Picture();
+    auto map = LoadPicture(platform, session_.folder.filePath(name).toStdString());
+    return map.Ok() ? std::move(map.Value().picture) : Picture();
   }
   /// The name of the one rescue copy that is new; empty if there is none.
   QString NewCopy() {
