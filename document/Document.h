@@ -49,7 +49,7 @@ struct Document {
   std::vector<std::unique_ptr<Leftover>> UnplacedLeftovers;
   /// The map as it was when the session was about to end and the user, or a rescue copy, had
   /// settled what becomes of it.
-  Picture DisposedMap;
+  Picture SettledMap;
 };
 
 }  // namespace morvane

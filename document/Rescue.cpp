@@ -29,7 +29,7 @@ std::string PlaceRescueFile(Platform& platform, std::time_t painted,
   for (const std::string& folder : platform.RescueFolders()) {
     const std::string stem = WithTrailingBackslash(folder) + RescueName(painted);
     for (int i = 1; i <= kMostNames; ++i) {
-      const std::string path = stem + (i == 1 ? "" : " (" + std::to_string(i) + ")") + ".bmp";
+      std::string path = stem + (i == 1 ? "" : " (" + std::to_string(i) + ")") + ".bmp";
       const Placing placing = place(path);
       if (placing == Placing::Done) return path;
       if (placing == Placing::Failed) break;
@@ -53,19 +53,19 @@ bool IsInItsFile(Document& document) {
 
 bool IsUnsaved(Document& document) {
   const PictureView map = document.Canvas.Image();
-  return !IsBlankMap(map) && !(document.DisposedMap.View() == map) && !IsInItsFile(document);
+  return !IsBlankMap(map) && !(document.SettledMap.View() == map) && !IsInItsFile(document);
 }
 
-/// Whether a file holds a complete map on which something was painted.
+/// Whether a file holds a complete map on which something was painted, or could hold one.
 bool IsWorthKeeping(ByteSource& file) {
   bool isPainted = false;
-  WithinMemory([&] {
+  const Failure outOfMemory = WithinMemory([&] {
     if (!IsBmp(file)) return Failure();
     Result<LoadedPicture> map = ReadBmp(file);
     isPainted = map.Ok() && !IsBlankMap(map.Value().picture.View());
     return Failure();
   });
-  return isPainted;
+  return isPainted || !outOfMemory.empty();
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ namespace morvane {
 std::string WriteRescueCopy(Document& document);
 
 /// Writes a rescue copy, to be reported by the next run, of a map that would be lost: one that
-/// isn't blank, differs from its file, and isn't DisposedMap. False if no folder takes it.
+/// isn't blank, differs from its file, and isn't SettledMap. False if no folder takes it.
 bool RescueUnsavedMap(Document& document);
 
 /// Keeps the maps that earlier runs left behind as rescue copies. To be called before the first

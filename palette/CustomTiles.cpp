@@ -69,6 +69,13 @@ void File1_Click(Palette& palette, const std::string& FileName) {
   document.Canvas.SetFocus();
 }
 
+void File1_Drop(Palette& palette, const std::string& path) {
+  const std::size_t nameAt = path.rfind('/') + 1;
+  const std::string folder = path.substr(0, std::max<std::size_t>(1, nameAt - 1));
+  Dir1_Change(palette, folder);
+  if (palette.File1.Path() == folder) File1_Click(palette, path.substr(nameAt));
+}
+
 void ShowStoredFolder(Palette& palette) {
   Platform& platform = palette.document.platform;
   const std::string stored = palette.document.settings.GetINIFileString("Custom", "Dir", "");

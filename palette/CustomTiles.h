@@ -16,6 +16,9 @@ void Dir1_Change(Palette& palette, const std::string& path);
 /// the status text.
 void File1_Click(Palette& palette, const std::string& FileName);
 
+/// A file was dropped on the list of files: the list shows its folder, and it becomes the stamp.
+void File1_Drop(Palette& palette, const std::string& path);
+
 /// Shows the folder of custom tiles that the settings name, as after the Options dialog.
 void ShowStoredFolder(Palette& palette);
 

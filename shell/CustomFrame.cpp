@@ -12,6 +12,7 @@
 #include <optional>
 
 #include "shell/Accessible.h"
+#include "shell/FileDrop.h"
 #include "shell/FittedLabel.h"
 #include "shell/Layout.h"
 #include "shell/TabRing.h"
@@ -109,6 +110,15 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   connect(files_, &QListWidget::itemClicked, this, click);
   connect(new QShortcut(Qt::Key_Return, files_, nullptr, nullptr, Qt::WidgetShortcut),
           &QShortcut::activated, this, [this, click] { click(files_->currentItem()); });
+  connect(new FileDrop(files_->viewport()), &FileDrop::Dropped, this,
+          [this](const std::string& path) {
+            emit FileDropped(path);
+            const auto row =
+                std::find(shownNames_.begin(), shownNames_.end(), path.substr(path.rfind('/') + 1));
+            if (row != shownNames_.end()) {
+              files_->setCurrentRow(static_cast<int>(row - shownNames_.begin()));
+            }
+          });
 }
 
 void CustomFrame::ShowState() {
@@ -194,7 +204,7 @@ bool CustomFrame::eventFilter(QObject* watched, QEvent* event) {
   return false;
 }
 
-QWidget* CustomFrame::File1() const {
+QAbstractScrollArea* CustomFrame::File1() const {
   return files_;
 }
 

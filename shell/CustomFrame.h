@@ -3,6 +3,7 @@
 #include "palette/Palette.h"
 #include "shell/GroupFrame.h"
 
+class QAbstractScrollArea;
 class QComboBox;
 class QListWidget;
 class QListWidgetItem;
@@ -23,7 +24,7 @@ class CustomFrame : public GroupFrame {
   void AddStops(TabRing& ring) const;
 
   /// The list of files, over which no outline belongs on the map.
-  QWidget* File1() const;
+  QAbstractScrollArea* File1() const;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -35,6 +36,8 @@ class CustomFrame : public GroupFrame {
   void FolderOpened(const std::string& path);
   /// A file was chosen, by its name without the folder.
   void FileClicked(const std::string& name);
+  /// A file was dropped on the list, by its absolute path.
+  void FileDropped(const std::string& path);
 
  private:
   void ListDrives();

@@ -1,5 +1,6 @@
 #include "shell/frmMain.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QBackingStore>
 #include <QCloseEvent>
@@ -20,6 +21,7 @@
 #include "shell/CanvasView.h"
 #include "shell/ClientArea.h"
 #include "shell/CustomFrame.h"
+#include "shell/FileDrop.h"
 #include "shell/HoverReset.h"
 #include "shell/Layout.h"
 #include "shell/LeftColumn.h"
@@ -135,6 +137,8 @@ void frmMain::ConnectEvents() {
   connect(frame5_, &CustomFrame::DriveChosen, this, Event(&Drive1_Change));
   connect(frame5_, &CustomFrame::FolderOpened, this, Event(&Dir1_Change));
   connect(frame5_, &CustomFrame::FileClicked, this, Event(&File1_Click));
+  connect(frame5_, &CustomFrame::FileDropped, this, Event(&File1_Drop));
+  connect(new FileDrop(canvas_), &FileDrop::Dropped, this, &frmMain::Open);
   connect(canvas_, &CanvasView::Pressed, this, Event(&Canvas_MouseDown));
   connect(canvas_, &CanvasView::Moved, this, Event(&Canvas_MouseMove));
   connect(canvas_, &CanvasView::KeyPressed, this, [this](int Key, int Modifiers, bool& handled) {

@@ -67,7 +67,7 @@ void MainForm::EndUnasked() {
 bool MainForm::SessionEnds(bool mayAsk) {
   if (mayAsk && Form_Unload()) return true;
   if (!mayAsk && !RescueUnsavedMap(document)) return false;
-  document.DisposedMap = Picture(document.Canvas.Image());
+  document.SettledMap = Picture(document.Canvas.Image());
   return false;
 }
 

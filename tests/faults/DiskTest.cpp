@@ -77,11 +77,6 @@ struct Disk : testing::TestWithParam<Fault> {
       std::filesystem::create_directories(folder);
       std::filesystem::permissions(folder, std::filesystem::perms::all);
     }
-    qputenv("HOME", home.c_str());
-    qputenv("TMPDIR", disk.c_str());
-  }
-  ~Disk() override {
-    for (const char* name : {"HOME", "TMPDIR"}) qunsetenv(name);
   }
 
   static void TrySaves(Session::Window& editor, const std::string& old) {
@@ -142,7 +137,10 @@ struct Disk : testing::TestWithParam<Fault> {
     }
     EXPECT_FALSE(editor.window.isVisible());
   }
+  /// To be run in a child.
   void Try() const {
+    qputenv("HOME", home.c_str());
+    qputenv("TMPDIR", disk.c_str());
     GetParam().prepare(disk);
     Session session;
     Session::Window& editor = session.editor;

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
@@ -11,6 +12,7 @@
 #include <QPushButton>
 #include <QTextFrame>
 #include <QTimer>
+#include <QUrl>
 #include <set>
 
 #include "document/Blit.h"
@@ -253,6 +255,39 @@ TEST_F(Dialogs, CustomPicturesAreChosenByClick) {
   EXPECT_EQ(Find<QLabel>("Label5")->text(), "30x20");
   EXPECT_EQ(Find("Picture1")->size(), QSize(30, 20));
   EXPECT_TRUE(Find("Canvas")->hasFocus());
+}
+
+TEST_F(Dialogs, OneFileCanBeDroppedOnTheMapOrOnTheList) {
+  ASSERT_TRUE(QDir().mkdir("a\xc3\xa4"));
+  const std::string path = folder.File("a\xc3\xa4/tile.bmp");
+  QImage tile(30, 20, QImage::Format_RGB32);
+  tile.fill(Qt::blue);
+  ASSERT_TRUE(tile.save(QString::fromStdString(path)));
+  const auto drop = [](QWidget* target, const QList<QUrl>& urls) {
+    QMimeData dragged;
+    dragged.setUrls(urls);
+    QDragEnterEvent enter({5, 5}, Qt::MoveAction | Qt::CopyAction, &dragged, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(target, &enter);
+    QDropEvent event({5, 5}, Qt::MoveAction | Qt::CopyAction, &dragged, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(target, &event);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(event.dropAction(), Qt::CopyAction);
+    return enter.isAccepted();
+  };
+  const QUrl file = QUrl::fromLocalFile(QString::fromStdString(path));
+  const QUrl place = QUrl::fromLocalFile(QString::fromStdString(folder.File("")));
+  const std::vector<QList<QUrl>> refused = {{}, {place}, {file, file}, {QUrl("http://a/tile.bmp")}};
+  for (const QList<QUrl>& urls : refused) EXPECT_FALSE(drop(Find("Canvas"), urls));
+  EXPECT_FALSE(form.document.HasCurrentFile);
+  EXPECT_TRUE(drop(Find("Canvas"), {file}));
+  EXPECT_EQ(form.document.CurrentFile, path);
+  emit Find<QComboBox>("TileSetSelector")->activated(kCustomSet);
+  auto* files = Find<QListWidget>("File1");
+  EXPECT_TRUE(drop(files->viewport(), {file}));
+  ASSERT_NE(files->currentItem(), nullptr);
+  EXPECT_EQ(files->currentItem()->text(), "tile.bmp");
+  EXPECT_EQ(form.document.StatusText, "Custom tile selected: tile.bmp");
+  EXPECT_TRUE(platform.boxes.empty());
 }
 
 }  // namespace

@@ -92,12 +92,15 @@ TEST_F(SnapshotFileTest, NothingThatWasPlantedIsWrittenThrough) {
 }
 
 TEST_F(SnapshotFileTest, AFolderThatCannotBeWrittenIsNoHindranceButTwoAre) {
+  const QByteArray temporary = qgetenv("TMPDIR");
+  const QByteArray state = qgetenv("XDG_STATE_HOME");
   QDir::setCurrent("/proc");
   for (const char* variable : {"TMPDIR", "XDG_STATE_HOME"}) qputenv(variable, "/proc");
   SnapshotFile file;
   EXPECT_NE(Write(file, first), "");
   EXPECT_EQ(Read(file), Bytes());
-  for (const char* variable : {"TMPDIR", "XDG_STATE_HOME"}) qunsetenv(variable);
+  qputenv("TMPDIR", temporary);
+  qputenv("XDG_STATE_HOME", state);
   EXPECT_EQ(Write(file, first), "");
   EXPECT_EQ(Read(file), first);
 }

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QSettings>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -83,6 +84,8 @@ struct Session {
   struct Application : QApplication {
     Application(int& count, char** arguments) : QApplication(count, arguments) {
       setStyle(new FocusStyle);
+      // As in the program: dialogs of Qt would write into the home folder.
+      QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
     }
   };
   struct Window : FormFixture {

@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <deque>
+#include <filesystem>
 #include <new>
 
 #include "platform/QtPlatform.h"
@@ -49,6 +50,9 @@ class StartFolder {
   ~StartFolder() {
     QDir::setCurrent(before_);
     qunsetenv("XDG_STATE_HOME");
+    // QTemporaryDir leaves names that aren't UTF-8.
+    std::error_code none;
+    std::filesystem::remove_all(folder_.path().toStdString(), none);
   }
   std::string File(const char* name) const { return folder_.filePath(name).toStdString(); }
 

@@ -1,11 +1,5 @@
 #include "tests/window/Desk.h"
 
-#include <sys/prctl.h>
-
-#include <QElapsedTimer>
-#include <QFile>
-#include <csignal>
-
 namespace morvane {
 namespace {
 
@@ -30,42 +24,13 @@ int Changes(const QImage& before, const QImage& after, const AtspiRect& place) {
 
 }  // namespace
 
-Desk::Session::~Session() {
-  for (QProcess& process : processes) {
-    process.kill();
-    process.waitForFinished();
-  }
-}
-
-QProcess& Desk::Session::Start(const QString& program, const QStringList& arguments) {
-  QProcess& process = processes.emplace_front();
-  process.setWorkingDirectory(folder.path());
-  // Nothing stays behind a test that is cut short.
-  process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
-  process.start(program, arguments);
-  EXPECT_TRUE(process.waitForStarted()) << program.toStdString();
-  return process;
-}
-
-QByteArray Desk::Session::AddressOf(const QString& program, const QStringList& arguments) {
-  QProcess& server = Start(program, arguments);
-  EXPECT_TRUE(server.waitForReadyRead()) << server.readAllStandardError().toStdString();
-  return server.readLine().trimmed();
-}
-
 void Desk::SetUpTestSuite() {
   session_ = std::make_unique<Session>();
-  const QByteArray home = QFile::encodeName(session_->folder.path());
-  for (const char* variable : {"HOME", "XDG_RUNTIME_DIR"}) qputenv(variable, home);
-  for (const char* variable : {"WAYLAND_DISPLAY", "AT_SPI_BUS_ADDRESS"}) qunsetenv(variable);
-  qputenv("QT_QPA_PLATFORM", "xcb");
   qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
-  qputenv("DISPLAY",
-          ":" + session_->AddressOf("Xvfb", {"-displayfd", "1", "-screen", "0", "1280x900x24",
-                                             "-nolisten", "tcp", "-noreset"}));
+  session_->OpenDisplay();
   qputenv("DBUS_SESSION_BUS_ADDRESS",
-          session_->AddressOf("dbus-daemon", {"--session", "--nofork", "--print-address"}));
-  session_->Start("openbox", {});
+          session_->AddressOf("dbus-daemon", {"--session", "--nofork", "--print-address",
+                                              "--address=unix:runtime=yes"}));
   ASSERT_EQ(atspi_init(), 0) << "There is no bus of accessibility";
   QImage tile(20, 20, QImage::Format_RGB32);
   tile.fill(Qt::red);
@@ -85,20 +50,6 @@ void Desk::TearDown() {
   session_->processes.front().kill();
   session_->processes.front().waitForFinished();
   session_->processes.pop_front();
-}
-
-bool Desk::Await(const std::function<bool()>& condition) {
-  constexpr qint64 kLongest = 10'000;  // ms
-  constexpr int kPause = 10'000;       // us
-  QElapsedTimer waited;
-  waited.start();
-  for (;;) {
-    while (g_main_context_iteration(nullptr, FALSE)) {
-    }
-    if (condition()) return true;
-    if (waited.elapsed() > kLongest) return false;
-    g_usleep(kPause);
-  }
 }
 
 Spoken Desk::Opened(const std::string& title) {

@@ -3,10 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <deque>
 
+#include "tests/window/Session.h"
 #include "tests/window/Spoken.h"
 
 namespace morvane {
@@ -22,13 +20,6 @@ class Desk : public testing::Test {
   void SetUp() override;
   void TearDown() override;
 
-  /// Waits some seconds at most for something to become true.
-  static bool Await(const std::function<bool()>& condition);
-  static void Key(const QStringList& keys) { Hand(QStringList("key") + keys); }
-  /// What the tool for keys and mouse is to do.
-  static void Hand(const QStringList& orders) {
-    ASSERT_EQ(QProcess::execute("xdotool", orders), 0) << orders.join(' ').toStdString();
-  }
   /// The window or dialog of that title once the keys go to it.
   static Spoken Opened(const std::string& title);
   static std::string Focus(const char* window = "Morvane") {
@@ -46,17 +37,6 @@ class Desk : public testing::Test {
   std::vector<std::string> notices;
 
  private:
-  /// A folder as home, and processes that end with it.
-  struct Session {
-    QTemporaryDir folder;
-    std::deque<QProcess> processes;
-
-    ~Session();
-    QProcess& Start(const QString& program, const QStringList& arguments);
-    /// Starts a server and gives the line in which it names its address.
-    QByteArray AddressOf(const QString& program, const QStringList& arguments);
-  };
-
   /// The display once it has come to rest.
   static QImage Picture();
   static void Hear(AtspiEvent* event, void* desk);

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QObject>
+#include <string>
+
+namespace morvane {
+
+/// Lets the user drop one file on a widget. Anything else is refused by the pointer.
+class FileDrop : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Belongs to the widget.
+  explicit FileDrop(QWidget* target);
+
+ signals:
+  /// A file was dropped, by its absolute path.
+  void Dropped(const std::string& path);
+
+ protected:
+  bool eventFilter(QObject* target, QEvent* event) override;
+};
+
+}  // namespace morvane
