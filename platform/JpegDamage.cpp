@@ -48,8 +48,12 @@ bool Listen() {
 
 }  // namespace
 
-JpegDamage::JpegDamage() {
+void JpegDamage::Install() {
   [[maybe_unused]] static const bool isListening = Listen();
+}
+
+JpegDamage::JpegDamage() {
+  Install();
   listener = this;
 }
 

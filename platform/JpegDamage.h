@@ -2,14 +2,18 @@
 
 namespace morvane {
 
-/// Notes damage that Qt's JPEG decoder meets in this thread. The decoder makes up what is missing
-/// and tells of it nowhere but in its log.
+/// Notes damage that Qt's JPEG decoder meets in this thread. The decoder fills in what is
+/// missing and reports that only in its log.
 class JpegDamage {
  public:
   JpegDamage();
   JpegDamage(const JpegDamage&) = delete;
   JpegDamage& operator=(const JpegDamage&) = delete;
   ~JpegDamage();
+
+  /// Installs the handler of messages, if the first decoder hasn't yet. To be called at the start:
+  /// for a moment no other handler is installed.
+  static void Install();
 
   bool WasMet() const { return wasMet_; }
   /// Takes a line of the decoder's log.

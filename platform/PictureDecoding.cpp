@@ -96,7 +96,7 @@ class Decoding {
           "This is not a picture that can be read: " + reader.errorString().toStdString() + ".");
     }
     if (damage.WasMet() || !HasItsEnd(content_)) {
-      return Result<Picture>::Failed("The file is damaged: parts of the picture are missing.");
+      return Result<Picture>::Failed("The file is incomplete or damaged.");
     }
     Picture picture(image.width(), image.height());
     QImage onWhite = ImageOver(picture.Draw());
