@@ -117,19 +117,24 @@ void FitColumns(const QFileDialog& box) {
 }
 
 /// The bytes of a path that Qt shows. A name that isn't UTF-8 is shown with replacement characters
-/// in it, so it is looked up by what is shown of it.
+/// in it, so it is looked up by what is shown of it. Empty where several names are shown alike.
 std::filesystem::path SystemPath(const QString& shown) {
   std::filesystem::path path;
   for (const std::filesystem::path& name : std::filesystem::path(shown.toStdString())) {
     std::error_code error;
     const QString shownName = QString::fromStdString(name);
     std::filesystem::path found = name;
+    int matches = 0;
     if (shownName.contains(QChar::ReplacementCharacter) && !exists(path / name, error)) {
-      for (const auto& entry : std::filesystem::directory_iterator(path, error)) {
-        const std::filesystem::path candidate = entry.path().filename();
-        if (QString::fromStdString(candidate) == shownName) found = candidate;
+      for (std::filesystem::directory_iterator entry(path, error), end; !error && entry != end;
+           entry.increment(error)) {
+        const std::filesystem::path candidate = entry->path().filename();
+        if (QString::fromStdString(candidate) != shownName) continue;
+        found = candidate;
+        ++matches;
       }
     }
+    if (matches > 1) return {};
     path /= found;
   }
   return path;
@@ -142,7 +147,14 @@ std::string ChoiceIn(QFileDialog& box) {
   constexpr QSize kRoomForNames(640, 420);
   box.resize(box.sizeHint().expandedTo(kRoomForNames).boundedTo(ScreenRoomOf(box)));
   if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return {};
-  return SystemPath(box.selectedFiles().constFirst());
+  const std::filesystem::path path = SystemPath(box.selectedFiles().constFirst());
+  if (path.empty()) {
+    ShowMessage(box.parentWidget(),
+                "Several files in this folder have names that are shown in the same way. "
+                "Rename them first.",
+                BoxStyle::OkExclamation, kProgramName);
+  }
+  return path;
 }
 
 }  // namespace
