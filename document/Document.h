@@ -47,9 +47,9 @@ struct Document {
   std::vector<std::string> RescueCopies;  ///< paths that the user has yet to be told of
   /// Maps of earlier runs that no folder took. While they are held, nothing replaces their files.
   std::vector<std::unique_ptr<Leftover>> UnplacedLeftovers;
-  /// The map as it was when the session was about to end and the user, or a rescue copy, had
-  /// settled what becomes of it.
+  /// The map that the user or a rescue copy has dealt with at the end of a session.
   Picture SettledMap;
+  std::string SessionCopy;  ///< path of the rescue copy of this run; empty where there is none
 };
 
 }  // namespace morvane

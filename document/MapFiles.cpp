@@ -80,16 +80,17 @@ void Rescue(Document& document, SaveOutcome outcome) {
   Platform& platform = document.platform;
   const std::string path = WriteRescueCopy(document);
   if (!path.empty()) {
-    platform.MsgBox(TextOf(outcome) + "\n\nA rescue copy was saved as\n" + path,
+    SettleMap(document);
+    platform.MsgBox(TextOf(outcome) + "\n\nA rescue copy was saved as\n\n" + path,
                     BoxStyle::OkExclamation, kProgramName);
     return;
   }
-  while (!outcome.isSaved &&
-         platform.MsgBox(TextOf(outcome) +
-                             "\n\nA rescue copy could not be written to any other folder either. "
-                             "Do you want to try again, or to choose another place?\n\n"
-                             "If you answer No, the map is lost.",
-                         BoxStyle::YesNoExclamation, kProgramName) == Answer::Yes) {
+  while (
+      !outcome.isSaved &&
+      platform.MsgBox(TextOf(outcome) +
+                          "\n\nA rescue copy could not be written to any other folder either.\n\n"
+                          "Do you want to choose a place to save it? Otherwise it is lost.",
+                      BoxStyle::YesNoExclamation, kProgramName) == Answer::Yes) {
     outcome = SaveAs(document);
   }
 }

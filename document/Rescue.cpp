@@ -78,11 +78,30 @@ std::string WriteRescueCopy(Document& document) {
   });
 }
 
-bool RescueUnsavedMap(Document& document) {
+void SettleMap(Document& document) {
+  WithinMemory([&document] {
+    document.SettledMap = Picture(document.Canvas.Image());
+    return Failure();
+  });
+}
+
+bool RescueForSession(Document& document) {
   if (!IsUnsaved(document)) return true;
-  const std::string path = WriteRescueCopy(document);
-  if (path.empty()) return false;
-  document.platform.NoteRescueCopy(path);
+  std::string& copy = document.SessionCopy;
+  // A session that is saved again and again needs one copy.
+  const bool isReplaced =
+      !copy.empty() && SavePicture(document.platform, document.Canvas.Image(), copy).empty();
+  if (!isReplaced) copy = WriteRescueCopy(document);
+  if (!copy.empty()) SettleMap(document);
+  return !copy.empty();
+}
+
+bool RescueUnsavedMap(Document& document) {
+  if (!RescueForSession(document)) return false;
+  const bool isItsCopy = document.SettledMap.View() == document.Canvas.Image();
+  if (isItsCopy && !document.SessionCopy.empty()) {
+    document.platform.NoteRescueCopy(document.SessionCopy);
+  }
   return true;
 }
 
@@ -99,23 +118,30 @@ void RescueLeftovers(Document& document) {
         document.UnplacedLeftovers.push_back(std::move(leftover));
         continue;
       }
-      document.RescueCopies.push_back(path);
+      platform.NoteRescueCopy(path);
     }
     leftover->Delete();
   }
-  for (std::string& path : platform.TakeRescueNotes()) {
-    if (platform.FileExists(path)) document.RescueCopies.push_back(std::move(path));
-  }
+  document.RescueCopies = platform.RescueNotes();
 }
 
 void ReportRescueCopies(Document& document) {
-  const std::vector<std::string> copies = std::exchange(document.RescueCopies, {});
-  if (copies.empty()) return;
-  std::string text = "Morvane did not end properly last time. ";
-  text += copies.size() == 1 ? "The map was saved as\n" : "The maps were saved as\n";
-  for (const std::string& path : copies) text += "\n" + path;
-  text += "\n\nThe last stroke may be missing.";
-  document.platform.MsgBox(text, BoxStyle::OkExclamation, kProgramName);
+  Platform& platform = document.platform;
+  const std::vector<std::string> noted = std::exchange(document.RescueCopies, {});
+  std::string list;
+  int copies = 0;
+  for (const std::string& path : noted) {
+    if (!platform.FileExists(path)) continue;
+    list += "\n" + path;
+    ++copies;
+  }
+  if (copies > 0) {
+    platform.MsgBox("Morvane did not end properly last time. The map" +
+                        std::string(copies == 1 ? " was" : "s were") + " saved as\n" + list +
+                        "\n\nThe last stroke may be missing.",
+                    BoxStyle::OkExclamation, kProgramName);
+  }
+  if (!noted.empty()) platform.ForgetRescueNotes(noted);
 }
 
 }  // namespace morvane

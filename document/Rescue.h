@@ -10,8 +10,14 @@ namespace morvane {
 /// Returns the path, or an empty text if no folder does.
 std::string WriteRescueCopy(Document& document);
 
-/// Writes a rescue copy, to be reported by the next run, of a map that would be lost: one that
-/// isn't blank, differs from its file, and isn't SettledMap. False if no folder takes it.
+/// Marks the map as it is now as one that needs no further rescue copy.
+void SettleMap(Document& document);
+
+/// Writes a rescue copy of a map that would be lost: one that isn't blank, differs from its file,
+/// and isn't SettledMap. A run has one such copy. False if no folder takes it.
+bool RescueForSession(Document& document);
+
+/// The same at the end of the process: the next run has to report the copy.
 bool RescueUnsavedMap(Document& document);
 
 /// Keeps the maps that earlier runs left behind as rescue copies. To be called before the first

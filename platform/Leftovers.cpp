@@ -22,9 +22,8 @@ class LeftoverFile : public Leftover {
     if (file_.IsOpen()) fstat(file_.Number(), &status_);
   }
 
-  bool IsPlausible() const {
-    return file_.IsOpen() && status_.st_size > 0 && status_.st_size <= kMostFileBytes;
-  }
+  bool IsOpen() const { return file_.IsOpen(); }
+  bool IsPlausible() const { return status_.st_size > 0 && status_.st_size <= kMostFileBytes; }
 
   std::size_t Size() const override { return static_cast<std::size_t>(status_.st_size); }
   Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override {
@@ -35,9 +34,10 @@ class LeftoverFile : public Leftover {
     return RenameToNew(folder_.Number(), name_, AT_FDCWD, path);
   }
   void Delete() override {
-    if (IsNameOf(folder_.Number(), name_, file_.Number())) {
-      unlinkat(folder_.Number(), name_.c_str(), 0);
-    }
+    if (!IsNameOf(folder_.Number(), name_, file_.Number())) return;
+    if (unlinkat(folder_.Number(), name_.c_str(), 0) == 0) return;
+    // In a folder that can't be written the next start would find the map once more.
+    [[maybe_unused]] const int emptied = ftruncate(file_.Number(), 0);
   }
 
  private:
@@ -47,10 +47,10 @@ class LeftoverFile : public Leftover {
   struct stat status_ {};
 };
 
-void Add(std::vector<std::unique_ptr<Leftover>>& found, const Descriptor& folder,
-         const std::string& name) {
+/// Opens what may be a leftover; null where it is something else.
+std::unique_ptr<LeftoverFile> Open(const Descriptor& folder, const std::string& name) {
   auto file = std::make_unique<LeftoverFile>(folder.Number(), name);
-  if (file->IsPlausible()) found.push_back(std::move(file));
+  return file->IsOpen() ? std::move(file) : nullptr;
 }
 
 }  // namespace
@@ -58,11 +58,20 @@ void Add(std::vector<std::unique_ptr<Leftover>>& found, const Descriptor& folder
 std::vector<std::unique_ptr<Leftover>> LeftoverSnapshots() {
   std::vector<std::unique_ptr<Leftover>> found;
   const Descriptor current(open(".", O_PATH | O_DIRECTORY | O_CLOEXEC));
-  if (current.IsOpen()) Add(found, current, kSnapshotName);
+  auto here = current.IsOpen() ? Open(current, kSnapshotName) : nullptr;
+  if (here != nullptr && here->IsPlausible()) found.push_back(std::move(here));
   for (const std::string& path : PrivateFolders()) {
     const Descriptor folder = OpenPrivateFolder(path);
     if (!folder.IsOpen()) continue;
-    for (const std::string& name : NamesIn(folder, kSnapshotName)) Add(found, folder, name);
+    for (const std::string& name : NamesIn(folder, kSnapshotName)) {
+      auto file = Open(folder, name);
+      if (file == nullptr) continue;
+      if (file->IsPlausible()) {
+        found.push_back(std::move(file));
+      } else {
+        file->Delete();
+      }
+    }
   }
   return found;
 }

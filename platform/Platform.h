@@ -68,7 +68,7 @@ class Leftover : public ByteSource {
   virtual std::time_t WrittenAt() const = 0;
   /// Renames the file, and never replaces another one. Fails between two volumes.
   virtual Placing MoveTo(const std::string& path) = 0;
-  /// Deletes the file if it hasn't been renamed.
+  /// Deletes the file if it hasn't been renamed. Where that can't be, empties it.
   virtual void Delete() = 0;
 };
 
@@ -134,8 +134,10 @@ class Platform {
   virtual std::vector<std::string> RescueFolders() = 0;
   /// Remembers a rescue copy that the next run has to report.
   virtual void NoteRescueCopy(const std::string& path) = 0;
-  /// The rescue copies that earlier runs have noted. Each is given once.
-  virtual std::vector<std::string> TakeRescueNotes() = 0;
+  /// The rescue copies that are noted.
+  virtual std::vector<std::string> RescueNotes() = 0;
+  /// Deletes the notes of these copies.
+  virtual void ForgetRescueNotes(const std::vector<std::string>& paths) = 0;
 
   /// One value of a private-profile file, at most size - 1 bytes of it.
   virtual std::string GetPrivateProfileString(const std::string& section, const std::string& key,
@@ -153,8 +155,8 @@ class Platform {
   /// Whether nobody has touched the snapshot since it was written.
   virtual bool IsSnapshotUntouched() = 0;
   virtual void DeleteSnapshot() = 0;
-  /// The complete or damaged snapshots of this user's earlier runs. To be asked for before the
-  /// first snapshot is written, which replaces the one in the current directory.
+  /// The snapshots that earlier runs of this user left behind, valid or not. To be called before
+  /// the first snapshot is written, which replaces the one in the current directory.
   virtual std::vector<std::unique_ptr<Leftover>> FindLeftovers() = 0;
 
   /// Decodes a picture of any format but BMP, laid over white. One that takes more than two seconds

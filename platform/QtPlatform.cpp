@@ -124,8 +124,12 @@ void QtPlatform::NoteRescueCopy(const std::string& path) {
   WriteRescueNote(path);
 }
 
-std::vector<std::string> QtPlatform::TakeRescueNotes() {
-  return morvane::TakeRescueNotes();
+std::vector<std::string> QtPlatform::RescueNotes() {
+  return ReadRescueNotes();
+}
+
+void QtPlatform::ForgetRescueNotes(const std::vector<std::string>& paths) {
+  DeleteRescueNotes(paths);
 }
 
 std::string QtPlatform::GetPrivateProfileString(const std::string& section, const std::string& key,

@@ -35,7 +35,8 @@ class QtPlatform : public Platform {
   Placing WriteNewFile(const std::string& path, ByteSource& content) override;
   std::vector<std::string> RescueFolders() override;
   void NoteRescueCopy(const std::string& path) override;
-  std::vector<std::string> TakeRescueNotes() override;
+  std::vector<std::string> RescueNotes() override;
+  void ForgetRescueNotes(const std::vector<std::string>& paths) override;
   std::string GetPrivateProfileString(const std::string& section, const std::string& key,
                                       const std::string& dv, std::size_t size,
                                       const std::string& path) override;

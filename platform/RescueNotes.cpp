@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
@@ -12,6 +13,25 @@ namespace {
 
 /// A note is a symbolic link to the rescue copy: made in one step, and never half written.
 constexpr const char* kNote = "rescue-";
+
+struct Note {
+  int folder;
+  std::string name;
+  std::string copy;
+};
+
+template <typename Visit>
+void ForEachNote(Visit visit) {
+  for (const std::string& path : PrivateFolders()) {
+    const Descriptor folder = OpenPrivateFolder(path);
+    if (!folder.IsOpen()) continue;
+    for (const std::string& name : NamesIn(folder, kNote)) {
+      std::error_code error;
+      const std::filesystem::path copy = std::filesystem::read_symlink(path + '/' + name, error);
+      if (!error) visit(Note{folder.Number(), name, copy});
+    }
+  }
+}
 
 }  // namespace
 
@@ -27,21 +47,19 @@ void WriteRescueNote(const std::string& path) {
   }
 }
 
-std::vector<std::string> TakeRescueNotes() {
+std::vector<std::string> ReadRescueNotes() {
   std::vector<std::string> paths;
-  for (const std::string& path : PrivateFolders()) {
-    const Descriptor folder = OpenPrivateFolder(path);
-    if (!folder.IsOpen()) continue;
-    for (const std::string& name : NamesIn(folder, kNote)) {
-      std::error_code error;
-      const std::filesystem::path copy = std::filesystem::read_symlink(path + '/' + name, error);
-      if (!error) paths.push_back(copy);
-      unlinkat(folder.Number(), name.c_str(), 0);
-    }
-    // Nothing stays in the user's home that isn't needed; a folder in use can't be removed.
-    rmdir(path.c_str());
-  }
+  ForEachNote([&paths](const Note& note) { paths.push_back(note.copy); });
   return paths;
+}
+
+void DeleteRescueNotes(const std::vector<std::string>& paths) {
+  ForEachNote([&paths](const Note& note) {
+    if (std::find(paths.begin(), paths.end(), note.copy) == paths.end()) return;
+    unlinkat(note.folder, note.name.c_str(), 0);
+  });
+  // One that is in use can't be removed.
+  for (const std::string& folder : PrivateFolders()) rmdir(folder.c_str());
 }
 
 }  // namespace morvane

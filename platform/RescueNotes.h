@@ -8,7 +8,10 @@ namespace morvane {
 /// Remembers, in a private folder, a rescue copy that the next run has to report.
 void WriteRescueNote(const std::string& path);
 
-/// The rescue copies that were noted; forgets them.
-std::vector<std::string> TakeRescueNotes();
+/// The rescue copies that are noted.
+std::vector<std::string> ReadRescueNotes();
+
+/// Deletes the notes of these copies, and private folders that are empty then.
+void DeleteRescueNotes(const std::vector<std::string>& paths);
 
 }  // namespace morvane

@@ -45,7 +45,8 @@ Placing RenameToNew(int folder, const std::string& name, int newFolder,
     return Placing::Done;
   }
   // Some volumes can't rename in this way, but know links.
-  if (errno == EINVAL && linkat(folder, name.c_str(), newFolder, newName.c_str(), 0) == 0) {
+  if ((errno == EINVAL || errno == ENOSYS) &&
+      linkat(folder, name.c_str(), newFolder, newName.c_str(), 0) == 0) {
     unlinkat(folder, name.c_str(), 0);
     return Placing::Done;
   }

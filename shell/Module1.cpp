@@ -15,6 +15,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/JpegDamage.h"
 #include "platform/PictureDecoding.h"
 #include "platform/QtPlatform.h"
 #include "shell/ArtSheets.h"
@@ -80,6 +81,7 @@ int RunMorvane(int argc, char** argv) {
   // A file that grows beyond the limit of the session is a failed save, not the end of the run.
   std::signal(SIGXFSZ, SIG_IGN);
   qInstallMessageHandler(&TakeMessage);
+  JpegDamage::Install();
   QLoggingCategory::setFilterRules("qt.gui.imageio*.warning=false\nqt.qpa.theme.*.warning=false");
   UseWholeScaleFactors();
   QApplication application(argc, argv);

@@ -36,7 +36,10 @@ void WriteToPipe(char byte) {
 }
 
 void PassSignal(int number) {
+  constexpr unsigned kPatience = 30;  // s
   const int error = errno;
+  // Ends a program that never reads the pipe.
+  alarm(kPatience);
   WriteToPipe(static_cast<char>(number));
   errno = error;
 }
@@ -47,9 +50,9 @@ void EndAtExit() {
 }
 
 /// Where the Wayland compositor is gone, one of Qt's threads, the window's own in newer versions,
-/// reports it and then ends the process without any exit handler. It is held back until the map is
-/// kept. The process ends too where Qt would look for another compositor (QT_WAYLAND_RECONNECT): if
-/// it found none, the map would be lost.
+/// reports it and then ends the process without any exit handler. It is delayed while the main
+/// thread keeps the map. The process ends too where Qt would look for another compositor
+/// (QT_WAYLAND_RECONNECT): if it found none, the map would be lost.
 void EndByLostCompositor() {
   constexpr unsigned long kPatience = 5;  // s
   if (runningForm == nullptr) return;
@@ -82,8 +85,7 @@ UnaskedEnd::UnaskedEnd(MainForm& form) : form_(form), ends_(OpenEndPipe(), QSock
     if (action.sa_handler == SIG_IGN) continue;
     action = {};
     action.sa_handler = &PassSignal;
-    // A second signal of the kind ends a program that can't answer the first.
-    action.sa_flags = static_cast<int>(SA_RESETHAND) | SA_RESTART;
+    action.sa_flags = SA_RESTART;
     sigaction(number, &action, nullptr);
   }
   // The session manager waits for the answer, so it must come during the signal.

@@ -44,7 +44,10 @@ void MainForm::mnuViewStatusBar_Click() {
 }
 
 bool MainForm::Form_Unload() {
-  return AskToSave(document);
+  isAsking_ = true;
+  const bool isCancelled = AskToSave(document);
+  isAsking_ = false;
+  return isCancelled;
 }
 
 void MainForm::EndRun() {
@@ -65,9 +68,14 @@ void MainForm::EndUnasked() {
 }
 
 bool MainForm::SessionEnds(bool mayAsk) {
-  if (mayAsk && Form_Unload()) return true;
-  if (!mayAsk && !RescueUnsavedMap(document)) return false;
-  document.SettledMap = Picture(document.Canvas.Image());
+  // The question may be open already.
+  if (!mayAsk || isAsking_) {
+    RescueForSession(document);
+    return false;
+  }
+  if (Form_Unload()) return true;
+  document.SessionCopy.clear();
+  SettleMap(document);
   return false;
 }
 

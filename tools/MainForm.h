@@ -42,6 +42,7 @@ struct MainForm {
  private:
   void Form_Load();
 
+  bool isAsking_ = false;  ///< the exit question is open
   bool hasEnded_ = false;
   Size scale_ = kClientSize;
 };

@@ -177,7 +177,7 @@ TEST_F(MapFiles, ExitWithYesAndNothingSavedLeavesARescueCopy) {
     EXPECT_FALSE(form.Form_Unload());
     const std::string& text = platform.boxes.back().text;
     const std::string copy = text.substr(text.rfind('\n') + 1);
-    EXPECT_EQ(text, beginning + "\n\nA rescue copy was saved as\n" + copy);
+    EXPECT_EQ(text, beginning + "\n\nA rescue copy was saved as\n\n" + copy);
     EXPECT_FALSE(before.contains(copy)) << copy;
     return copy;
   };

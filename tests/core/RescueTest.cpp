@@ -157,11 +157,33 @@ TEST_F(Rescue, TheEndOfASessionAsksWhereItMayAndKeepsNothingTwice) {
   EXPECT_EQ(platform.boxes.size(), 2U);
   EXPECT_FALSE(form.SessionEnds(false));
   EXPECT_TRUE(Copies().empty());
-  Paint(45);  // the session went on after all
-  const Bytes undo = platform.snapshot;
-  EXPECT_FALSE(form.SessionEnds(false));
-  EXPECT_EQ(platform.snapshot, undo);
+  for (const float X : {45.0F, 85.0F}) {
+    Paint(X);  // the session went on after all
+    const Bytes undo = platform.snapshot;
+    EXPECT_FALSE(form.SessionEnds(false));
+    EXPECT_EQ(platform.snapshot, undo);
+    ASSERT_EQ(Copies().size(), 1U);
+    EXPECT_EQ(platform.files[Copies()[0]], WriteBmp(document.Canvas.Image()));
+  }
+  EXPECT_EQ(NextReport(), "");
   form.EndUnasked();
+  EXPECT_EQ(Copies().size(), 1U);
+  EXPECT_EQ(NextReport(), ReportOf(Copies()[0]));
+}
+
+TEST_F(Rescue, AnEndBeforeTheReportLeavesItToTheNextRun) {
+  platform.leftover = painted;
+  NextRun(platform).form.EndUnasked();
+  EXPECT_EQ(NextReport(), ReportOf(leftoverCopy));
+  EXPECT_EQ(NextReport(), "");
+}
+
+TEST_F(Rescue, ASessionThatEndsDuringTheExitQuestionAsksNoSecondTime) {
+  Paint();
+  platform.onNextBox = [this] { EXPECT_FALSE(form.SessionEnds(true)); };
+  platform.answers = {Answer::Cancel};
+  EXPECT_TRUE(form.Form_Unload());
+  EXPECT_EQ(platform.boxes.size(), 1U);
   EXPECT_EQ(Copies().size(), 1U);
 }
 

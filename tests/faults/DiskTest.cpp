@@ -127,7 +127,7 @@ struct Disk : testing::TestWithParam<Fault> {
     const std::string rescue = NamesIn(home);
     EXPECT_TRUE(text.starts_with("The map could not be saved.\n\n" + old + "\n\n" +
                                  ReasonOf(GetParam()) + "\n\nA rescue copy " +
-                                 (GetParam().leavesRescue ? "was saved as\n" + home + '/' + rescue
+                                 (GetParam().leavesRescue ? "was saved as\n\n" + home + '/' + rescue
                                                           : "could not be written")))
         << text;
     if (GetParam().leavesRescue) {

@@ -127,6 +127,13 @@ TEST_F(SnapshotFileTest, WhatAKilledRunLeavesIsFoundWhereverItLies) {
   found.clear();
   EXPECT_TRUE(LeftoverSnapshots().empty());
 
+  const std::string empty = qgetenv("XDG_STATE_HOME").toStdString() + "/morvane";
+  mkdir(empty.c_str(), 0700);
+  QFile half(QString::fromStdString(empty + "/mvtmp.~mp.1"));
+  ASSERT_TRUE(half.open(QIODevice::WriteOnly));
+  half.close();
+  EXPECT_TRUE(LeftoverSnapshots().empty());
+  EXPECT_FALSE(half.exists());
   for (const off_t size : {off_t{0}, off_t{1} << 31U}) {
     QFile file(name);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -145,8 +152,10 @@ TEST_F(SnapshotFileTest, AFolderThatOthersCouldWriteIsNotTrusted) {
   EXPECT_FALSE(MakePrivateFolder(state).IsOpen());
   ASSERT_EQ(unlink(state.c_str()), 0);
   for (const char* path : {"/maps/one.bmp", "/maps/other.bmp"}) platform.NoteRescueCopy(path);
-  EXPECT_EQ(platform.TakeRescueNotes().size(), 2U);
-  EXPECT_TRUE(platform.TakeRescueNotes().empty());
+  EXPECT_EQ(platform.RescueNotes().size(), 2U);
+  platform.ForgetRescueNotes({"/maps/one.bmp"});
+  EXPECT_EQ(platform.RescueNotes(), std::vector<std::string>{"/maps/other.bmp"});
+  platform.ForgetRescueNotes({"/maps/other.bmp"});
   EXPECT_FALSE(QFileInfo::exists(QString::fromStdString(state)));
 }
 

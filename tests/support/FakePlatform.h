@@ -86,11 +86,13 @@ class FakePlatform : public Platform, public DialogScript {
   Failure printFailure;
   std::vector<Picture> printed;
   std::function<void()> onShowState;
+  std::function<void()> onNextBox;  ///< while the next message box is open
 
   void ShowState() override {
     if (onShowState) onShowState();
   }
   Answer MsgBox(const std::string& text, BoxStyle style, const std::string& title) override {
+    if (const auto act = std::exchange(onNextBox, {})) act();
     return Box(text, style, title);
   }
   std::string ShowOpen(const FileDialog& dialog) override { return File(dialog); }
@@ -126,7 +128,10 @@ class FakePlatform : public Platform, public DialogScript {
   }
   std::vector<std::string> RescueFolders() override { return {"/home", "/tmp"}; }
   void NoteRescueCopy(const std::string& path) override { rescueNotes.push_back(path); }
-  std::vector<std::string> TakeRescueNotes() override { return std::exchange(rescueNotes, {}); }
+  std::vector<std::string> RescueNotes() override { return rescueNotes; }
+  void ForgetRescueNotes(const std::vector<std::string>& paths) override {
+    for (const std::string& path : paths) std::erase(rescueNotes, path);
+  }
   std::vector<std::unique_ptr<Leftover>> FindLeftovers() override;
   std::string GetPrivateProfileString(const std::string& section, const std::string& key,
                                       const std::string& dv, std::size_t,
