@@ -49,7 +49,7 @@ struct Document {
   std::vector<std::unique_ptr<Leftover>> UnplacedLeftovers;
   /// The map that the user or a rescue copy has dealt with at the end of a session.
   Picture SettledMap;
-  std::string SessionCopy;  ///< path of the rescue copy of this run; empty where there is none
+  std::string SessionCopy;  ///< path of the last rescue copy of this run; empty where there is none
 };
 
 }  // namespace morvane

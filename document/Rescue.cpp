@@ -87,13 +87,10 @@ void SettleMap(Document& document) {
 
 bool RescueForSession(Document& document) {
   if (!IsUnsaved(document)) return true;
-  std::string& copy = document.SessionCopy;
-  // A session that is saved again and again needs one copy.
-  const bool isReplaced =
-      !copy.empty() && SavePicture(document.platform, document.Canvas.Image(), copy).empty();
-  if (!isReplaced) copy = WriteRescueCopy(document);
-  if (!copy.empty()) SettleMap(document);
-  return !copy.empty();
+  document.SessionCopy = WriteRescueCopy(document);
+  if (document.SessionCopy.empty()) return false;
+  SettleMap(document);
+  return true;
 }
 
 bool RescueUnsavedMap(Document& document) {

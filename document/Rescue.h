@@ -14,7 +14,7 @@ std::string WriteRescueCopy(Document& document);
 void SettleMap(Document& document);
 
 /// Writes a rescue copy of a map that would be lost: one that isn't blank, differs from its file,
-/// and isn't SettledMap. A run has one such copy. False if no folder takes it.
+/// and isn't SettledMap. False if no folder takes it.
 bool RescueForSession(Document& document);
 
 /// The same at the end of the process: the next run has to report the copy.

@@ -70,7 +70,10 @@ void MainForm::EndUnasked() {
 bool MainForm::SessionEnds(bool mayAsk) {
   // The question may be open already.
   if (!mayAsk || isAsking_) {
-    RescueForSession(document);
+    WithinMemory([this] {
+      RescueForSession(document);
+      return Failure();
+    });
     return false;
   }
   if (Form_Unload()) return true;
