@@ -89,7 +89,7 @@ void Rescue(Document& document, SaveOutcome outcome) {
       !outcome.isSaved &&
       platform.MsgBox(TextOf(outcome) +
                           "\n\nA rescue copy could not be written to any other folder either.\n\n"
-                          "Do you want to choose a place to save it? Otherwise it is lost.",
+                          "Do you want to choose a place to save the map? Otherwise it is lost.",
                       BoxStyle::YesNoExclamation, kProgramName) == Answer::Yes) {
     outcome = SaveAs(document);
   }
