@@ -27,7 +27,8 @@ void ForEachNote(Visit visit) {
     if (!folder.IsOpen()) continue;
     for (const std::string& name : NamesIn(folder, kNote)) {
       std::error_code error;
-      const std::filesystem::path copy = std::filesystem::read_symlink(path + '/' + name, error);
+      const std::filesystem::path copy =
+          std::filesystem::read_symlink(std::filesystem::path(path) / name, error);
       if (!error) visit(Note{folder.Number(), name, copy});
     }
   }

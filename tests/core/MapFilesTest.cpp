@@ -176,7 +176,7 @@ TEST_F(MapFiles, ExitWithYesAndNothingSavedLeavesARescueCopy) {
     const std::set<std::string> before = Paths();
     EXPECT_FALSE(form.Form_Unload());
     const std::string& text = platform.boxes.back().text;
-    const std::string copy = text.substr(text.rfind('\n') + 1);
+    std::string copy = text.substr(text.rfind('\n') + 1);
     EXPECT_EQ(text, beginning + "\n\nA rescue copy was saved as\n\n" + copy);
     EXPECT_FALSE(before.contains(copy)) << copy;
     return copy;

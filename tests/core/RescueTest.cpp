@@ -45,7 +45,7 @@ struct Rescue : testing::Test, Editor {
     NextRun next(platform);
     platform.boxes.clear();
     ReportRescueCopies(next.document);
-    const std::string text = platform.boxes.empty() ? "" : platform.boxes[0].text;
+    std::string text = platform.boxes.empty() ? "" : platform.boxes[0].text;
     ReportRescueCopies(next.document);
     EXPECT_LE(platform.boxes.size(), 1U);
     return text;

@@ -165,7 +165,7 @@ TEST_F(SnapshotFileTest, OneOfAnotherFormTakesThePlaceOfTheOldOneWhole) {
   struct stat old {};
   struct stat fresh {};
   ASSERT_EQ(stat(name, &old), 0);
-  const auto write = [&](Bytes bytes) {
+  const auto write = [&](const Bytes& bytes) {
     EXPECT_EQ(Write(file, bytes), "");
     EXPECT_EQ(Read(file), bytes);
     EXPECT_EQ(stat(name, &fresh), 0);
