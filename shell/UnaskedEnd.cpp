@@ -1,8 +1,10 @@
 #include "shell/UnaskedEnd.h"
 
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <QByteArrayView>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QSessionManager>
@@ -10,8 +12,10 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 
 namespace morvane {
 namespace {
@@ -49,6 +53,58 @@ void EndAtExit() {
   if (runningForm != nullptr) runningForm->EndUnasked();
 }
 
+/// GTK, which comes with some desktops' themes, has a connection of its own to the display, and
+/// ends the process without any exit handler where that is gone. The program doesn't link GTK, so
+/// the libraries are asked for by name.
+template <typename Function>
+Function* LoadedFunction(const char* library, const char* name) {
+  void* handle = dlopen(library, RTLD_LAZY | RTLD_NOLOAD);
+  if (handle == nullptr) return nullptr;
+  auto* function = reinterpret_cast<Function*>(dlsym(handle, name));
+  dlclose(handle);
+  return function;
+}
+
+[[noreturn]] int EndByLostServer(void* /*display*/) {
+  EndAtExit();
+  std::_Exit(EXIT_FAILURE);
+}
+
+/// A part of a message, as GLib hands it to its writer.
+struct LogField {
+  const char* key;
+  const void* value;
+  std::ptrdiff_t length;
+};
+using LogWriter = int(int level, const LogField* fields, std::size_t count, void* data);
+LogWriter* defaultWriter = nullptr;
+
+/// Of a lost compositor GTK writes before it ends the process.
+int WriteLog(int level, const LogField* fields, std::size_t count, void* data) {
+  for (std::size_t i = 0; i < count; ++i) {
+    if (std::strcmp(fields[i].key, "MESSAGE") != 0) continue;
+    const QByteArrayView text(static_cast<const char*>(fields[i].value));
+    if (text.startsWith("Error reading events from display") ||
+        text.startsWith("Error flushing display") ||
+        text.startsWith("Lost connection to Wayland compositor")) {
+      EndAtExit();
+    }
+  }
+  return defaultWriter(level, fields, count, data);
+}
+
+void WatchGtk() {
+  using XHandler = int(void* display);
+  using GFree = void(void* data);
+  constexpr const char* kGLib = "libglib-2.0.so.0";
+  if (auto* set = LoadedFunction<XHandler*(XHandler*)>("libX11.so.6", "XSetIOErrorHandler")) {
+    set(&EndByLostServer);
+  }
+  defaultWriter = LoadedFunction<LogWriter>(kGLib, "g_log_writer_default");
+  auto* setWriter = LoadedFunction<void(LogWriter*, void*, GFree*)>(kGLib, "g_log_set_writer_func");
+  if (defaultWriter != nullptr && setWriter != nullptr) setWriter(&WriteLog, nullptr, nullptr);
+}
+
 /// Where the Wayland compositor is gone, one of Qt's threads, the window's own in newer versions,
 /// reports it and then ends the process without any exit handler. It is delayed while the main
 /// thread keeps the map. The process ends too where Qt would look for another compositor
@@ -77,6 +133,7 @@ void TakeMessage(QtMsgType type, const QMessageLogContext& context, const QStrin
 UnaskedEnd::UnaskedEnd(MainForm& form) : form_(form), ends_(OpenEndPipe(), QSocketNotifier::Read) {
   runningForm = &form;
   std::atexit(&EndAtExit);
+  WatchGtk();
   connect(&ends_, &QSocketNotifier::activated, this, &UnaskedEnd::EndByPipe);
   for (const int number : kSignals) {
     struct sigaction action {};
