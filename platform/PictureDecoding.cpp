@@ -120,14 +120,19 @@ Result<Picture> DecodeForeignPicture(Bytes content, DecodingLimits limits) {
   }
   const auto decoding = std::make_shared<Decoding>(std::move(content), limits.pixels);
   std::future<Result<Picture>> outcome = decoding->Outcome();
+  std::thread thread;
   ++AtWork();
   try {
-    std::thread([decoding] { decoding->Run(); }).detach();
+    thread = std::thread([decoding] { decoding->Run(); });
   } catch (const std::system_error&) {
     --AtWork();
     return Result<Picture>::Failed("There is not enough memory for this picture.");
   }
-  if (outcome.wait_for(limits.time) == std::future_status::ready) return outcome.get();
+  if (outcome.wait_for(limits.time) == std::future_status::ready) {
+    thread.join();
+    return outcome.get();
+  }
+  thread.detach();
   decoding->GiveUp();
   return Result<Picture>::Failed("The picture takes too long to decode.");
 }
