@@ -56,7 +56,7 @@ struct Lister {
   }
 };
 
-/// A plain list of the toolkit.
+/// A list of Qt without anything of ours.
 struct PlainList {
   QWidget window;
   QListWidget list{&window};

@@ -68,7 +68,7 @@ class WhenShown : public QObject {
   std::function<void()> function_;
 };
 
-/// What the toolkit left over of the arguments is a map that was chosen in a file manager.
+/// Opens the map that a file manager passes as the argument; Qt has removed its own options.
 void OpenArgument(frmMain& window, const char* argument) {
   std::error_code folderIsGone;
   const std::filesystem::path path = std::filesystem::absolute(argument, folderIsGone);

@@ -79,7 +79,7 @@ struct LogField {
 using LogWriter = int(int level, const LogField* fields, std::size_t count, void* data);
 LogWriter* defaultWriter = nullptr;
 
-/// Of a lost compositor GTK writes before it ends the process.
+/// Keeps the map when GTK logs that the compositor is gone: it ends the process next.
 int WriteLog(int level, const LogField* fields, std::size_t count, void* data) {
   for (std::size_t i = 0; i < count; ++i) {
     if (std::strcmp(fields[i].key, "MESSAGE") != 0) continue;
