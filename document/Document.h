@@ -44,7 +44,7 @@ struct Document {
 
   bool SnapshotFailureTold = false;
 
-  std::vector<std::string> RescueCopies;  ///< paths that the user has yet to be told of
+  std::vector<std::string> RescueCopies;  ///< paths to be reported to the user
   /// Maps of earlier runs that no folder took. While they are held, nothing replaces their files.
   std::vector<std::unique_ptr<Leftover>> UnplacedLeftovers;
   /// The map that the user or a rescue copy has dealt with at the end of a session.

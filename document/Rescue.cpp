@@ -1,5 +1,6 @@
 #include "document/Rescue.h"
 
+#include <algorithm>
 #include <array>
 #include <ctime>
 #include <functional>
@@ -116,10 +117,15 @@ void RescueLeftovers(Document& document) {
         continue;
       }
       platform.NoteRescueCopy(path);
+      document.RescueCopies.push_back(path);
     }
     leftover->Delete();
   }
-  document.RescueCopies = platform.RescueNotes();
+  // A copy that could not be noted is reported by this run alone.
+  for (const std::string& path : platform.RescueNotes()) {
+    std::vector<std::string>& copies = document.RescueCopies;
+    if (std::find(copies.begin(), copies.end(), path) == copies.end()) copies.push_back(path);
+  }
 }
 
 void ReportRescueCopies(Document& document) {

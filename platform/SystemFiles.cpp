@@ -30,8 +30,9 @@ Descriptor OpenAndLockOurs(int folder, const std::string& name) {
   constexpr int kFlags = O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
   struct stat status {};
   // Opening a device could have an effect, so the name is looked at first.
-  if (fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0 || !IsOurs(status))
+  if (fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0 || !IsOurs(status)) {
     return {};
+  }
   Descriptor file(openat(folder, name.c_str(), kFlags));
   const bool isHeld = file.IsOpen() && flock(file.Number(), LOCK_EX | LOCK_NB) == 0 &&
                       fstat(file.Number(), &status) == 0 && IsOurs(status) &&

@@ -73,6 +73,10 @@ TEST_F(Rescue, ALeftoverIsRenamedOrElseCopiedAndNeverReplacesAFile) {
     EXPECT_EQ(platform.files[second], painted);
     EXPECT_EQ(platform.files[leftoverCopy], Bytes{1});
   }
+  platform.files.clear();
+  platform.takesNotes = false;
+  platform.leftover = painted;
+  EXPECT_EQ(NextReport(), ReportOf(leftoverCopy));
 }
 
 TEST_F(Rescue, ALeftoverThatNoFolderTakesIsHeld) {

@@ -81,6 +81,7 @@ class FakePlatform : public Platform, public DialogScript {
   int foldersRead = 0;
   Bytes snapshot;
   std::vector<std::string> rescueNotes;
+  bool takesNotes = true;
   Bytes leftover;  ///< of an earlier run
   std::string leftoverFolder = "/start";
   Failure printFailure;
@@ -127,7 +128,9 @@ class FakePlatform : public Platform, public DialogScript {
     return WriteFile(path, content).empty() ? Placing::Done : Placing::Failed;
   }
   std::vector<std::string> RescueFolders() override { return {"/home", "/tmp"}; }
-  void NoteRescueCopy(const std::string& path) override { rescueNotes.push_back(path); }
+  void NoteRescueCopy(const std::string& path) override {
+    if (takesNotes) rescueNotes.push_back(path);
+  }
   std::vector<std::string> RescueNotes() override { return rescueNotes; }
   void ForgetRescueNotes(const std::vector<std::string>& paths) override {
     for (const std::string& path : paths) std::erase(rescueNotes, path);
