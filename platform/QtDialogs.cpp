@@ -14,9 +14,11 @@
 #include <algorithm>
 #include <climits>
 #include <filesystem>
+#include <optional>
 #include <system_error>
 
 #include "document/Color.h"
+#include "platform/DesktopTheme.h"
 #include "platform/ScreenRoom.h"
 
 namespace morvane {
@@ -140,12 +142,37 @@ std::filesystem::path SystemPath(const QString& shown) {
   return path;
 }
 
+/// The desktop's dialogs have no widgets of Qt's.
+bool IsQtsOwn(const QFileDialog& box) {
+  return box.findChild<QLineEdit*>("fileNameEdit") != nullptr;
+}
+
+/// Whether the desktop's dialog keeps what is fixed; names are those that it begins with.
+bool DesktopKeeps(FileDialogMode mode, const QString& names) {
+  if (HasPortalDialogs()) return false;
+  // Of the others only GTK is known to ask nothing itself and to add no extension.
+  if (mode == FileDialogMode::Save && !HasGtkDialogs()) return false;
+  // Only Qt's own dialog goes to a folder, and offers a name, that isn't UTF-8.
+  return !names.contains(QChar::ReplacementCharacter);
+}
+
+/// The patterns of GTK are case-sensitive; it shows the description without them.
+QString FilterFor(const FileDialog& dialog, const QFileDialog& box) {
+  const QStringList parts = QString::fromStdString(dialog.Filter).split('|');
+  if (IsQtsOwn(box) || !HasGtkDialogs()) return parts.front();
+  return QString("%1 (%2 %3)")
+      .arg(parts.front().section(" (", 0, 0), parts.back(), parts.back().toUpper());
+}
+
 /// The path chosen in the dialog, which fits on its screen; empty after a cancel.
 std::string ChoiceIn(QFileDialog& box) {
-  const TypedPath typed(box);
-  FitColumns(box);
-  constexpr QSize kRoomForNames(640, 420);
-  box.resize(box.sizeHint().expandedTo(kRoomForNames).boundedTo(ScreenRoomOf(box)));
+  std::optional<TypedPath> typed;
+  if (IsQtsOwn(box)) {
+    typed.emplace(box);
+    FitColumns(box);
+    constexpr QSize kRoomForNames(640, 420);
+    box.resize(box.sizeHint().expandedTo(kRoomForNames).boundedTo(ScreenRoomOf(box)));
+  }
   if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty()) return {};
   const std::filesystem::path path = SystemPath(box.selectedFiles().constFirst());
   if (path.empty()) {
@@ -181,21 +208,23 @@ Answer ShowMessage(QWidget* owner, const std::string& text, BoxStyle style,
 
 std::string AskForFile(QWidget* owner, const FileDialog& dialog, FileDialogMode mode,
                        const std::string& folder) {
-  QFileDialog box(owner, QString::fromStdString(dialog.DialogTitle), QString::fromStdString(folder),
-                  QString::fromStdString(dialog.Filter).section('|', 0, 0));
-  box.setOption(QFileDialog::DontUseNativeDialog);
+  const QString start = QString::fromStdString(folder);
+  const QString preset = QString::fromStdString(dialog.FileName);
+  QFileDialog box(owner, QString::fromStdString(dialog.DialogTitle), start);
+  box.setOption(QFileDialog::DontUseNativeDialog, !DesktopKeeps(mode, start + preset));
+  box.setNameFilter(FilterFor(dialog, box));
   // Whether a file exists, and whether to write over it, are the rules' own questions.
   box.setOption(QFileDialog::DontConfirmOverwrite);
   box.setFileMode(QFileDialog::AnyFile);
   const bool saves = mode == FileDialogMode::Save;
   box.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-  if (!dialog.FileName.empty()) box.selectFile(QString::fromStdString(dialog.FileName));
+  if (!preset.isEmpty()) box.selectFile(preset);
   return ChoiceIn(box);
 }
 
 std::string AskForFolder(QWidget* owner, const std::string& title) {
   QFileDialog box(owner, QString::fromStdString(title));
-  box.setOption(QFileDialog::DontUseNativeDialog);
+  box.setOption(QFileDialog::DontUseNativeDialog, HasPortalDialogs());
   box.setOption(QFileDialog::ShowDirsOnly);
   box.setFileMode(QFileDialog::Directory);
   return ChoiceIn(box);
@@ -203,8 +232,7 @@ std::string AskForFolder(QWidget* owner, const std::string& title) {
 
 void AskForColor(QWidget* owner, std::uint32_t& color) {
   const Pixel pixel = PixelOf(color);
-  const QColor chosen =
-      QColorDialog::getColor(QColor::fromRgb(pixel), owner, {}, QColorDialog::DontUseNativeDialog);
+  const QColor chosen = QColorDialog::getColor(QColor::fromRgb(pixel), owner);
   if (chosen.isValid()) color = ColorOf(chosen.rgb());
 }
 
