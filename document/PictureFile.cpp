@@ -10,9 +10,6 @@
 namespace morvane {
 namespace {
 
-/// Such a file is held in memory as a whole.
-constexpr std::size_t kMostForeignBytes = 256'000'000;
-
 [[maybe_unused]] bool IsOpaque(const PictureView& picture) {
   const Pixel* end = picture.Row(picture.height);
   return std::all_of(picture.pixels, end, [](Pixel pixel) { return pixel >= 0xFF000000U; });

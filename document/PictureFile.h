@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 
@@ -7,6 +8,9 @@
 #include "platform/Platform.h"
 
 namespace morvane {
+
+/// No larger file of another format than BMP is read: it is held in memory as a whole.
+inline constexpr std::size_t kMostForeignBytes = 256'000'000;
 
 /// Runs what loads a picture; a lack of memory becomes a reason like any other.
 Failure WithinMemory(const std::function<Failure()>& load);

@@ -1,9 +1,6 @@
 #include "platform/PictureDecoding.h"
 
-#include <QIODevice>
-#include <QImageReader>
 #include <QPainter>
-#include <algorithm>
 #include <atomic>
 #include <future>
 #include <memory>
@@ -12,9 +9,8 @@
 #include <thread>
 #include <utility>
 
+#include "platform/ForeignImage.h"
 #include "platform/Images.h"
-#include "platform/JpegDamage.h"
-#include "platform/PictureEnd.h"
 
 namespace morvane {
 namespace {
@@ -24,31 +20,6 @@ std::atomic<int>& AtWork() {
   static std::atomic<int> count = 0;
   return count;
 }
-
-/// The bytes of a picture, which come to an end early once it is given up.
-/// No QBuffer: decoders would look through it into its memory.
-class StoppableBytes : public QIODevice {
- public:
-  StoppableBytes(const Bytes& content, const std::atomic<bool>& isGivenUp)
-      : content_(content), isGivenUp_(isGivenUp) {
-    open(ReadOnly | Unbuffered);
-  }
-
-  qint64 size() const override { return static_cast<qint64>(content_.size()); }
-
- protected:
-  qint64 readData(char* data, qint64 most) override {
-    if (isGivenUp_) return -1;
-    const qint64 count = std::clamp<qint64>(size() - pos(), 0, most);
-    std::copy_n(content_.begin() + pos(), count, data);
-    return count;
-  }
-  qint64 writeData(const char* /*data*/, qint64 /*size*/) override { return -1; }
-
- private:
-  const Bytes& content_;
-  const std::atomic<bool>& isGivenUp_;
-};
 
 /// A picture that is decoded beside the window.
 class Decoding {
@@ -75,29 +46,9 @@ class Decoding {
   }
 
   Result<Picture> Decode() {
-    StoppableBytes bytes(content_, isGivenUp_);
-    // In megabytes; a decoder may use as much as eight bytes for a pixel.
-    QImageReader::setAllocationLimit(static_cast<int>(mostPixels_ * 8 / 1'000'000));
-    QImageReader reader(&bytes);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    // A drawing may name other files and places to be drawn with it.
-    if (reader.format().startsWith("svg") || reader.format() == "pdf") {
-      return Result<Picture>::Failed("Drawings of this kind can't be used, only pictures.");
-    }
-    const QSize claimed = reader.size();
-    if (claimed.isValid() && qint64{claimed.width()} * claimed.height() > mostPixels_) {
-      return Result<Picture>::Failed(kTooLarge);
-    }
-    const JpegDamage damage;
-    const QImage image = reader.read();
-    if (image.isNull()) {
-      return Result<Picture>::Failed(
-          "This is not a picture that can be read: " + reader.errorString().toStdString() + ".");
-    }
-    if (damage.WasMet() || !HasItsEnd(content_)) {
-      return Result<Picture>::Failed("The file is incomplete or damaged.");
-    }
+    Result<ForeignImage> read = ReadForeignImage(content_, isGivenUp_, mostPixels_);
+    if (!read.Ok()) return Result<Picture>::Failed(read.Reason());
+    const QImage& image = read.Value().image;
     Picture picture(image.width(), image.height());
     QImage onWhite = ImageOver(picture.Draw());
     QPainter(&onWhite).drawImage(QRect(QPoint(0, 0), image.size()), image);

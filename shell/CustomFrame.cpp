@@ -1,18 +1,17 @@
 #include "shell/CustomFrame.h"
 
 #include <QComboBox>
-#include <QHelpEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
-#include <QToolTip>
 #include <algorithm>
 #include <optional>
 
 #include "shell/Accessible.h"
 #include "shell/FileDrop.h"
+#include "shell/FileRows.h"
 #include "shell/FittedLabel.h"
 #include "shell/Layout.h"
 #include "shell/TabRing.h"
@@ -40,23 +39,6 @@ class IndentDelegate : public QStyledItemDelegate {
   }
 };
 
-/// Tells a name that is too long for the list in a tool tip.
-class NameDelegate : public QStyledItemDelegate {
- public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
-  bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
-                 const QModelIndex& index) override {
-    const bool isCut = sizeHint(option, index).width() > view->viewport()->width();
-    if (event->type() != QEvent::ToolTip || !isCut) {
-      return QStyledItemDelegate::helpEvent(event, view, option, index);
-    }
-    const QString name = ToolTipOf(index.data().toString());
-    QToolTip::showText(event->globalPos(), name, view->viewport(), option.rect);
-    return true;
-  }
-};
-
 }  // namespace
 
 CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
@@ -65,7 +47,8 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
       drive_(new QComboBox(this)),
       dimensions_(new FittedLabel(Px(855), this)),
       folders_(new QListWidget(this)),
-      files_(new QListWidget(this)) {
+      files_(new QListWidget(this)),
+      fileRows_(new FileRows(shownNames_, files_)) {
   setObjectName("Frame5");
   setFont(ArialFont(kSmallText));
   setGeometry(PlaceOf(120, 2880, 2295, 4815));
@@ -87,7 +70,7 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   files_->setAccessibleName("Custom tile pictures");
   files_->setGeometry(PlaceOf(120, 1800, 2055, 2820));
   files_->setUniformItemSizes(true);
-  files_->setItemDelegate(new NameDelegate(files_));
+  files_->setItemDelegate(fileRows_);
 
   folders_->setUniformItemSizes(true);
   // There are only four rows, and no room for a bar: tool tips tell what is cut.
@@ -189,6 +172,7 @@ void CustomFrame::ShowFiles() {
   const std::vector<std::string>& files = palette_.File1.Files();
   if (shownFiles_ == palette_.File1.Readings()) return;
   shownFiles_ = palette_.File1.Readings();
+  fileRows_->SetFolder(palette_.File1.Path());
   if (files == shownNames_) return;
   shownNames_ = files;
   QStringList names;

@@ -10,6 +10,7 @@ class QListWidgetItem;
 
 namespace morvane {
 
+class FileRows;
 class FittedLabel;
 class TabRing;
 
@@ -50,6 +51,7 @@ class CustomFrame : public GroupFrame {
   FittedLabel* dimensions_;
   QListWidget* folders_;
   QListWidget* files_;
+  FileRows* fileRows_;
   int presentDrive_ = 0;  ///< row of the drive that holds the present folder
   int shownFolders_ = 0;  ///< the reading that is on the screen
   int shownFiles_ = 0;

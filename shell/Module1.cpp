@@ -20,6 +20,7 @@
 #include "platform/QtPlatform.h"
 #include "shell/ArtSheets.h"
 #include "shell/FocusStyle.h"
+#include "shell/Thumbnails.h"
 #include "shell/UnaskedEnd.h"
 #include "shell/WholeScale.h"
 #include "shell/frmMain.h"
@@ -123,7 +124,7 @@ int RunMorvane(int argc, char** argv) {
   });
   const int status = QApplication::exec();
   // A decoder that hangs in a picture given up long ago would be caught by the end of the program.
-  if (IsStillDecoding()) std::_Exit(status);
+  if (IsStillDecoding() || Thumbnails::AreBeingMade()) std::_Exit(status);
   return status;
 }
 

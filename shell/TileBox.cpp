@@ -18,6 +18,15 @@ constexpr int BoxSide(int pictureSide) {
   return pictureSide / kSheetCell * kCellTwips + 15;
 }
 
+/// "2 x 2 cells", as many as a picture covers wholly or in part.
+QString CellsOf(const Size& picture) {
+  const auto cells = [](int side) { return (side + kSheetCell - 1) / kSheetCell; };
+  const int columns = cells(picture.width);
+  const int rows = cells(picture.height);
+  const QString unit = columns * rows == 1 ? "cell" : "cells";
+  return QString("%1 x %2 %3").arg(columns).arg(rows).arg(unit);
+}
+
 }  // namespace
 
 TileBox::TileBox(const Item& item, const Picture& picture, QWidget* page)
@@ -26,7 +35,7 @@ TileBox::TileBox(const Item& item, const Picture& picture, QWidget* page)
   setGeometry(
       PlaceOf(item.column * kCellTwips, item.row * kCellTwips, BoxSide(item.stored.width), height));
   setObjectName(TextOf(item.control));
-  setToolTip(TextOf(item.caption));
+  setToolTip(TextOf(item.caption) + ", " + CellsOf(item.stored));
   setAccessibleName(TextOf(item.caption));
   const Size stamp = StampSize(item);
   setAccessibleDescription(SpokenSize({stamp.width, stamp.height}));

@@ -1,0 +1,77 @@
+#include "platform/ForeignImage.h"
+
+#include <QIODevice>
+#include <QImageReader>
+#include <algorithm>
+
+#include "platform/JpegDamage.h"
+#include "platform/PictureEnd.h"
+
+namespace morvane {
+namespace {
+
+/// The bytes of a picture, which come to an end early once it is given up.
+/// No QBuffer: decoders would look through it into its memory.
+class StoppableBytes : public QIODevice {
+ public:
+  StoppableBytes(const Bytes& content, const std::atomic<bool>& isGivenUp)
+      : content_(content), isGivenUp_(isGivenUp) {
+    open(ReadOnly | Unbuffered);
+  }
+
+  qint64 size() const override { return static_cast<qint64>(content_.size()); }
+
+ protected:
+  qint64 readData(char* data, qint64 most) override {
+    if (isGivenUp_) return -1;
+    const qint64 count = std::clamp<qint64>(size() - pos(), 0, most);
+    std::copy_n(content_.begin() + pos(), count, data);
+    return count;
+  }
+  qint64 writeData(const char* /*data*/, qint64 /*size*/) override { return -1; }
+
+ private:
+  const Bytes& content_;
+  const std::atomic<bool>& isGivenUp_;
+};
+
+bool IsLaidOnItsSide(const QImageReader& reader) {
+  return reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
+}
+
+}  // namespace
+
+Result<ForeignImage> ReadForeignImage(const Bytes& content, const std::atomic<bool>& isGivenUp,
+                                      long long mostPixels, const ReducedSize& reduced) {
+  using Refused = Result<ForeignImage>;
+  StoppableBytes bytes(content, isGivenUp);
+  // In megabytes; a decoder may use as much as eight bytes for a pixel.
+  QImageReader::setAllocationLimit(static_cast<int>(mostPixels * 8 / 1'000'000));
+  QImageReader reader(&bytes);
+  reader.setDecideFormatFromContent(true);
+  reader.setAutoTransform(true);
+  // A drawing may name other files and places to be drawn with it.
+  if (reader.format().startsWith("svg") || reader.format() == "pdf") {
+    return Refused::Failed("Drawings of this kind can't be used, only pictures.");
+  }
+  const QSize claimed = reader.size();
+  if (claimed.isValid() && qint64{claimed.width()} * claimed.height() > mostPixels) {
+    return Refused::Failed(kTooLarge);
+  }
+  const bool isReduced =
+      reduced && claimed.isValid() && reader.supportsOption(QImageIOHandler::ScaledSize);
+  if (isReduced) reader.setScaledSize(reduced(claimed));
+  const JpegDamage damage;
+  const QImage image = reader.read();
+  if (image.isNull()) {
+    return Refused::Failed(
+        "This is not a picture that can be read: " + reader.errorString().toStdString() + ".");
+  }
+  if (damage.WasMet() || !HasItsEnd(content)) {
+    return Refused::Failed("The file is incomplete or damaged.");
+  }
+  if (!isReduced) return ForeignImage{image, image.size()};
+  return ForeignImage{image, IsLaidOnItsSide(reader) ? claimed.transposed() : claimed};
+}
+
+}  // namespace morvane

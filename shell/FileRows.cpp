@@ -1,0 +1,104 @@
+#include "shell/FileRows.h"
+
+#include <QBuffer>
+#include <QHelpEvent>
+#include <QListView>
+#include <QPainter>
+#include <QToolTip>
+#include <algorithm>
+
+#include "document/Settings.h"
+#include "shell/Text.h"
+
+namespace morvane {
+namespace {
+
+/// Rows that fly by are not asked for.
+constexpr std::chrono::milliseconds kRest(30);
+
+/// A picture above a line of text, as a tool tip. The pixels of the display are kept.
+QString PictureToolTip(const QImage& image, const QString& text) {
+  QByteArray png;
+  QBuffer buffer(&png);
+  image.save(&buffer, "PNG");
+  const QSize size = image.deviceIndependentSize().toSize();
+  return QString(
+             "<div style='white-space:pre'>"
+             "<img src='data:image/png;base64,%1' width='%2' height='%3'><br>%4</div>")
+      .arg(QString::fromLatin1(png.toBase64()), QString::number(size.width()),
+           QString::number(size.height()), text.toHtmlEscaped());
+}
+
+}  // namespace
+
+FileRows::FileRows(const std::vector<std::string>& names, QListView* list)
+    : QStyledItemDelegate(list), names_(names), list_(list) {
+  want_.setSingleShot(true);
+  want_.setInterval(kRest);
+  connect(&want_, &QTimer::timeout, this, &FileRows::WantRowsInView);
+  connect(&thumbnails_, &Thumbnails::Made, this, [this] { list_->viewport()->update(); });
+}
+
+void FileRows::SetFolder(const std::string& folder) {
+  folder_ = WithTrailingBackslash(folder);
+  thumbnails_.Clear();
+  list_->viewport()->update();
+}
+
+void FileRows::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                     const QModelIndex& index) const {
+  QStyledItemDelegate::paint(painter, option, index);
+  const Thumbnail* thumbnail = thumbnails_.Of(PathOf(index));
+  if (thumbnail == nullptr && !want_.isActive()) want_.start();
+  if (thumbnail == nullptr || thumbnail->size.isEmpty()) return;
+  QStyleOptionViewItem full = option;
+  initStyleOption(&full, index);
+  const QRect room =
+      list_->style()->subElementRect(QStyle::SE_ItemViewItemDecoration, &full, list_);
+  const QSize size = thumbnail->small.deviceIndependentSize().toSize();
+  painter->drawImage(QStyle::alignedRect(option.direction, Qt::AlignCenter, size, room).topLeft(),
+                     thumbnail->small);
+}
+
+bool FileRows::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                         const QStyleOptionViewItem& option, const QModelIndex& index) {
+  if (event->type() != QEvent::ToolTip || !index.isValid()) {
+    return QStyledItemDelegate::helpEvent(event, view, option, index);
+  }
+  const QString name = index.data().toString();
+  const Thumbnail* thumbnail = thumbnails_.Of(PathOf(index));
+  QString text;
+  if (thumbnail != nullptr && !thumbnail->size.isEmpty()) {
+    const QSize size = thumbnail->size;
+    text = PictureToolTip(thumbnail->large,
+                          QString("%1, %2 x %3").arg(name).arg(size.width()).arg(size.height()));
+  } else if (sizeHint(option, index).width() > view->viewport()->width()) {
+    text = ToolTipOf(name);
+  }
+  QToolTip::showText(event->globalPos(), text, view->viewport(), option.rect);
+  return true;
+}
+
+void FileRows::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+  QStyledItemDelegate::initStyleOption(option, index);
+  // The room for the picture. As an icon it would take on the colour of the row that is selected.
+  option->features |= QStyleOptionViewItem::HasDecoration;
+  option->decorationSize = {kSmallThumbnail, kSmallThumbnail};
+}
+
+std::string FileRows::PathOf(const QModelIndex& index) const {
+  return folder_ + names_[static_cast<std::size_t>(index.row())];
+}
+
+void FileRows::WantRowsInView() {
+  std::deque<std::string> paths;
+  const QRect view = list_->viewport()->rect();
+  QModelIndex index = list_->indexAt(view.topLeft());
+  while (index.isValid() && list_->visualRect(index).top() <= view.bottom()) {
+    paths.push_back(PathOf(index));
+    index = index.siblingAtRow(index.row() + 1);
+  }
+  thumbnails_.Want(std::move(paths), std::max(1, qRound(list_->devicePixelRatioF())));
+}
+
+}  // namespace morvane

@@ -1,0 +1,137 @@
+#include "shell/Thumbnails.h"
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QPointer>
+#include <algorithm>
+#include <atomic>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+namespace morvane {
+namespace {
+
+constexpr int kMostKilobytes = 8192;
+constexpr std::chrono::milliseconds kPatience(2000);
+
+/// The one that is waited for, and one that was given up and hangs. Behind a second one that hangs,
+/// all others may do so too.
+constexpr int kMostAtWork = 2;
+
+/// Threads whose end the window has not heard of.
+int atWork = 0;
+
+/// The system schedules threads one by one, and the window comes first.
+void StepBack() {
+  constexpr int kNiceness = 10;
+  setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), kNiceness);
+}
+
+}  // namespace
+
+struct Thumbnails::Job {
+  std::string path;
+  int zoom;
+  std::atomic<bool> isGivenUp = false;
+  Thumbnail thumbnail;
+};
+
+Thumbnails::Thumbnails() : made_(kMostKilobytes) {
+  patience_.setSingleShot(true);
+  patience_.setInterval(kPatience);
+  connect(&patience_, &QTimer::timeout, this, [this] {
+    Keep({});
+    StopWaiting();
+    MakeNext();
+  });
+}
+
+Thumbnails::~Thumbnails() {
+  StopWaiting();
+}
+
+const Thumbnail* Thumbnails::Of(const std::string& path) const {
+  return made_.object(QByteArray::fromStdString(path));
+}
+
+void Thumbnails::Want(std::deque<std::string> paths, int zoom) {
+  if (zoom != zoom_) Clear();
+  zoom_ = zoom;
+  wanted_ = std::move(paths);
+  const bool isWanted =
+      job_ != nullptr && std::find(wanted_.begin(), wanted_.end(), job_->path) != wanted_.end();
+  if (!isWanted) StopWaiting();
+  MakeNext();
+}
+
+void Thumbnails::Clear() {
+  made_.clear();
+  wanted_.clear();
+  StopWaiting();
+}
+
+bool Thumbnails::AreBeingMade() {
+  return atWork > 0;
+}
+
+void Thumbnails::MakeNext() {
+  while (job_ == nullptr && atWork < kMostAtWork && !wanted_.empty()) {
+    const std::string path = std::move(wanted_.front());
+    wanted_.pop_front();
+    if (Of(path) == nullptr) Start(path);
+  }
+}
+
+void Thumbnails::Start(const std::string& path) {
+  const auto job = std::make_shared<Job>();
+  job->path = path;
+  job->zoom = zoom_;
+  // It may outlive the window, which is asked for only in the window's own thread.
+  const auto work = [job, self = QPointer(this)] {
+    StepBack();
+    job->thumbnail = ReadThumbnail(job->path, job->zoom, job->isGivenUp);
+    QMetaObject::invokeMethod(
+        qApp,
+        [job, self] {
+          --atWork;
+          if (self != nullptr) self->Finish(job);
+        },
+        Qt::QueuedConnection);
+  };
+  try {
+    std::thread(work).detach();
+  } catch (const std::system_error&) {
+    return;
+  }
+  ++atWork;
+  job_ = job;
+  patience_.start();
+}
+
+void Thumbnails::Finish(const std::shared_ptr<Job>& job) {
+  if (job == job_) {
+    Keep(std::move(job->thumbnail));
+    StopWaiting();
+    emit Made();
+  }
+  MakeNext();
+}
+
+void Thumbnails::Keep(Thumbnail thumbnail) {
+  constexpr qsizetype kKilobyte = 1024;
+  const qsizetype bytes = thumbnail.small.sizeInBytes() + thumbnail.large.sizeInBytes();
+  made_.insert(QByteArray::fromStdString(job_->path), new Thumbnail(std::move(thumbnail)),
+               1 + bytes / kKilobyte);
+}
+
+void Thumbnails::StopWaiting() {
+  patience_.stop();
+  if (job_ == nullptr) return;
+  job_->isGivenUp = true;
+  job_.reset();
+}
+
+}  // namespace morvane
