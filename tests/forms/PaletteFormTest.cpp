@@ -8,6 +8,7 @@
 #include "document/Blit.h"
 #include "palette/TilePictures.h"
 #include "shell/Text.h"
+#include "shell/Thumbnails.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {
@@ -65,11 +66,13 @@ TEST_F(PaletteForm, SetsAndPagesShowAndHide) {
 TEST_F(PaletteForm, EveryItemStandsAtItsCell) {
   for (const Item& item : Items()) {
     QWidget* box = Find(TextOf(item.control));
-    ASSERT_EQ(box->toolTip(), TextOf(item.caption));
+    ASSERT_TRUE(box->toolTip().startsWith(TextOf(item.caption) + ", "));
     ASSERT_EQ(box->pos(), QPoint(item.column * 24, item.row * 24));
     const QSize cells(item.stored.width / 20 * 24 + 1, item.stored.height / 20 * 24 + 1);
     ASSERT_EQ(box->size(), item.control == "pbaltar" ? QSize(49, 51) : cells);
   }
+  EXPECT_EQ(Find("pbchest")->toolTip(), "Chest, 1 x 1 cell");
+  EXPECT_EQ(Find("ptcrevasse")->toolTip(), "Crevasse, 3 x 1 cells");
   QTest::mouseClick(Find("ptcrevasse"), Qt::LeftButton, {}, {2, 2});
   EXPECT_EQ(Find<QLabel>("Label2")->text(), "Crevasse");
   EXPECT_EQ(Find("Picture1")->size(), QSize(59, 19));
@@ -111,25 +114,72 @@ TEST_F(PaletteForm, CustomListsTheFolderInNaturalOrderAfreshEachTime) {
   EXPECT_EQ(rows(), (QStringList{"a.ico", "tile1.jpg", "Tile2.GIF", "tile10.bmp"}));
 }
 
-TEST_F(PaletteForm, NamesThatAreCutOffAreToldInToolTips) {
-  const QString longName = QString(200, 'n') + "<b>.bmp";
-  for (const QString& name : {longName, QString("z.bmp")}) {
-    ASSERT_TRUE(QFile(name).open(QIODevice::WriteOnly));
-  }
-  ChooseSet(4);
-  auto* list = Find<QListWidget>("File1");
-  const auto tipOf = [list](int row) {
+struct CustomFiles : PaletteForm {
+  QListWidget* list = Find<QListWidget>("File1");
+
+  QString TipOf(int row) {
     const QPoint place = list->visualItemRect(list->item(row)).topLeft() + QPoint(5, 5);
     QHelpEvent ask(QEvent::ToolTip, place, list->viewport()->mapToGlobal(place));
     QApplication::sendEvent(list->viewport(), &ask);
     return QToolTip::isVisible() ? QToolTip::text() : QString();
-  };
-  EXPECT_EQ(tipOf(1), "");
-  EXPECT_EQ(tipOf(0), ToolTipOf(longName));
+  }
+  /// The pixel in the middle of a row's picture.
+  QColor PictureOf(int row) {
+    const QRect place = list->visualItemRect(list->item(row));
+    return Shown(*list->viewport()).pixelColor(place.left() + 11, place.center().y());
+  }
+  void Click(int row) {
+    const QPoint place = list->visualItemRect(list->item(row)).center();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
+  }
+};
+
+TEST_F(CustomFiles, ShowTheirPicturesAndTellNamesThatAreCutOff) {
+  const QString longName = QString(200, 'n') + "<b>.bmp";
+  for (const QString& name : {longName, QString("z.bmp")}) {
+    ASSERT_TRUE(QFile(name).open(QIODevice::WriteOnly));
+  }
+  QImage picture(64, 48, QImage::Format_RGB32);
+  picture.fill(Qt::red);
+  ASSERT_TRUE(picture.save("a & b.bmp"));
+  ChooseSet(4);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return PictureOf(0) == Qt::red; }));
+  EXPECT_TRUE(QTest::qWaitFor([] { return !Thumbnails::AreBeingMade(); }));
+  EXPECT_EQ(PictureOf(2), Qt::white);
+  EXPECT_EQ(TipOf(2), "");
+  EXPECT_EQ(TipOf(1), ToolTipOf(longName));
+  EXPECT_TRUE(TipOf(0).endsWith("a &amp; b.bmp, 64 x 48</div>")) << TipOf(0).toStdString();
+  EXPECT_TRUE(TipOf(0).contains("width='64' height='48'"));
   auto* status = Find<QLabel>("SimpleText");
   EXPECT_EQ(status->toolTip(), "");
-  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, {5, 5});
+  Click(1);
   EXPECT_EQ(status->toolTip(), ToolTipOf(status->text()));
+  // What was changed meanwhile is seen when the set is chosen again.
+  picture.fill(Qt::blue);
+  ASSERT_TRUE(picture.save("a & b.bmp"));
+  ChooseSet(4);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return PictureOf(0) == Qt::blue; }));
+}
+
+TEST_F(CustomFiles, AreChosenWhileASlowThumbnailIsBeingMade) {
+  // Written in digits, a line for each pixel.
+  QFile slow("a.bmp");
+  ASSERT_TRUE(slow.open(QIODevice::WriteOnly));
+  slow.write("P2\n6000 6000\n9\n" + QByteArray("1\n").repeated(36'000'000));
+  slow.close();
+  QImage picture(20, 20, QImage::Format_RGB32);
+  picture.fill(Qt::red);
+  ASSERT_TRUE(picture.save("b.bmp", "PNG"));
+  ChooseSet(4);
+  EXPECT_TRUE(QTest::qWaitFor([] { return Thumbnails::AreBeingMade(); }));
+  Click(1);
+  EXPECT_EQ(Find<QLabel>("SimpleText")->text(), "Custom tile selected: b.bmp");
+  EXPECT_TRUE(Thumbnails::AreBeingMade());
+  // It is given up as soon as it is out of view, and hands its place on.
+  ASSERT_TRUE(slow.remove());
+  ChooseSet(0);
+  ChooseSet(4);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return PictureOf(0) == Qt::red; }));
 }
 
 }  // namespace
