@@ -178,9 +178,13 @@ TEST_F(Files, ThumbnailsAreReducedAndKeepWholePixels) {
       ASSERT_EQ(twice.pixel(x, y), x < 2 ? qRgb(255, 255, 255) : picture.pixel(x / 2, y / 2));
     }
   }
-  QImageWriter onItsSide("b.jpg");
-  onItsSide.setTransformation(QImageIOHandler::TransformationRotate90);
-  ASSERT_TRUE(onItsSide.write(picture.scaled(1000, 500)));
+  ASSERT_TRUE(picture.scaled(1000, 500).save("b.jpg"));
+  Bytes onItsSide = Read("b.jpg");
+  const Bytes orientation = {0xFF, 0xE1, 0, 34, 'E', 'x', 'i', 'f', 0, 0,    'M', 'M',
+                             0,    42,   0, 0,  0,   8,   0,   1,   1, 0x12, 0,   3,
+                             0,    0,    0, 1,  0,   6,   0,   0,   0, 0,    0,   0};
+  onItsSide.insert(onItsSide.begin() + 2, orientation.begin(), orientation.end());
+  ASSERT_EQ(Replace(folder.File("b.jpg"), onItsSide), "");
   const Thumbnail upright = ReadThumbnail(folder.File("b.jpg"), 1, isGivenUp);
   EXPECT_EQ(upright.size, QSize(500, 1000));
   EXPECT_EQ(upright.large.size(), QSize(60, 120));
