@@ -26,7 +26,7 @@ int atWork = 0;
 
 /// The system schedules threads one by one, and the window comes first.
 void StepBack() {
-  constexpr int kNiceness = 10;
+  constexpr int kNiceness = 5;
   setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), kNiceness);
 }
 
