@@ -13,7 +13,7 @@
 namespace morvane {
 namespace {
 
-/// Rows that fly by are not asked for.
+/// Rows that are scrolled past in this time get no thumbnail.
 constexpr std::chrono::milliseconds kRest(30);
 
 /// A picture above a line of text, as a tool tip. The pixels of the display are kept.
@@ -49,8 +49,11 @@ void FileRows::paint(QPainter* painter, const QStyleOptionViewItem& option,
                      const QModelIndex& index) const {
   QStyledItemDelegate::paint(painter, option, index);
   const Thumbnail* thumbnail = thumbnails_.Of(PathOf(index));
-  if (thumbnail == nullptr && !want_.isActive()) want_.start();
-  if (thumbnail == nullptr || thumbnail->size.isEmpty()) return;
+  const bool isShown = thumbnail != nullptr && !thumbnail->size.isEmpty();
+  const bool isMade =
+      thumbnail != nullptr && (!isShown || thumbnail->small.devicePixelRatio() == Zoom());
+  if (!isMade && !want_.isActive()) want_.start();
+  if (!isShown) return;
   QStyleOptionViewItem full = option;
   initStyleOption(&full, index);
   const QRect room =
@@ -70,8 +73,8 @@ bool FileRows::helpEvent(QHelpEvent* event, QAbstractItemView* view,
   QString text;
   if (thumbnail != nullptr && !thumbnail->size.isEmpty()) {
     const QSize size = thumbnail->size;
-    text = PictureToolTip(thumbnail->large,
-                          QString("%1, %2 x %3").arg(name).arg(size.width()).arg(size.height()));
+    const QString sides = QString("%1 x %2").arg(size.width()).arg(size.height());
+    text = PictureToolTip(thumbnail->large, name + ", " + sides);
   } else if (sizeHint(option, index).width() > view->viewport()->width()) {
     text = ToolTipOf(name);
   }
@@ -90,6 +93,10 @@ std::string FileRows::PathOf(const QModelIndex& index) const {
   return folder_ + names_[static_cast<std::size_t>(index.row())];
 }
 
+int FileRows::Zoom() const {
+  return std::max(1, qRound(list_->devicePixelRatioF()));
+}
+
 void FileRows::WantRowsInView() {
   std::deque<std::string> paths;
   const QRect view = list_->viewport()->rect();
@@ -98,7 +105,7 @@ void FileRows::WantRowsInView() {
     paths.push_back(PathOf(index));
     index = index.siblingAtRow(index.row() + 1);
   }
-  thumbnails_.Want(std::move(paths), std::max(1, qRound(list_->devicePixelRatioF())));
+  thumbnails_.Want(std::move(paths), Zoom());
 }
 
 }  // namespace morvane

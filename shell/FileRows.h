@@ -31,6 +31,8 @@ class FileRows : public QStyledItemDelegate {
 
  private:
   std::string PathOf(const QModelIndex& index) const;
+  /// Pixels of the display to one of the window; another display may have more.
+  int Zoom() const;
   void WantRowsInView();
 
   const std::vector<std::string>& names_;

@@ -142,14 +142,14 @@ TEST_F(CustomFiles, ShowTheirPicturesAndTellNamesThatAreCutOff) {
   }
   QImage picture(64, 48, QImage::Format_RGB32);
   picture.fill(Qt::red);
-  ASSERT_TRUE(picture.save("a & b.bmp"));
+  ASSERT_TRUE(picture.save("a & %2.bmp"));
   ChooseSet(4);
   EXPECT_TRUE(QTest::qWaitFor([this] { return PictureOf(0) == Qt::red; }));
   EXPECT_TRUE(QTest::qWaitFor([] { return !Thumbnails::AreBeingMade(); }));
   EXPECT_EQ(PictureOf(2), Qt::white);
   EXPECT_EQ(TipOf(2), "");
   EXPECT_EQ(TipOf(1), ToolTipOf(longName));
-  EXPECT_TRUE(TipOf(0).endsWith("a &amp; b.bmp, 64 x 48</div>")) << TipOf(0).toStdString();
+  EXPECT_TRUE(TipOf(0).endsWith("a &amp; %2.bmp, 64 x 48</div>")) << TipOf(0).toStdString();
   EXPECT_TRUE(TipOf(0).contains("width='64' height='48'"));
   auto* status = Find<QLabel>("SimpleText");
   EXPECT_EQ(status->toolTip(), "");
@@ -157,7 +157,7 @@ TEST_F(CustomFiles, ShowTheirPicturesAndTellNamesThatAreCutOff) {
   EXPECT_EQ(status->toolTip(), ToolTipOf(status->text()));
   // What was changed meanwhile is seen when the set is chosen again.
   picture.fill(Qt::blue);
-  ASSERT_TRUE(picture.save("a & b.bmp"));
+  ASSERT_TRUE(picture.save("a & %2.bmp"));
   ChooseSet(4);
   EXPECT_TRUE(QTest::qWaitFor([this] { return PictureOf(0) == Qt::blue; }));
 }
