@@ -1,7 +1,10 @@
 #include <dirent.h>
 
+#include <QCoreApplication>
+#include <QImage>
 #include <QListWidget>
-#include <fstream>
+#include <QScrollBar>
+#include <filesystem>
 #include <memory>
 
 #include "bench/BenchEditor.h"
@@ -15,16 +18,22 @@ namespace {
 
 constexpr int kPictures = 10'000;
 
-/// A folder full of empty pictures and their names in the order of a list, and an empty folder.
+/// A folder full of pictures of 4 megapixels and their names in the order of a list, and an empty
+/// folder.
 struct Folders {
   Folders() {
+    QImage picture(2000, 2000, QImage::Format_RGB32);
+    picture.fill(Qt::darkGray);
+    const std::string path = original.File("picture.jpg");
+    Must(picture.save(QString::fromStdString(path)), "A picture could not be made");
     for (int number = 1; number <= kPictures; ++number) {
-      const std::string name = "tile " + std::to_string(number) + ".bmp";
-      Must(std::ofstream(full.File(name.c_str())).good(), "A picture could not be made");
+      const std::string name = "tile " + std::to_string(number) + ".jpg";
+      std::filesystem::create_hard_link(path, full.File(name.c_str()));
       names << QString::fromStdString(name);
     }
   }
 
+  WorkFolder original;
   WorkFolder full;
   WorkFolder empty;
   QStringList names;
@@ -43,6 +52,7 @@ struct Lister {
   BenchEditor<YesPlatform> editor{{615, 483}};
   QWidget window;
   CustomFrame frame{editor.palette, &window};
+  QListWidget* files = frame.findChild<QListWidget*>("File1");
 
   Lister() {
     editor.palette.TileSetSelector.ListIndex = kCustomSet;
@@ -78,28 +88,55 @@ Result NamesIn(QListWidget* list) {
   };
 }
 
-}  // namespace
+/// Scrolls by the three rows of a step of the mouse wheel, from the start again at the end.
+void Scroll(const QListWidget& list) {
+  constexpr int kRows = 3;
+  QScrollBar* bar = list.verticalScrollBar();
+  const int row = bar->value() + kRows;
+  bar->setValue(row > bar->maximum() ? 0 : row);
+  QCoreApplication::processEvents();
+}
 
-void AddFolders(RatioTable& table) {
-  const auto folders = std::make_shared<const Folders>();
-  const auto lister = std::make_shared<Lister>();
-  const auto plain = std::make_shared<PlainList>();
+struct Lists {
+  Folders folders;
+  Lister lister;
+  PlainList plain;
+};
+
+void AddListing(RatioTable& table, const std::shared_ptr<Lists>& lists) {
   // The empty folder comes first, for a list that already shows a folder isn't filled again.
   Work work{.name = "A folder of 10,000 pictures, listed",
-            .result = NamesIn(lister->frame.findChild<QListWidget*>("File1")),
+            .result = NamesIn(lists->lister.files),
             .clock = Clock::Wall};
   Contest(table, work)
-      .Ours([=] {
-        lister->List(folders->empty);
-        lister->List(folders->full);
+      .Ours([lists] {
+        lists->lister.List(lists->folders.empty);
+        lists->lister.List(lists->folders.full);
       })
       .Against(
           "readdir and QListWidget::addItems", AtMost(2.0),
-          [=] {
-            plain->List(folders->empty, {});
-            plain->List(folders->full, folders->names);
+          [lists] {
+            lists->plain.List(lists->folders.empty, {});
+            lists->plain.List(lists->folders.full, lists->folders.names);
           },
-          NamesIn(&plain->list));
+          NamesIn(&lists->plain.list));
+}
+
+/// Rests as on a display of 60 frames a second. Thumbnails are made in that time.
+void AddScrolling(RatioTable& table, const std::shared_ptr<Lists>& lists) {
+  constexpr std::chrono::milliseconds kFrame(16);
+  Contest(table, {.name = "Its list, scrolled by three rows", .pause = kFrame})
+      .Ours([lists] { Scroll(*lists->lister.files); })
+      .Alone(Within(8e6))
+      .Limit("QListWidget without thumbnails", AtMost(5.0), [lists] { Scroll(lists->plain.list); });
+}
+
+}  // namespace
+
+void AddFolders(RatioTable& table) {
+  const auto lists = std::make_shared<Lists>();
+  AddListing(table, lists);
+  AddScrolling(table, lists);
 }
 
 }  // namespace morvane::bench
