@@ -17,6 +17,7 @@ Session::Session() {
     qunsetenv(variable);
   }
   qputenv("QT_QPA_PLATFORM", "xcb");
+  qputenv("QT_QPA_PLATFORMTHEME", "generic");
 }
 
 void Session::End() {
