@@ -1,9 +1,9 @@
 #pragma once
 
+#include "editor/MainForm.h"
 #include "platform/QtPlatform.h"
 #include "shell/ArtSheets.h"
 #include "tests/support/FakePlatform.h"
-#include "tools/MainForm.h"
 
 namespace morvane::bench {
 

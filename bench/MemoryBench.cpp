@@ -2,10 +2,10 @@
 #include "bench/Benches.h"
 #include "bench/Stage.h"
 #include "bench/WorkFolder.h"
-#include "document/Blit.h"
 #include "document/MapFiles.h"
 #include "document/Snapshot.h"
 #include "document/Undo.h"
+#include "document/picture/Blit.h"
 #include "tests/support/HeapWatch.h"
 
 namespace morvane::bench {

@@ -1,6 +1,6 @@
 #include "bench/Benches.h"
 #include "bench/Stage.h"
-#include "document/Blit.h"
+#include "document/picture/Blit.h"
 #ifdef MORVANE_BENCH_PIXMAN
 #include "bench/PixmanPeer.h"
 #endif

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "document/Picture.h"
+#include "document/picture/Picture.h"
 
 namespace morvane::bench {
 

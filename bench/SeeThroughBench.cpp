@@ -6,7 +6,7 @@
 
 #include "bench/Benches.h"
 #include "bench/Stage.h"
-#include "document/Blit.h"
+#include "document/picture/Blit.h"
 #include "platform/Images.h"
 #ifdef MORVANE_BENCH_SDL
 #include "bench/SdlPeer.h"

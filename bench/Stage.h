@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "bench/Contest.h"
-#include "document/Picture.h"
+#include "document/picture/Picture.h"
 
 namespace morvane::bench {
 

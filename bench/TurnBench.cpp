@@ -2,7 +2,7 @@
 
 #include "bench/Benches.h"
 #include "bench/Stage.h"
-#include "document/Transform.h"
+#include "document/picture/Transform.h"
 #include "platform/Images.h"
 #ifdef MORVANE_BENCH_PIXMAN
 #include "bench/PixmanPeer.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Platform.h"
+#include "document/Platform.h"
 
 namespace morvane {
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "document/PictureBox.h"
+#include "document/Platform.h"
 #include "document/Settings.h"
-#include "platform/Platform.h"
+#include "document/picture/PictureBox.h"
 
 namespace morvane {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "document/Blit.h"
 #include "document/Grid.h"
 #include "document/MapFiles.h"
+#include "document/picture/Blit.h"
 
 namespace morvane {
 namespace {

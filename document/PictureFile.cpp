@@ -4,8 +4,8 @@
 #include <cassert>
 #include <new>
 
-#include "document/Bmp.h"
-#include "document/ByteSources.h"
+#include "document/bmp/Bmp.h"
+#include "document/io/ByteSources.h"
 
 namespace morvane {
 namespace {

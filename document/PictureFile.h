@@ -4,8 +4,8 @@
 #include <functional>
 #include <string>
 
-#include "document/Picture.h"
-#include "platform/Platform.h"
+#include "document/Platform.h"
+#include "document/picture/Picture.h"
 
 namespace morvane {
 

@@ -6,10 +6,10 @@
 #include <functional>
 #include <utility>
 
-#include "document/Blit.h"
-#include "document/Bmp.h"
 #include "document/NewMap.h"
 #include "document/PictureFile.h"
+#include "document/bmp/Bmp.h"
+#include "document/picture/Blit.h"
 
 namespace morvane {
 namespace {

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "document/Color.h"
-#include "platform/Platform.h"
+#include "document/Platform.h"
+#include "document/picture/Color.h"
 
 namespace morvane {
 

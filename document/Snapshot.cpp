@@ -1,7 +1,7 @@
 #include "document/Snapshot.h"
 
-#include "document/Bmp.h"
 #include "document/Notice.h"
+#include "document/bmp/Bmp.h"
 
 namespace morvane {
 

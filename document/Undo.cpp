@@ -1,8 +1,8 @@
 #include "document/Undo.h"
 
-#include "document/Bmp.h"
 #include "document/Notice.h"
 #include "document/PictureFile.h"
+#include "document/bmp/Bmp.h"
 
 namespace morvane {
 namespace {

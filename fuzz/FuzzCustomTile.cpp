@@ -1,6 +1,7 @@
 #include <QApplication>
 
 #include "document/Undo.h"
+#include "editor/MainForm.h"
 #include "fuzz/Require.h"
 #include "palette/CustomTiles.h"
 #include "palette/PalettePages.h"
@@ -9,7 +10,6 @@
 #include "tests/support/FakePlatform.h"
 #include "tools/Buttons.h"
 #include "tools/CanvasMouse.h"
-#include "tools/MainForm.h"
 
 namespace morvane {
 namespace {

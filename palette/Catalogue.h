@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "document/Rect.h"
+#include "document/picture/Rect.h"
 
 namespace morvane {
 

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <utility>
 
-#include "document/Blit.h"
 #include "document/PictureFile.h"
+#include "document/picture/Blit.h"
 
 namespace morvane {
 namespace {

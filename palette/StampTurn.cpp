@@ -1,6 +1,6 @@
 #include "palette/StampTurn.h"
 
-#include "document/Transform.h"
+#include "document/picture/Transform.h"
 
 namespace morvane {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "document/Blit.h"
+#include "document/picture/Blit.h"
 
 namespace morvane {
 namespace {

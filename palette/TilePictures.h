@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "document/Picture.h"
+#include "document/picture/Picture.h"
 #include "palette/Catalogue.h"
 
 namespace morvane {

@@ -7,7 +7,7 @@
 #include <new>
 #include <span>
 
-#include "platform/Platform.h"
+#include "document/Platform.h"
 
 namespace morvane {
 

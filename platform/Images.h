@@ -2,7 +2,7 @@
 
 #include <QImage>
 
-#include "document/Picture.h"
+#include "document/picture/Picture.h"
 
 namespace morvane {
 

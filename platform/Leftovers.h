@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/Platform.h"
+#include "document/Platform.h"
 
 namespace morvane {
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "document/Platform.h"
 #include "platform/ChunkBuffer.h"
-#include "platform/Platform.h"
 #include "platform/SystemFiles.h"
 
 namespace morvane {

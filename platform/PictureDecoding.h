@@ -2,8 +2,8 @@
 
 #include <chrono>
 
-#include "document/Picture.h"
-#include "platform/Platform.h"
+#include "document/Platform.h"
+#include "document/picture/Picture.h"
 
 namespace morvane {
 

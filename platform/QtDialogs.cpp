@@ -17,7 +17,7 @@
 #include <optional>
 #include <system_error>
 
-#include "document/Color.h"
+#include "document/picture/Color.h"
 #include "platform/DesktopTheme.h"
 #include "platform/ScreenRoom.h"
 

@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <utility>
 
-#include "document/ByteSources.h"
+#include "document/io/ByteSources.h"
 #include "platform/Files.h"
 #include "platform/Folders.h"
 #include "platform/Leftovers.h"

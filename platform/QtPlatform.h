@@ -2,8 +2,8 @@
 
 #include <functional>
 
+#include "document/Platform.h"
 #include "platform/MapPrinter.h"
-#include "platform/Platform.h"
 #include "platform/QtDialogs.h"
 #include "platform/SnapshotFile.h"
 

@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
+#include "document/Platform.h"
 #include "platform/ChunkBuffer.h"
-#include "platform/Platform.h"
 #include "platform/SystemFiles.h"
 
 namespace morvane {

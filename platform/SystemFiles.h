@@ -8,7 +8,7 @@
 #include <string>
 #include <utility>
 
-#include "platform/Platform.h"
+#include "document/Platform.h"
 
 namespace morvane {
 

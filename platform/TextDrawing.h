@@ -2,7 +2,7 @@
 
 #include <QTextDocument>
 
-#include "document/Picture.h"
+#include "document/picture/Picture.h"
 
 namespace morvane {
 

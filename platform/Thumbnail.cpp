@@ -5,8 +5,8 @@
 #include <new>
 #include <utility>
 
-#include "document/Bmp.h"
 #include "document/PictureFile.h"
+#include "document/bmp/Bmp.h"
 #include "platform/Files.h"
 #include "platform/ForeignImage.h"
 #include "platform/Images.h"

@@ -4,7 +4,7 @@
 #include <QPixmap>
 #include <string>
 
-#include "document/Picture.h"
+#include "document/picture/Picture.h"
 
 namespace morvane {
 

@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <QtMath>
 
-#include "shell/Accessible.h"
+#include "shell/widgets/Accessible.h"
 #include "tools/Buttons.h"
 #include "tools/CanvasKeyboard.h"
 

@@ -3,8 +3,8 @@
 #include <QPainter>
 #include <array>
 
-#include "shell/Layout.h"
-#include "shell/SharpLines.h"
+#include "shell/widgets/Layout.h"
+#include "shell/widgets/SharpLines.h"
 
 namespace morvane {
 namespace {

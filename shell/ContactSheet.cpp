@@ -8,8 +8,8 @@
 #include "palette/TilePictures.h"
 #include "platform/Images.h"
 #include "shell/ArtSheets.h"
-#include "shell/Layout.h"
-#include "shell/Text.h"
+#include "shell/widgets/Layout.h"
+#include "shell/widgets/Text.h"
 
 namespace morvane {
 namespace {

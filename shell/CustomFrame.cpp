@@ -9,13 +9,13 @@
 #include <algorithm>
 #include <optional>
 
-#include "shell/Accessible.h"
-#include "shell/FileDrop.h"
 #include "shell/FileRows.h"
-#include "shell/FittedLabel.h"
-#include "shell/Layout.h"
-#include "shell/TabRing.h"
-#include "shell/Text.h"
+#include "shell/widgets/Accessible.h"
+#include "shell/widgets/FileDrop.h"
+#include "shell/widgets/FittedLabel.h"
+#include "shell/widgets/Layout.h"
+#include "shell/widgets/TabRing.h"
+#include "shell/widgets/Text.h"
 
 namespace morvane {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "palette/Palette.h"
-#include "shell/GroupFrame.h"
+#include "shell/widgets/GroupFrame.h"
 
 class QAbstractScrollArea;
 class QComboBox;

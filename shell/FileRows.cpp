@@ -8,7 +8,7 @@
 #include <algorithm>
 
 #include "document/Settings.h"
-#include "shell/Text.h"
+#include "shell/widgets/Text.h"
 
 namespace morvane {
 namespace {

@@ -3,14 +3,14 @@
 #include <QLabel>
 #include <QToolButton>
 
-#include "shell/Accessible.h"
 #include "shell/ArtSheets.h"
-#include "shell/FittedLabel.h"
-#include "shell/Layout.h"
 #include "shell/PictureBoxView.h"
-#include "shell/TabRing.h"
-#include "shell/Text.h"
-#include "shell/TileSetCombo.h"
+#include "shell/widgets/Accessible.h"
+#include "shell/widgets/FittedLabel.h"
+#include "shell/widgets/Layout.h"
+#include "shell/widgets/TabRing.h"
+#include "shell/widgets/Text.h"
+#include "shell/widgets/WholeEntryCombo.h"
 
 namespace morvane {
 namespace {
@@ -87,7 +87,7 @@ void LeftColumn::AddTileSetRow(QWidget* window) {
       FittedFont(ArialFont(kLabelText, true), "Tileset:", Px(750) - Px(120) - kGap);
   auto* label = AddLabel(window, "Label3", "Tileset:", PlaceOf(120, 2475, 735, 255), heading);
   label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  tileSet_ = new TileSetCombo(window);
+  tileSet_ = new WholeEntryCombo(window);
   label->setBuddy(tileSet_);
   tileSet_->setAccessibleName("Tileset");
   SpeakEntry(tileSet_);

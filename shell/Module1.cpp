@@ -19,13 +19,13 @@
 #include "platform/PictureDecoding.h"
 #include "platform/QtPlatform.h"
 #include "shell/ArtSheets.h"
-#include "shell/FocusStyle.h"
 #include "shell/Thumbnails.h"
 #include "shell/UnaskedEnd.h"
-#include "shell/WholeScale.h"
 #include "shell/frmMain.h"
 #include "shell/frmSplash.h"
 #include "shell/frmText.h"
+#include "shell/widgets/FocusStyle.h"
+#include "shell/widgets/WholeScale.h"
 
 namespace morvane {
 namespace {

@@ -3,12 +3,12 @@
 #include <algorithm>
 
 #include "palette/PalettePages.h"
-#include "shell/Accessible.h"
-#include "shell/Layout.h"
-#include "shell/TabRing.h"
-#include "shell/TabStrip.h"
-#include "shell/Text.h"
 #include "shell/TileBox.h"
+#include "shell/widgets/Accessible.h"
+#include "shell/widgets/Layout.h"
+#include "shell/widgets/TabRing.h"
+#include "shell/widgets/TabStrip.h"
+#include "shell/widgets/Text.h"
 
 namespace morvane {
 namespace {

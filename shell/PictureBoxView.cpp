@@ -4,8 +4,8 @@
 #include <QPainter>
 
 #include "platform/Images.h"
-#include "shell/Accessible.h"
-#include "shell/SharpLines.h"
+#include "shell/widgets/Accessible.h"
+#include "shell/widgets/SharpLines.h"
 
 namespace morvane {
 

@@ -2,7 +2,7 @@
 
 #include <QFrame>
 
-#include "document/PictureBox.h"
+#include "document/picture/PictureBox.h"
 
 namespace morvane {
 

@@ -2,9 +2,9 @@
 
 #include <QLabel>
 
-#include "shell/Accessible.h"
-#include "shell/Layout.h"
-#include "shell/Text.h"
+#include "shell/widgets/Accessible.h"
+#include "shell/widgets/Layout.h"
+#include "shell/widgets/Text.h"
 
 namespace morvane {
 

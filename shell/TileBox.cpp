@@ -2,10 +2,10 @@
 
 #include <QPainter>
 
-#include "shell/Accessible.h"
-#include "shell/Layout.h"
 #include "shell/PictureBoxView.h"
-#include "shell/Text.h"
+#include "shell/widgets/Accessible.h"
+#include "shell/widgets/Layout.h"
+#include "shell/widgets/Text.h"
 
 namespace morvane {
 namespace {

@@ -4,7 +4,7 @@
 #include <QSocketNotifier>
 #include <QtGlobal>
 
-#include "tools/MainForm.h"
+#include "editor/MainForm.h"
 
 class QSessionManager;
 

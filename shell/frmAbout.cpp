@@ -7,8 +7,8 @@
 
 #include "document/About.h"
 #include "shell/ArtSheets.h"
-#include "shell/Layout.h"
-#include "shell/SharpLines.h"
+#include "shell/widgets/Layout.h"
+#include "shell/widgets/SharpLines.h"
 
 namespace morvane {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Platform.h"
-#include "shell/FixedDialog.h"
+#include "document/Platform.h"
+#include "shell/widgets/FixedDialog.h"
 
 namespace morvane {
 

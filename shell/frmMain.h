@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "tools/MainForm.h"
+#include "editor/MainForm.h"
 
 namespace morvane {
 

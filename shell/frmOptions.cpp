@@ -6,12 +6,12 @@
 #include <QPainter>
 #include <QPushButton>
 
-#include "shell/Accessible.h"
-#include "shell/FittedLabel.h"
-#include "shell/GroupFrame.h"
-#include "shell/Layout.h"
-#include "shell/SharpLines.h"
-#include "shell/Text.h"
+#include "shell/widgets/Accessible.h"
+#include "shell/widgets/FittedLabel.h"
+#include "shell/widgets/GroupFrame.h"
+#include "shell/widgets/Layout.h"
+#include "shell/widgets/SharpLines.h"
+#include "shell/widgets/Text.h"
 
 namespace morvane {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "document/Options.h"
-#include "shell/FixedDialog.h"
+#include "shell/widgets/FixedDialog.h"
 
 class QCheckBox;
 class QLineEdit;

@@ -3,9 +3,9 @@
 #include <QKeyEvent>
 #include <QPushButton>
 
-#include "shell/FontDialog.h"
-#include "shell/Layout.h"
 #include "shell/RichTextBox.h"
+#include "shell/widgets/FontDialog.h"
+#include "shell/widgets/Layout.h"
 
 namespace morvane {
 namespace {

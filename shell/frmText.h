@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "shell/FixedDialog.h"
+#include "shell/widgets/FixedDialog.h"
 
 namespace morvane {
 

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "document/Blit.h"
 #include "document/Grid.h"
+#include "document/picture/Blit.h"
 #include "tools/Buttons.h"
 #include "tools/EdgeSearch.h"
 #include "tools/Placing.h"

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "document/Rect.h"
+#include "document/picture/Rect.h"
 #include "palette/Catalogue.h"
 
 namespace morvane {

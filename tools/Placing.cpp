@@ -1,7 +1,7 @@
 #include "tools/Placing.h"
 
-#include "document/Blit.h"
 #include "document/Snapshot.h"
+#include "document/picture/Blit.h"
 
 namespace morvane {
 

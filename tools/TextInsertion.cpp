@@ -3,7 +3,7 @@
 #include <cmath>
 #include <utility>
 
-#include "document/Blit.h"
+#include "document/picture/Blit.h"
 #include "tools/Placing.h"
 
 namespace morvane {

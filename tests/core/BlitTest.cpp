@@ -1,8 +1,8 @@
-#include "document/Blit.h"
+#include "document/picture/Blit.h"
 
 #include <gtest/gtest.h>
 
-#include "document/Transform.h"
+#include "document/picture/Transform.h"
 #include "tests/support/Sample.h"
 
 namespace morvane {

@@ -2,10 +2,10 @@
 
 #include <cstring>
 
-#include "document/Bmp.h"
-#include "document/LittleEndian.h"
-#include "document/PixelBytes.h"
-#include "document/Transform.h"
+#include "document/bmp/Bmp.h"
+#include "document/bmp/PixelBytes.h"
+#include "document/io/LittleEndian.h"
+#include "document/picture/Transform.h"
 #include "tests/support/BmpMaker.h"
 #include "tests/support/FileBytes.h"
 #include "tests/support/Sample.h"

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "document/Bmp.h"
-#include "document/LittleEndian.h"
+#include "document/bmp/Bmp.h"
+#include "document/io/LittleEndian.h"
 #include "tests/support/BmpMaker.h"
 #include "tests/support/FileBytes.h"
 #include "tests/support/Sample.h"

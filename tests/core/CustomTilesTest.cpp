@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "document/Bmp.h"
-#include "document/Transform.h"
+#include "document/bmp/Bmp.h"
+#include "document/picture/Transform.h"
 #include "palette/PalettePages.h"
 #include "palette/StampTurn.h"
 #include "tests/support/Sample.h"

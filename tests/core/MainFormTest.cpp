@@ -1,8 +1,8 @@
-#include "tools/MainForm.h"
+#include "editor/MainForm.h"
 
 #include <gtest/gtest.h>
 
-#include "document/Bmp.h"
+#include "document/bmp/Bmp.h"
 #include "palette/PalettePages.h"
 #include "tests/support/Sample.h"
 

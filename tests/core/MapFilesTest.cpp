@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "document/Bmp.h"
+#include "document/bmp/Bmp.h"
 #include "palette/CustomTiles.h"
 #include "tests/support/BmpMaker.h"
 #include "tests/support/Sample.h"

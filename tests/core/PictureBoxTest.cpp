@@ -1,4 +1,4 @@
-#include "document/PictureBox.h"
+#include "document/picture/PictureBox.h"
 
 #include <gtest/gtest.h>
 

@@ -15,7 +15,7 @@
 #include <optional>
 #include <random>
 
-#include "document/ByteSources.h"
+#include "document/io/ByteSources.h"
 #include "platform/Files.h"
 #include "platform/QtPlatform.h"
 #include "shell/RichTextBox.h"

@@ -8,7 +8,7 @@
 #include <cstring>
 
 #include "palette/PalettePages.h"
-#include "shell/Text.h"
+#include "shell/widgets/Text.h"
 #include "tests/faults/HeardSession.h"
 #include "tests/support/Difference.h"
 #include "tools/TextInsertion.h"

@@ -6,7 +6,7 @@
 
 #include "palette/TilePictures.h"
 #include "shell/ArtSheets.h"
-#include "shell/Text.h"
+#include "shell/widgets/Text.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {

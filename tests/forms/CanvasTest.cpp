@@ -6,7 +6,7 @@
 #include <QPaintEvent>
 #include <QToolBar>
 
-#include "document/Blit.h"
+#include "document/picture/Blit.h"
 #include "palette/PalettePages.h"
 #include "shell/CanvasView.h"
 #include "tests/support/FormFixture.h"

@@ -5,7 +5,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
-#include "document/Blit.h"
+#include "document/picture/Blit.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {

@@ -15,13 +15,13 @@
 #include <QUrl>
 #include <set>
 
-#include "document/Blit.h"
+#include "document/picture/Blit.h"
 #include "platform/TextDrawing.h"
-#include "shell/FontDialog.h"
 #include "shell/RichTextBox.h"
 #include "shell/frmAbout.h"
 #include "shell/frmOptions.h"
 #include "shell/frmText.h"
+#include "shell/widgets/FontDialog.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {

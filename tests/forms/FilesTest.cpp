@@ -9,8 +9,8 @@
 #include <cerrno>
 #include <cstring>
 
-#include "document/Blit.h"
 #include "document/PictureFile.h"
+#include "document/picture/Blit.h"
 #include "platform/PictureDecoding.h"
 #include "platform/Thumbnail.h"
 #include "tests/support/FileBytes.h"

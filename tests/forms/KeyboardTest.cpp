@@ -1,7 +1,7 @@
 #include <set>
 
 #include "palette/PalettePages.h"
-#include "shell/Text.h"
+#include "shell/widgets/Text.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {

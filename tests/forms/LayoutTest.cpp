@@ -3,8 +3,8 @@
 #include <QMenuBar>
 #include <QTabBar>
 
-#include "shell/SharpLines.h"
 #include "shell/frmSplash.h"
+#include "shell/widgets/SharpLines.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {

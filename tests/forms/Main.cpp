@@ -2,8 +2,8 @@
 
 #include <QApplication>
 
-#include "shell/FocusStyle.h"
-#include "shell/WholeScale.h"
+#include "shell/widgets/FocusStyle.h"
+#include "shell/widgets/WholeScale.h"
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);

@@ -5,11 +5,11 @@
 #include <QTabBar>
 #include <QToolTip>
 
-#include "document/Blit.h"
+#include "document/picture/Blit.h"
 #include "palette/TilePictures.h"
 #include "platform/PictureDecoding.h"
-#include "shell/Text.h"
 #include "shell/Thumbnails.h"
+#include "shell/widgets/Text.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {

@@ -4,7 +4,7 @@
 #include <QPrinter>
 #include <QProcess>
 
-#include "document/Blit.h"
+#include "document/picture/Blit.h"
 #include "platform/MapPrinter.h"
 #include "tests/support/FormFixture.h"
 

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "document/Color.h"
-#include "platform/Platform.h"
+#include "document/Platform.h"
+#include "document/picture/Color.h"
 
 namespace morvane {
 

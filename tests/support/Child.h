@@ -19,7 +19,7 @@
 
 #include "document/PictureFile.h"
 #include "platform/Files.h"
-#include "shell/FocusStyle.h"
+#include "shell/widgets/FocusStyle.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {

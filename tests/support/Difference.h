@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <string>
 
-#include "document/Picture.h"
+#include "document/picture/Picture.h"
 
 namespace morvane {
 

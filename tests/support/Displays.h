@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/WholeScale.h"
+#include "shell/widgets/WholeScale.h"
 #include "tests/support/Child.h"
 
 namespace morvane {

@@ -6,10 +6,10 @@
 
 #include "platform/MapPrinter.h"
 #include "platform/QtDialogs.h"
-#include "shell/FontDialog.h"
 #include "shell/frmAbout.h"
 #include "shell/frmOptions.h"
 #include "shell/frmText.h"
+#include "shell/widgets/FontDialog.h"
 #include "tests/support/Displays.h"
 
 namespace morvane {

@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
-#include "document/Blit.h"
-#include "platform/Platform.h"
+#include "document/Platform.h"
+#include "document/picture/Blit.h"
 #include "tests/support/FileBytes.h"
 
 namespace morvane {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "document/Bmp.h"
-#include "document/ByteSources.h"
-#include "platform/Platform.h"
+#include "document/Platform.h"
+#include "document/bmp/Bmp.h"
+#include "document/io/ByteSources.h"
 
 namespace morvane {
 

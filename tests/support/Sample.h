@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include "document/Blit.h"
-#include "document/Picture.h"
+#include "document/picture/Blit.h"
+#include "document/picture/Picture.h"
+#include "editor/MainForm.h"
 #include "tests/support/Difference.h"
 #include "tests/support/FakePlatform.h"
-#include "tools/MainForm.h"
 
 namespace morvane {
 

@@ -1,0 +1,139 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <ctime>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "document/io/ByteSources.h"
+#include "document/io/Result.h"
+
+namespace morvane {
+
+class Picture;
+struct PictureView;
+
+/// Whether a file could be put under a name that must be new.
+enum class Placing { Done, NameTaken, Failed };
+
+/// A snapshot that an earlier run left behind. It is locked while this object lives, so that no
+/// other run takes it.
+class Leftover : public ByteSource {
+ public:
+  virtual std::time_t WrittenAt() const = 0;
+  /// Renames the file, and never replaces another one. Fails between two volumes.
+  virtual Placing MoveTo(const std::string& path) = 0;
+  /// Deletes the file if it hasn't been renamed. Where that can't be, empties it.
+  virtual void Delete() = 0;
+};
+
+/// Buttons and icon of a message box.
+enum class BoxStyle {
+  OkOnly = 0,
+  YesNoCancelQuestion = 35,
+  YesNoQuestion = 36,
+  OkExclamation = 48,
+  YesNoExclamation = 52,
+};
+
+enum class Answer { Ok, Cancel, Yes, No };
+
+/// How a file dialog is set up before it is shown.
+struct FileDialog {
+  std::string DialogTitle;
+  std::string Filter;    ///< "Description (*.ext)|*.ext"
+  std::string FileName;  ///< preset, may be empty
+  std::string InitDir;   ///< folder to start in; empty leaves the choice to the platform
+};
+
+/// The name that stands in the title of every notice.
+inline constexpr const char* kProgramName = "Morvane";
+
+/// The seam: all that the rules need of a desktop. Paths and texts are UTF-8.
+class Platform {
+ public:
+  Platform() = default;
+  Platform(const Platform&) = delete;
+  Platform& operator=(const Platform&) = delete;
+  virtual ~Platform() = default;
+
+  /// Brings the window up to date in the middle of an event.
+  virtual void ShowState() = 0;
+  /// Asks or tells the user something; returns when a button was pressed.
+  virtual Answer MsgBox(const std::string& text, BoxStyle style, const std::string& title) = 0;
+  /// Lets the user choose a file to open; empty after a cancel.
+  virtual std::string ShowOpen(const FileDialog& dialog) = 0;
+  /// Lets the user name a file to save, without asking about one that exists; empty after a cancel.
+  virtual std::string ShowSave(const FileDialog& dialog) = 0;
+
+  virtual std::string CurrentDirectory() = 0;
+  /// Whether a normal file of that name exists.
+  virtual bool FileExists(const std::string& path) = 0;
+  /// Whether there is a folder whose names can be listed and whose files can be opened.
+  virtual bool IsFolderReadable(const std::string& path) = 0;
+  /// Opens a normal file for reading; anything else is refused with its reason.
+  virtual Result<std::unique_ptr<ByteSource>> OpenFile(const std::string& path) = 0;
+  /// Puts the bytes in the place of a file, all or nothing: after a failure the old file is intact.
+  virtual Failure WriteFile(const std::string& path, ByteSource& content) = 0;
+  /// Writes a new file as a whole; never replaces one that exists.
+  virtual Placing WriteNewFile(const std::string& path, ByteSource& content) = 0;
+  /// The names of the folders in a folder, in natural order. One that can't be read has none.
+  virtual std::vector<std::string> ListFolders(const std::string& folder) = 0;
+  /// The roots of the mounted volumes, that of the system first.
+  virtual std::vector<std::string> ListDrives() = 0;
+  /// The names of the files in a folder that match one of the patterns "*.a;*.b", case ignored,
+  /// in natural order. A folder that can't be read has none.
+  virtual std::vector<std::string> ListFiles(const std::string& folder,
+                                             const std::string& pattern) = 0;
+  /// The folders for rescue copies, best first.
+  virtual std::vector<std::string> RescueFolders() = 0;
+  /// Remembers a rescue copy that the next run has to report.
+  virtual void NoteRescueCopy(const std::string& path) = 0;
+  /// The rescue copies that are noted.
+  virtual std::vector<std::string> RescueNotes() = 0;
+  /// Deletes the notes of these copies.
+  virtual void ForgetRescueNotes(const std::vector<std::string>& paths) = 0;
+
+  /// One value of a private-profile file, at most size - 1 bytes of it.
+  virtual std::string GetPrivateProfileString(const std::string& section, const std::string& key,
+                                              const std::string& dv, std::size_t size,
+                                              const std::string& path) = 0;
+
+  /// Sets one value of a private-profile file and leaves its other lines alone.
+  virtual Failure WritePrivateProfileString(const std::string& section, const std::string& key,
+                                            const std::string& value, const std::string& path) = 0;
+
+  /// Replaces the one snapshot of this process. After a failure there is none.
+  virtual Failure WriteSnapshot(ByteSource& content) = 0;
+  /// The snapshot, to be read before the next one is written.
+  virtual Result<std::unique_ptr<ByteSource>> OpenSnapshot() = 0;
+  /// Whether nobody has touched the snapshot since it was written.
+  virtual bool IsSnapshotUntouched() = 0;
+  virtual void DeleteSnapshot() = 0;
+  /// The snapshots that earlier runs of this user left behind, valid or not. To be called before
+  /// the first snapshot is written, which replaces the one in the current directory.
+  virtual std::vector<std::unique_ptr<Leftover>> FindLeftovers() = 0;
+
+  /// Decodes a picture of any format but BMP, laid over white. One that takes more than two seconds
+  /// is given up.
+  virtual Result<Picture> DecodePicture(Bytes content) = 0;
+
+  /// Lets the user edit rich text. Returns whether it was accepted; text then holds the new one.
+  virtual bool EditText(std::string& text) = 0;
+  /// Draws rich text from the top left of a picture, wrapped at its width, in full colours only.
+  virtual void DrawText(const std::string& text, Picture& picture) = 0;
+
+  /// Prints one page with the picture at its top left, 96 pixels to the inch.
+  virtual Failure Print(const PictureView& picture) = 0;
+  /// Lets the user choose the printer of the next prints.
+  virtual void ShowPrinterSetup(const std::string& title) = 0;
+
+  /// Lets the user choose a folder; empty after a cancel.
+  virtual std::string BrowseForFolder(const std::string& title) = 0;
+  /// Lets the user choose a colour 0xBBGGRR; it stays as it is after a cancel.
+  virtual void ShowColor(std::uint32_t& color) = 0;
+};
+
+}  // namespace morvane

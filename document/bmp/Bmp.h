@@ -1,0 +1,58 @@
+#pragma once
+
+#include <array>
+
+#include "document/bmp/BmpHeader.h"
+#include "document/io/ByteSources.h"
+#include "document/picture/Picture.h"
+
+namespace morvane {
+
+/// Whether the bytes claim to be a BMP file.
+bool IsBmp(ByteSource& file);
+
+/// Decodes a BMP file of any form that isn't itself a JPEG, a PNG or a fax inside. What is
+/// transparent is laid over white. A file that ends too early or whose headers contradict
+/// themselves is refused with its reason.
+class BmpDecoder {
+ public:
+  explicit BmpDecoder(ByteSource& file) : file_(file), window_(file) {}
+
+  /// Reads the headers. Comes first.
+  Failure Open();
+  /// The picture's size in pixels.
+  Size PictureSize() const { return {header_.width, header_.height}; }
+  /// Decodes into a picture of that size. After a failure its pixels are undefined.
+  Failure Decode(const Surface& picture);
+  /// Whether what was decoded runs out of the picture or of its palette.
+  bool MetDamage() const { return metDamage_; }
+
+ private:
+  ByteSource& file_;
+  ByteWindow window_;
+  BmpHeader header_;
+  bool metDamage_ = false;
+};
+
+/// Decodes a whole BMP file.
+Result<LoadedPicture> ReadBmp(ByteSource& file);
+
+/// A picture as an uncompressed BMP file of 24 bits a pixel at 96 dpi. The bytes are made when they
+/// are asked for.
+class BmpEncoder : public ByteSource {
+ public:
+  /// The picture must stay as it is while the encoder is in use.
+  explicit BmpEncoder(const PictureView& picture);
+
+  std::size_t Size() const override;
+  Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override;
+
+ private:
+  static constexpr std::size_t kHeaderBytes = 54;
+
+  PictureView picture_;
+  std::size_t rowBytes_;
+  std::array<std::uint8_t, kHeaderBytes> headers_{};
+};
+
+}  // namespace morvane

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstdint>
+
+#include "document/picture/Color.h"
+
+namespace morvane {
+
+/// Packs pixels into three bytes each: blue, green, red.
+void PackPixels(std::uint8_t* to, const Pixel* from, int count);
+
+/// Reads pixels of three bytes each: blue, green, red.
+void UnpackPixels(Pixel* to, const std::uint8_t* from, int count);
+
+/// The same for every processor, and for the ends of rows.
+void PackPixelsPlainly(std::uint8_t* to, const Pixel* from, int count);
+void UnpackPixelsPlainly(Pixel* to, const std::uint8_t* from, int count);
+
+}  // namespace morvane

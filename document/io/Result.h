@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <variant>
+
+namespace morvane {
+
+/// Why something failed, in plain words for the user; empty when it succeeded.
+using Failure = std::string;
+
+/// A value, or the reason why there is none.
+template <typename T>
+class [[nodiscard]] Result {
+ public:
+  Result(T value) : state_(std::in_place_index<0>, std::move(value)) {}
+  static Result Failed(Failure reason) { return Result(std::move(reason), FailedTag{}); }
+
+  bool Ok() const { return state_.index() == 0; }
+  T& Value() { return std::get<0>(state_); }
+  const Failure& Reason() const { return std::get<1>(state_); }
+
+ private:
+  struct FailedTag {};
+  Result(Failure reason, FailedTag) : state_(std::in_place_index<1>, std::move(reason)) {}
+  std::variant<T, Failure> state_;
+};
+
+}  // namespace morvane

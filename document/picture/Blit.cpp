@@ -1,0 +1,46 @@
+#include "document/picture/Blit.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "document/picture/ClipCopy.h"
+
+namespace morvane {
+void BitBlt(const Surface& target, int x, int y, int width, int height, const PictureView& source,
+            int sourceX, int sourceY) {
+  const Rect rect = ClipCopy(target, {x, y, x + width, y + height}, source, sourceX, sourceY);
+  if (rect.IsEmpty()) return;
+  const std::size_t bytes = static_cast<std::size_t>(rect.Width()) * sizeof(Pixel);
+  for (int row = rect.top; row < rect.bottom; ++row) {
+    std::memcpy(target.Row(row) + rect.left,
+                source.Row(row - y + sourceY) + rect.left - x + sourceX, bytes);
+  }
+  target.NoteDamage(rect);
+}
+
+Color GetPixel(const PictureView& picture, int x, int y) {
+  return ColorOf(picture.Row(y)[x]);
+}
+
+void SetPixelV(const Surface& target, int x, int y, Color color) {
+  FillBox(target, {x, y, x + 1, y + 1}, color);
+}
+
+void FillBox(const Surface& target, const Rect& box, Color color) {
+  const Rect rect = box.Intersected(target.Bounds());
+  if (rect.IsEmpty()) return;
+  for (int row = rect.top; row < rect.bottom; ++row) {
+    std::fill_n(target.Row(row) + rect.left, rect.Width(), PixelOf(color));
+  }
+  target.NoteDamage(rect);
+}
+
+void DrawColumn(const Surface& target, int x, Color color) {
+  FillBox(target, {x, 0, x + 1, target.height}, color);
+}
+
+void DrawRow(const Surface& target, int y, Color color) {
+  FillBox(target, {0, y, target.width, y + 1}, color);
+}
+
+}  // namespace morvane

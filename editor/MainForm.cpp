@@ -1,0 +1,85 @@
+#include "editor/MainForm.h"
+
+#include "document/MapFiles.h"
+#include "document/PictureFile.h"
+#include "document/Rescue.h"
+#include "document/Snapshot.h"
+#include "document/bmp/Bmp.h"
+#include "palette/PalettePages.h"
+#include "palette/TileSelection.h"
+
+namespace morvane {
+
+void MainForm::Form_Initialize() {
+  Form_Load();
+  palette.File1.SetPath(document.platform, document.settings.GetINIFileString("Custom", "Dir", ""));
+}
+
+void MainForm::Form_Load() {
+  Platform& platform = document.platform;
+  palette.Dir1.SetPath(platform, platform.CurrentDirectory());
+  palette.File1.SetPath(platform, platform.CurrentDirectory());
+
+  TileSetSelector_Click(palette, kAbandonedCathedral);
+  ShowStamp(palette, *FindItem("pbfloor"));
+  document.pbclear.SetWidth(document.Canvas.Width());
+  document.pbclear.SetHeight(document.Canvas.Height());
+  RescueLeftovers(document);
+  TakeSnapshot(document);
+  document.settings.StartDir = platform.CurrentDirectory();
+}
+
+void MainForm::Form_Resize(int ScaleWidth, int ScaleHeight) {
+  scale_ = {ScaleWidth, ScaleHeight};
+  PictureBox& Canvas = document.Canvas;
+  Canvas.SetWidth(ScaleWidth - (kTabStripRight + 4) - 2);
+  Canvas.SetHeight(ScaleHeight - kToolBarHeight - (StatusBarVisible ? 22 : 4));
+  document.pbclear.SetWidth(Canvas.Width());
+  document.pbclear.SetHeight(Canvas.Height());
+}
+
+void MainForm::mnuViewStatusBar_Click() {
+  StatusBarVisible = !StatusBarVisible;
+  Form_Resize(scale_.width, scale_.height);
+}
+
+bool MainForm::Form_Unload() {
+  isAsking_ = true;
+  const bool isCancelled = AskToSave(document);
+  isAsking_ = false;
+  return isCancelled;
+}
+
+void MainForm::EndRun() {
+  hasEnded_ = true;
+  document.platform.DeleteSnapshot();
+}
+
+void MainForm::EndUnasked() {
+  if (hasEnded_) return;
+  hasEnded_ = true;
+  WithinMemory([this] {
+    // If a rescue copy takes too long or fails, the next run finds the whole map here.
+    BmpEncoder map(document.Canvas.Image());
+    document.platform.WriteSnapshot(map);
+    if (RescueUnsavedMap(document)) document.platform.DeleteSnapshot();
+    return Failure();
+  });
+}
+
+bool MainForm::SessionEnds(bool mayAsk) {
+  // The question may be open already.
+  if (!mayAsk || isAsking_) {
+    WithinMemory([this] {
+      RescueForSession(document);
+      return Failure();
+    });
+    return false;
+  }
+  if (Form_Unload()) return true;
+  document.SessionCopy.clear();
+  SettleMap(document);
+  return false;
+}
+
+}  // namespace morvane

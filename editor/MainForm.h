@@ -1,0 +1,50 @@
+#pragma once
+
+#include "editor/WindowLayout.h"
+#include "palette/Palette.h"
+
+namespace morvane {
+
+/// The working state of one run, and the events of the main window's life.
+struct MainForm {
+  MainForm(Platform& platform, const TilePictures::SheetLoader& loadSheet)
+      : document(platform), palette(document, loadSheet) {}
+
+  Document document;
+  Palette palette;
+  bool StatusBarVisible = true;  ///< and the check mark of mnuViewStatusBar
+
+  /// Loads the form, then shows the stored folder of custom tiles.
+  void Form_Initialize();
+
+  /// The inside of the window has a new size, in pixels.
+  void Form_Resize(int ScaleWidth, int ScaleHeight);
+
+  /// View > Status Bar.
+  void mnuViewStatusBar_Click();
+
+  /// The window is about to close. Returns whether that is cancelled.
+  bool Form_Unload();
+
+  /// All windows are closed: takes away what the run kept on disk.
+  void EndRun();
+
+  bool HasEnded() const { return hasEnded_; }
+
+  /// The process ends at once, with nobody to ask: keeps a map that would be lost. Does nothing
+  /// after the run has ended.
+  void EndUnasked();
+
+  /// The desktop session is about to end, and may yet go on. Asks the exit question where that is
+  /// allowed, else keeps a map that would be lost. Returns whether the user cancels the end.
+  bool SessionEnds(bool mayAsk);
+
+ private:
+  void Form_Load();
+
+  bool isAsking_ = false;  ///< the exit question is open
+  bool hasEnded_ = false;
+  Size scale_ = kClientSize;
+};
+
+}  // namespace morvane

@@ -1,0 +1,104 @@
+#include "shell/widgets/FontDialog.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <array>
+
+#include "shell/widgets/Accessible.h"
+
+namespace morvane {
+namespace {
+
+struct NamedColor {
+  const char* name;
+  QRgb color;
+};
+
+constexpr std::array<NamedColor, 16> kColors = {{
+    {"Black", 0x000000},
+    {"Maroon", 0x800000},
+    {"Green", 0x008000},
+    {"Olive", 0x808000},
+    {"Navy", 0x000080},
+    {"Purple", 0x800080},
+    {"Teal", 0x008080},
+    {"Gray", 0x808080},
+    {"Silver", 0xC0C0C0},
+    {"Red", 0xFF0000},
+    {"Lime", 0x00FF00},
+    {"Yellow", 0xFFFF00},
+    {"Blue", 0x0000FF},
+    {"Fuchsia", 0xFF00FF},
+    {"Aqua", 0x00FFFF},
+    {"White", 0xFFFFFF},
+}};
+
+constexpr int kFirstSize = 10;  // points
+
+QIcon Swatch(const QColor& color) {
+  QPixmap swatch(24, 12);
+  swatch.fill(color);
+  return swatch;
+}
+
+/// The toolkit names neither its lists nor the fields above them, which hand the keys on to them.
+void NameFields(const QWidget& dialog) {
+  for (const QLabel* label : dialog.findChildren<QLabel*>()) {
+    QWidget* list = label->buddy();
+    if (list == nullptr) continue;
+    const QString name = label->text().remove('&');
+    list->setAccessibleName(name);
+    for (auto* field : dialog.findChildren<QLineEdit*>()) {
+      if (field->focusProxy() == list) field->setAccessibleName(name);
+    }
+  }
+  for (auto* list : dialog.findChildren<QListView*>(Qt::FindDirectChildrenOnly)) {
+    if (list->accessibleName().isEmpty()) list->setAccessibleName("Size");
+  }
+}
+
+}  // namespace
+
+FontDialog::FontDialog(QWidget* owner) : QFontDialog(owner), colors_(new QComboBox(this)) {
+  setOption(QFontDialog::DontUseNativeDialog);
+  setWindowTitle("Font");
+  // The face that "Arial" is on this machine; its name may not be in the list.
+  setCurrentFont(QFont(QFontInfo(QFont("Arial")).family(), kFirstSize));
+  for (auto* before : findChildren<QComboBox*>()) {
+    if (before != colors_) setTabOrder(before, colors_);
+  }
+  colors_->setObjectName("Color");
+  SpeakEntry(colors_);
+  colors_->setIconSize({24, 12});
+  for (const NamedColor& row : kColors) {
+    colors_->addItem(Swatch(QColor::fromRgb(row.color)), row.name, QColor::fromRgb(row.color));
+  }
+  auto* label = new QLabel("&Color", this);
+  label->setBuddy(colors_);
+  NameFields(*this);
+  if (auto* grid = qobject_cast<QGridLayout*>(layout())) {
+    const int row = grid->rowCount();
+    constexpr int kGap = 8;
+    auto* line = new QHBoxLayout;
+    line->setContentsMargins(0, kGap, 0, kGap);
+    line->setSpacing(kGap);
+    line->addWidget(label);
+    line->addWidget(colors_, 1);
+    grid->addLayout(line, row, 0);
+    // The buttons stay below everything else.
+    if (auto* buttons = findChild<QDialogButtonBox*>()) {
+      grid->removeWidget(buttons);
+      grid->addWidget(buttons, row + 1, 0, 1, grid->columnCount());
+    }
+  }
+}
+
+QColor FontDialog::Color() const {
+  return colors_->currentData().value<QColor>();
+}
+
+}  // namespace morvane
