@@ -113,8 +113,9 @@ void AddListing(RatioTable& table, const std::shared_ptr<Lists>& lists) {
         lists->lister.List(lists->folders.empty);
         lists->lister.List(lists->folders.full);
       })
+      .Alone(Within(60e6))
       .Against(
-          "readdir and QListWidget::addItems", AtMost(2.0),
+          "readdir and QListWidget::addItems", AtMost(5.0),
           [lists] {
             lists->plain.List(lists->folders.empty, {});
             lists->plain.List(lists->folders.full, lists->folders.names);
