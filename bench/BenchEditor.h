@@ -14,7 +14,7 @@ class YesPlatform : public QtPlatform {
 };
 
 /// A platform that counts the snapshots it is given and keeps none.
-class ForgetfulPlatform : public FakePlatform {
+class CountingPlatform : public FakePlatform {
  public:
   Failure WriteSnapshot(ByteSource&) override {
     ++snapshots;

@@ -14,7 +14,7 @@
 namespace morvane::bench {
 namespace {
 
-using Editor = BenchEditor<ForgetfulPlatform>;
+using Editor = BenchEditor<CountingPlatform>;
 
 constexpr int kMoves = 400;
 

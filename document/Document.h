@@ -42,7 +42,7 @@ struct Document {
   bool mnuEditUndoEnabled = false;
   bool UndoButtonEnabled = true;  ///< button 7 of tbToolBar
 
-  bool SnapshotFailureTold = false;
+  bool SnapshotFailureReported = false;
 
   std::vector<std::string> RescueCopies;  ///< paths to be reported to the user
   /// Maps of earlier runs that no folder took. While they are held, nothing replaces their files.

@@ -106,7 +106,7 @@ void SetTitle(Document& document) {
 void OpenMap(Document& document, const std::string& path) {
   Result<LoadedPicture> loaded = LoadPicture(document.platform, path);
   if (!loaded.Ok()) {
-    TellFileFailure(document.platform, "The map could not be opened.", path, loaded.Reason());
+    ReportFileFailure(document.platform, "The map could not be opened.", path, loaded.Reason());
     return;
   }
   document.CurrentFile = path;

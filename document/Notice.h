@@ -7,10 +7,10 @@
 namespace morvane {
 
 /// Tells the user what failed, and the system's reason.
-void TellFailure(Platform& platform, const std::string& what, const Failure& reason);
+void ReportFailure(Platform& platform, const std::string& what, const Failure& reason);
 
 /// The same for what failed with a file.
-void TellFileFailure(Platform& platform, const std::string& what, const std::string& file,
-                     const Failure& reason);
+void ReportFileFailure(Platform& platform, const std::string& what, const std::string& file,
+                       const Failure& reason);
 
 }  // namespace morvane

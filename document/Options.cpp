@@ -50,7 +50,8 @@ bool Options::cmdOK_Click() {
   write("Color", "Grid", std::to_string(GridColorBox));
   write("Map", "Grid", GridCheck == 1 ? "1" : "0");
   if (failure.empty()) return true;
-  TellFileFailure(document_.platform, "The options could not be stored.", settings.Path(), failure);
+  ReportFileFailure(document_.platform, "The options could not be stored.", settings.Path(),
+                    failure);
   return false;
 }
 

@@ -27,7 +27,7 @@ Result<LoadedPicture> DecodeForeign(Platform& platform, ByteSource& content) {
 
 }  // namespace
 
-Failure WithinMemory(const std::function<Failure()>& load) {
+Failure CatchOutOfMemory(const std::function<Failure()>& load) {
   try {
     return load();
   } catch (const std::bad_alloc&) {
@@ -37,7 +37,7 @@ Failure WithinMemory(const std::function<Failure()>& load) {
 
 Result<LoadedPicture> LoadPicture(Platform& platform, const std::string& path) {
   Result<LoadedPicture> picture = Result<LoadedPicture>::Failed({});
-  Failure failure = WithinMemory([&]() -> Failure {
+  Failure failure = CatchOutOfMemory([&]() -> Failure {
     Result<std::unique_ptr<ByteSource>> file = platform.OpenFile(path);
     if (!file.Ok()) return file.Reason();
     ByteSource& content = *file.Value();

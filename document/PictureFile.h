@@ -13,7 +13,7 @@ namespace morvane {
 inline constexpr std::size_t kMostForeignBytes = 256'000'000;
 
 /// Runs what loads a picture; a lack of memory becomes a reason like any other.
-Failure WithinMemory(const std::function<Failure()>& load);
+Failure CatchOutOfMemory(const std::function<Failure()>& load);
 
 /// Loads a picture from an image file of any known format.
 Result<LoadedPicture> LoadPicture(Platform& platform, const std::string& path);

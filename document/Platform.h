@@ -16,7 +16,7 @@ class Picture;
 struct PictureView;
 
 /// Whether a file could be put under a name that must be new.
-enum class Placing { Done, NameTaken, Failed };
+enum class NewFileOutcome { Done, NameTaken, Failed };
 
 /// A snapshot that an earlier run left behind. It is locked while this object lives, so that no
 /// other run takes it.
@@ -24,7 +24,7 @@ class Leftover : public ByteSource {
  public:
   virtual std::time_t WrittenAt() const = 0;
   /// Renames the file, and never replaces another one. Fails between two volumes.
-  virtual Placing MoveTo(const std::string& path) = 0;
+  virtual NewFileOutcome MoveTo(const std::string& path) = 0;
   /// Deletes the file if it hasn't been renamed. Where that can't be, empties it.
   virtual void Delete() = 0;
 };
@@ -78,7 +78,7 @@ class Platform {
   /// Puts the bytes in the place of a file, all or nothing: after a failure the old file is intact.
   virtual Failure WriteFile(const std::string& path, ByteSource& content) = 0;
   /// Writes a new file as a whole; never replaces one that exists.
-  virtual Placing WriteNewFile(const std::string& path, ByteSource& content) = 0;
+  virtual NewFileOutcome WriteNewFile(const std::string& path, ByteSource& content) = 0;
   /// The names of the folders in a folder, in natural order. One that can't be read has none.
   virtual std::vector<std::string> ListFolders(const std::string& folder) = 0;
   /// The roots of the mounted volumes, that of the system first.
@@ -94,7 +94,7 @@ class Platform {
   /// The rescue copies that are noted.
   virtual std::vector<std::string> RescueNotes() = 0;
   /// Deletes the notes of these copies.
-  virtual void ForgetRescueNotes(const std::vector<std::string>& paths) = 0;
+  virtual void DeleteRescueNotes(const std::vector<std::string>& paths) = 0;
 
   /// One value of a private-profile file, at most size - 1 bytes of it.
   virtual std::string GetPrivateProfileString(const std::string& section, const std::string& key,

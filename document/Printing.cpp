@@ -7,7 +7,7 @@ namespace morvane {
 void mnuFilePrint_Click(Document& document) {
   const Failure failure = document.platform.Print(document.Canvas.Image());
   if (!failure.empty()) {
-    TellFailure(document.platform, "The map could not be printed.", failure);
+    ReportFailure(document.platform, "The map could not be printed.", failure);
   }
 }
 

@@ -25,15 +25,15 @@ std::string RescueName(std::time_t painted) {
 
 /// Puts a file into the first rescue folder that takes it, under a name that is new there.
 std::string PlaceRescueFile(Platform& platform, std::time_t painted,
-                            const std::function<Placing(const std::string& path)>& place) {
+                            const std::function<NewFileOutcome(const std::string& path)>& place) {
   constexpr int kMostNames = 100;
   for (const std::string& folder : platform.RescueFolders()) {
     const std::string stem = WithTrailingBackslash(folder) + RescueName(painted);
     for (int i = 1; i <= kMostNames; ++i) {
       std::string path = stem + (i == 1 ? "" : " (" + std::to_string(i) + ")") + ".bmp";
-      const Placing placing = place(path);
-      if (placing == Placing::Done) return path;
-      if (placing == Placing::Failed) break;
+      const NewFileOutcome placing = place(path);
+      if (placing == NewFileOutcome::Done) return path;
+      if (placing == NewFileOutcome::Failed) break;
     }
   }
   return {};
@@ -60,7 +60,7 @@ bool IsUnsaved(Document& document) {
 /// Whether a file holds a complete map on which something was painted, or could hold one.
 bool IsWorthKeeping(ByteSource& file) {
   bool isPainted = false;
-  const Failure outOfMemory = WithinMemory([&] {
+  const Failure outOfMemory = CatchOutOfMemory([&] {
     if (!IsBmp(file)) return Failure();
     Result<LoadedPicture> map = ReadBmp(file);
     isPainted = map.Ok() && !IsBlankMap(map.Value().picture.View());
@@ -80,7 +80,7 @@ std::string WriteRescueCopy(Document& document) {
 }
 
 void SettleMap(Document& document) {
-  WithinMemory([&document] {
+  CatchOutOfMemory([&document] {
     document.SettledMap = Picture(document.Canvas.Image());
     return Failure();
   });
@@ -109,8 +109,8 @@ void RescueLeftovers(Document& document) {
     if (IsWorthKeeping(*leftover)) {
       const std::string path =
           PlaceRescueFile(platform, leftover->WrittenAt(), [&](const std::string& name) {
-            const Placing moved = leftover->MoveTo(name);
-            return moved == Placing::Failed ? platform.WriteNewFile(name, *leftover) : moved;
+            const NewFileOutcome moved = leftover->MoveTo(name);
+            return moved == NewFileOutcome::Failed ? platform.WriteNewFile(name, *leftover) : moved;
           });
       if (path.empty()) {
         document.UnplacedLeftovers.push_back(std::move(leftover));
@@ -144,7 +144,7 @@ void ReportRescueCopies(Document& document) {
                         "\n\nThe last stroke may be missing.",
                     BoxStyle::OkExclamation, kProgramName);
   }
-  if (!noted.empty()) platform.ForgetRescueNotes(noted);
+  if (!noted.empty()) platform.DeleteRescueNotes(noted);
 }
 
 }  // namespace morvane

@@ -8,11 +8,11 @@ namespace morvane {
 void TakeSnapshot(Document& document) {
   BmpEncoder map(document.Canvas.Image());
   const Failure failure = document.platform.WriteSnapshot(map);
-  if (failure.empty() || document.SnapshotFailureTold) return;
-  document.SnapshotFailureTold = true;
-  TellFailure(document.platform,
-              "The map could not be kept for Undo. Drawing goes on, but can't be taken back.",
-              failure);
+  if (failure.empty() || document.SnapshotFailureReported) return;
+  document.SnapshotFailureReported = true;
+  ReportFailure(document.platform,
+                "The map could not be kept for Undo. Drawing goes on, but can't be taken back.",
+                failure);
 }
 
 }  // namespace morvane

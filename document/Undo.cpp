@@ -42,14 +42,14 @@ void mnuEditUndo_Click(Document& document) {
   document.Canvas.MousePointer = Pointer::Hourglass;
   document.platform.ShowState();
 
-  const Failure failure = WithinMemory([&document] { return RestoreSnapshot(document); });
+  const Failure failure = CatchOutOfMemory([&document] { return RestoreSnapshot(document); });
   document.UndoButtonEnabled = false;
   document.mnuEditUndoEnabled = false;
 
   document.MousePointer = windowPointer;
   document.Canvas.MousePointer = canvasPointer;
   if (!failure.empty()) {
-    TellFailure(document.platform, "The last change can't be taken back.", failure);
+    ReportFailure(document.platform, "The last change can't be taken back.", failure);
   }
 }
 

@@ -55,10 +55,10 @@ void MainForm::EndRun() {
   document.platform.DeleteSnapshot();
 }
 
-void MainForm::EndUnasked() {
+void MainForm::RescueAtTermination() {
   if (hasEnded_) return;
   hasEnded_ = true;
-  WithinMemory([this] {
+  CatchOutOfMemory([this] {
     // If a rescue copy takes too long or fails, the next run finds the whole map here.
     BmpEncoder map(document.Canvas.Image());
     document.platform.WriteSnapshot(map);
@@ -70,7 +70,7 @@ void MainForm::EndUnasked() {
 bool MainForm::SessionEnds(bool mayAsk) {
   // The question may be open already.
   if (!mayAsk || isAsking_) {
-    WithinMemory([this] {
+    CatchOutOfMemory([this] {
       RescueForSession(document);
       return Failure();
     });

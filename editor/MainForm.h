@@ -33,7 +33,7 @@ struct MainForm {
 
   /// The process ends at once, with nobody to ask: keeps a map that would be lost. Does nothing
   /// after the run has ended.
-  void EndUnasked();
+  void RescueAtTermination();
 
   /// The desktop session is about to end, and may yet go on. Asks the exit question where that is
   /// allowed, else keeps a map that would be lost. Returns whether the user cancels the end.

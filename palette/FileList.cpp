@@ -8,8 +8,8 @@
 namespace morvane {
 namespace {
 
-std::vector<FolderList::Row> WayTo(const std::string& path) {
-  std::vector<FolderList::Row> rows = {{.name = "/", .path = "/", .depth = 0, .isOnTheWay = true}};
+std::vector<FolderList::Row> PathFromRoot(const std::string& path) {
+  std::vector<FolderList::Row> rows = {{.name = "/", .path = "/", .depth = 0, .isOnPath = true}};
   for (std::size_t begin = 1; begin < path.size();) {
     const std::size_t end = std::min(path.find('/', begin), path.size());
     const int depth = rows.back().depth + 1;
@@ -36,7 +36,7 @@ const std::vector<std::string>& FileList::Files() const {
 
 const std::vector<FolderList::Row>& FolderList::Rows() const {
   ReadOnce([this](Platform& platform) {
-    std::vector<Row> rows = WayTo(Path());
+    std::vector<Row> rows = PathFromRoot(Path());
     const int depth = rows.back().depth + 1;
     for (const std::string& name : platform.ListFolders(Path())) {
       rows.push_back({name, WithTrailingBackslash(Path()) + name, depth, false});

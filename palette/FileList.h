@@ -55,7 +55,7 @@ class FolderList : public ListedFolder {
     std::string name;
     std::string path;
     int depth;  ///< below the root
-    bool isOnTheWay;
+    bool isOnPath;
     friend bool operator==(const Row&, const Row&) = default;
   };
 

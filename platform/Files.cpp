@@ -9,12 +9,12 @@
 #include <memory>
 #include <utility>
 
-#include "platform/PassingFile.h"
+#include "platform/TemporaryFile.h"
 
 namespace morvane {
 namespace {
 
-Failure WhyNotNormal(const struct stat& file) {
+Failure CheckRegularFile(const struct stat& file) {
   if (S_ISDIR(file.st_mode)) return "This is a folder, not a file.";
   if (!S_ISREG(file.st_mode)) return "This is not a normal file.";
   return file.st_size > kMostFileBytes ? kTooLargeFile : Failure();
@@ -27,14 +27,14 @@ class NormalFile : public ByteSource {
     constexpr int kFlags = O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
     struct stat status {};
     if (stat(path.c_str(), &status) != 0) {
-      return errno == ENOENT ? "There is no such file." : SystemReason();
+      return errno == ENOENT ? "There is no such file." : ErrnoMessage();
     }
-    Failure failure = WhyNotNormal(status);
+    Failure failure = CheckRegularFile(status);
     if (!failure.empty()) return failure;
     file_ = Descriptor(open(path.c_str(), kFlags));
-    if (!file_.IsOpen() || fstat(file_.Number(), &status) != 0) return SystemReason();
+    if (!file_.IsOpen() || fstat(file_.Number(), &status) != 0) return ErrnoMessage();
     size_ = static_cast<std::size_t>(status.st_size);
-    return WhyNotNormal(status);
+    return CheckRegularFile(status);
   }
 
   std::size_t Size() const override { return size_; }
@@ -58,11 +58,11 @@ std::filesystem::path WhereLinksLead(std::filesystem::path path) {
   return path;
 }
 
-Failure WhyNotReplaced(const std::filesystem::path& path, const struct stat& old) {
+Failure CheckReplaceable(const std::filesystem::path& path, const struct stat& old) {
   if (S_ISDIR(old.st_mode)) return "This is a folder, not a file.";
   if (!S_ISREG(old.st_mode)) return "This is not a normal file.";
   // The system would replace it nevertheless, but then its mode was no protection.
-  return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 ? Failure() : SystemReason();
+  return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 ? Failure() : ErrnoMessage();
 }
 
 Descriptor OpenFolder(const std::filesystem::path& path) {
@@ -71,7 +71,7 @@ Descriptor OpenFolder(const std::filesystem::path& path) {
 
 }  // namespace
 
-Result<std::unique_ptr<ByteSource>> OpenNormalFile(const std::string& path) {
+Result<std::unique_ptr<ByteSource>> OpenRegularFile(const std::string& path) {
   using Opened = Result<std::unique_ptr<ByteSource>>;
   auto file = std::make_unique<NormalFile>();
   Failure failure = file->Open(path);
@@ -82,17 +82,17 @@ Failure ReplaceFile(const std::string& path, ByteSource& content) {
   const std::filesystem::path target = WhereLinksLead(path);
   struct stat old {};
   const bool exists = stat(target.c_str(), &old) == 0;
-  if (!exists && errno != ENOENT) return SystemReason();
+  if (!exists && errno != ENOENT) return ErrnoMessage();
   if (exists) {
-    Failure failure = WhyNotReplaced(target, old);
+    Failure failure = CheckReplaceable(target, old);
     if (!failure.empty()) return failure;
   }
   const Descriptor folder = OpenFolder(target.parent_path());
   if (!folder.IsOpen()) {
-    return errno == ENOENT ? "The folder doesn't exist." : SystemReason();
+    return errno == ENOENT ? "The folder doesn't exist." : ErrnoMessage();
   }
   const std::string name = target.filename();
-  PassingFile file(folder.Number());
+  TemporaryFile file(folder.Number());
   // Until it has the right mode, nobody else may look into it.
   Failure failure = file.Create(name, exists ? 0600 : 0666);
   if (failure.empty() && exists) file.TakeAfter(old);
@@ -103,18 +103,18 @@ Failure ReplaceFile(const std::string& path, ByteSource& content) {
   return failure;
 }
 
-Placing WriteNewFile(const std::string& path, ByteSource& content) {
+NewFileOutcome WriteNewFile(const std::string& path, ByteSource& content) {
   const std::filesystem::path target = path;
   const Descriptor folder = OpenFolder(target.parent_path());
-  if (!folder.IsOpen()) return Placing::Failed;
+  if (!folder.IsOpen()) return NewFileOutcome::Failed;
   const std::string name = target.filename();
-  PassingFile file(folder.Number());
+  TemporaryFile file(folder.Number());
   if (!file.Create(name, 0666).empty() || !file.Fill(content, {}).empty() ||
       !file.Flush().empty()) {
-    return Placing::Failed;
+    return NewFileOutcome::Failed;
   }
-  const Placing placing = file.RenameToNew(name);
-  if (placing == Placing::Done) file.FlushFolder();
+  const NewFileOutcome placing = file.RenameToNew(name);
+  if (placing == NewFileOutcome::Done) file.FlushFolder();
   return placing;
 }
 

@@ -8,7 +8,7 @@
 namespace morvane {
 
 /// Opens a normal file. Folders, pipes and devices are refused before they are opened.
-Result<std::unique_ptr<ByteSource>> OpenNormalFile(const std::string& path);
+Result<std::unique_ptr<ByteSource>> OpenRegularFile(const std::string& path);
 
 /// Writes a passing file in the target's folder, flushes it and renames it over the target:
 /// whatever happens, the target is the old file or the new one. Symbolic links are followed; owner,
@@ -18,6 +18,6 @@ Result<std::unique_ptr<ByteSource>> OpenNormalFile(const std::string& path);
 Failure ReplaceFile(const std::string& path, ByteSource& content);
 
 /// Writes a file in the same way under a name that must be new.
-Placing WriteNewFile(const std::string& path, ByteSource& content);
+NewFileOutcome WriteNewFile(const std::string& path, ByteSource& content);
 
 }  // namespace morvane

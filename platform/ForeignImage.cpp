@@ -4,8 +4,8 @@
 #include <QImageReader>
 #include <algorithm>
 
-#include "platform/JpegDamage.h"
-#include "platform/PictureEnd.h"
+#include "platform/EndMarker.h"
+#include "platform/JpegWarnings.h"
 
 namespace morvane {
 namespace {
@@ -61,13 +61,13 @@ Result<ForeignImage> ReadForeignImage(const Bytes& content, const std::atomic<bo
   const bool isReduced =
       reduced && claimed.isValid() && reader.supportsOption(QImageIOHandler::ScaledSize);
   if (isReduced) reader.setScaledSize(reduced(claimed));
-  const JpegDamage damage;
+  const JpegWarnings damage;
   const QImage image = reader.read();
   if (image.isNull()) {
     return Refused::Failed(
         "This is not a picture that can be read: " + reader.errorString().toStdString() + ".");
   }
-  if (damage.WasMet() || !HasItsEnd(content)) {
+  if (damage.WasMet() || !HasEndMarker(content)) {
     return Refused::Failed("The file is incomplete or damaged.");
   }
   if (!isReduced) return ForeignImage{image, image.size()};

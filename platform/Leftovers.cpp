@@ -30,7 +30,7 @@ class LeftoverFile : public Leftover {
     return morvane::ReadAt(file_.Number(), place, buffer);
   }
   std::time_t WrittenAt() const override { return status_.st_mtim.tv_sec; }
-  Placing MoveTo(const std::string& path) override {
+  NewFileOutcome MoveTo(const std::string& path) override {
     return RenameToNew(folder_.Number(), name_, AT_FDCWD, path);
   }
   void Delete() override {

@@ -50,7 +50,7 @@ QMessageBox::Icon IconOf(BoxStyle style) {
 }
 
 /// The toolkit gives letters to Yes and No only.
-void GiveLetters(const QMessageBox& box) {
+void AddAccessKeys(const QMessageBox& box) {
   if (auto* ok = box.button(QMessageBox::Ok)) ok->setText("&OK");
   if (auto* cancel = box.button(QMessageBox::Cancel)) cancel->setText("&Cancel");
 }
@@ -193,7 +193,7 @@ Answer ShowMessage(QWidget* owner, const std::string& text, BoxStyle style,
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(box.button(QMessageBox::Yes) != nullptr ? QMessageBox::Yes
                                                                : QMessageBox::Ok);
-  GiveLetters(box);
+  AddAccessKeys(box);
   switch (box.exec()) {
     case QMessageBox::Yes:
       return Answer::Yes;

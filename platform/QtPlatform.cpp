@@ -22,7 +22,7 @@ namespace {
 constexpr std::size_t kMostTextBytes = 16'000'000;
 
 Result<std::string> ReadText(const std::string& path) {
-  Result<std::unique_ptr<ByteSource>> file = OpenNormalFile(path);
+  Result<std::unique_ptr<ByteSource>> file = OpenRegularFile(path);
   if (!file.Ok()) return Result<std::string>::Failed(file.Reason());
   if (file.Value()->Size() > kMostTextBytes) return Result<std::string>::Failed(kTooLargeFile);
   Result<Bytes> bytes = ReadAll(*file.Value());
@@ -86,14 +86,14 @@ bool QtPlatform::IsFolderReadable(const std::string& path) {
 }
 
 Result<std::unique_ptr<ByteSource>> QtPlatform::OpenFile(const std::string& path) {
-  return OpenNormalFile(path);
+  return OpenRegularFile(path);
 }
 
 Failure QtPlatform::WriteFile(const std::string& path, ByteSource& content) {
   return ReplaceFile(path, content);
 }
 
-Placing QtPlatform::WriteNewFile(const std::string& path, ByteSource& content) {
+NewFileOutcome QtPlatform::WriteNewFile(const std::string& path, ByteSource& content) {
   return morvane::WriteNewFile(path, content);
 }
 
@@ -128,8 +128,8 @@ std::vector<std::string> QtPlatform::RescueNotes() {
   return ReadRescueNotes();
 }
 
-void QtPlatform::ForgetRescueNotes(const std::vector<std::string>& paths) {
-  DeleteRescueNotes(paths);
+void QtPlatform::DeleteRescueNotes(const std::vector<std::string>& paths) {
+  morvane::DeleteRescueNotes(paths);
 }
 
 std::string QtPlatform::GetPrivateProfileString(const std::string& section, const std::string& key,

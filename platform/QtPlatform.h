@@ -32,11 +32,11 @@ class QtPlatform : public Platform {
   std::vector<std::string> ListDrives() override;
   std::vector<std::string> ListFiles(const std::string& folder,
                                      const std::string& pattern) override;
-  Placing WriteNewFile(const std::string& path, ByteSource& content) override;
+  NewFileOutcome WriteNewFile(const std::string& path, ByteSource& content) override;
   std::vector<std::string> RescueFolders() override;
   void NoteRescueCopy(const std::string& path) override;
   std::vector<std::string> RescueNotes() override;
-  void ForgetRescueNotes(const std::vector<std::string>& paths) override;
+  void DeleteRescueNotes(const std::vector<std::string>& paths) override;
   std::string GetPrivateProfileString(const std::string& section, const std::string& key,
                                       const std::string& dv, std::size_t size,
                                       const std::string& path) override;

@@ -10,8 +10,8 @@
 #include <cerrno>
 #include <utility>
 
-#include "platform/PassingFile.h"
 #include "platform/PrivateFolders.h"
+#include "platform/TemporaryFile.h"
 
 namespace morvane {
 namespace {
@@ -147,7 +147,7 @@ Failure SnapshotFile::Place::Overwrite(ByteSource& content, const ChunkBuffer& c
 Failure SnapshotFile::Place::Replace(ByteSource& content, const ChunkBuffer& chunk) {
   // Something else may have taken the name since.
   if (!IsNameOf(folder_.Number(), name_, File())) return Overwrite(content, chunk);
-  PassingFile fresh(folder_.Number());
+  TemporaryFile fresh(folder_.Number());
   Failure failure = fresh.Create(name_, 0600);
   if (failure.empty()) failure = fresh.Fill(content, chunk);
   if (failure.empty()) failure = fresh.RenameTo(name_);
@@ -164,7 +164,7 @@ void SnapshotFile::Place::Delete() {
 }
 
 Failure SnapshotFile::Place::Reason() const {
-  return Path() + ": " + SystemReason();
+  return Path() + ": " + ErrnoMessage();
 }
 
 }  // namespace morvane

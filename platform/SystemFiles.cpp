@@ -40,21 +40,21 @@ Descriptor OpenAndLockOurs(int folder, const std::string& name) {
   return isHeld ? std::move(file) : Descriptor();
 }
 
-Placing RenameToNew(int folder, const std::string& name, int newFolder,
-                    const std::string& newName) {
+NewFileOutcome RenameToNew(int folder, const std::string& name, int newFolder,
+                           const std::string& newName) {
   if (renameat2(folder, name.c_str(), newFolder, newName.c_str(), RENAME_NOREPLACE) == 0) {
-    return Placing::Done;
+    return NewFileOutcome::Done;
   }
   // Some volumes can't rename in this way, but know links.
   if ((errno == EINVAL || errno == ENOSYS) &&
       linkat(folder, name.c_str(), newFolder, newName.c_str(), 0) == 0) {
     unlinkat(folder, name.c_str(), 0);
-    return Placing::Done;
+    return NewFileOutcome::Done;
   }
-  return errno == EEXIST ? Placing::NameTaken : Placing::Failed;
+  return errno == EEXIST ? NewFileOutcome::NameTaken : NewFileOutcome::Failed;
 }
 
-Failure SystemReason() {
+Failure ErrnoMessage() {
   return std::strerror(errno);
 }
 
@@ -62,7 +62,7 @@ Failure ReadAt(int file, std::size_t place, std::span<std::uint8_t> buffer) {
   while (!buffer.empty()) {
     const ssize_t read = pread(file, buffer.data(), buffer.size(), static_cast<off_t>(place));
     if (read < 0 && errno == EINTR) continue;
-    if (read < 0) return SystemReason();
+    if (read < 0) return ErrnoMessage();
     if (read == 0) return "The file ends too early.";
     place += static_cast<std::size_t>(read);
     buffer = buffer.subspan(static_cast<std::size_t>(read));

@@ -42,10 +42,11 @@ bool IsNameOf(int folder, const std::string& name, int file);
 Descriptor OpenAndLockOurs(int folder, const std::string& name);
 
 /// Renames a file, and never replaces another one. Relative paths start at their folders.
-Placing RenameToNew(int folder, const std::string& name, int newFolder, const std::string& newName);
+NewFileOutcome RenameToNew(int folder, const std::string& name, int newFolder,
+                           const std::string& newName);
 
 /// Why the system just refused, in its own words.
-Failure SystemReason();
+Failure ErrnoMessage();
 
 /// Fills the buffer from a place of the file on.
 Failure ReadAt(int file, std::size_t place, std::span<std::uint8_t> buffer);

@@ -9,7 +9,7 @@
 namespace morvane {
 namespace {
 
-void HardenLetters(QTextDocument& document) {
+void DisableAntialiasing(QTextDocument& document) {
   QTextCharFormat hard;
   hard.setFontStyleStrategy(
       static_cast<QFont::StyleStrategy>(QFont::NoAntialias | QFont::NoSubpixelAntialias));
@@ -35,7 +35,7 @@ void DrawRichText(const std::string& text, Picture& picture) {
   ClosedDocument document;
   document.setDocumentMargin(0);
   document.setHtml(QString::fromStdString(text));
-  HardenLetters(document);
+  DisableAntialiasing(document);
   document.documentLayout()->setPaintDevice(&image);
   document.setTextWidth(surface.width);
 

@@ -11,7 +11,7 @@ inline constexpr int kDotsPerMetre = 3780;
 
 /// The largest size of letters in pixels, as high as the picture that text is drawn on. Far larger
 /// ones overflow the coordinates of a long text, and its layout never ends.
-inline constexpr int kLargestLetters = 349;
+inline constexpr int kMaxLetterHeight = 349;
 
 /// A document that never fetches anything: pictures and style sheets that its text names stay out.
 class ClosedDocument : public QTextDocument {

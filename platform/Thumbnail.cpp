@@ -89,7 +89,7 @@ Thumbnail ReadForeignThumbnail(ByteSource& file, int zoom, const std::atomic<boo
 
 Thumbnail ReadThumbnail(const std::string& path, int zoom, const std::atomic<bool>& isGivenUp) {
   try {
-    Result<std::unique_ptr<ByteSource>> opened = OpenNormalFile(path);
+    Result<std::unique_ptr<ByteSource>> opened = OpenRegularFile(path);
     if (!opened.Ok()) return {};
     StoppableFile file(*opened.Value(), isGivenUp);
     if (!IsBmp(file)) return ReadForeignThumbnail(file, zoom, isGivenUp);

@@ -154,12 +154,12 @@ void CustomFrame::ShowFolders() {
   const QIcon closed = style()->standardIcon(QStyle::SP_DirIcon);
   int present = 0;
   for (const FolderList::Row& row : rows) {
-    auto* item = new QListWidgetItem(row.isOnTheWay ? open : closed, TextOf(row.name), folders_);
+    auto* item = new QListWidgetItem(row.isOnPath ? open : closed, TextOf(row.name), folders_);
     item->setData(Qt::UserRole, QByteArray::fromStdString(row.path));
     item->setData(kDepthRole, row.depth);
     item->setToolTip(ToolTipOf(TextOf(row.path)));
     item->setData(Qt::AccessibleDescriptionRole, TextOf(row.path));
-    if (row.isOnTheWay) present = folders_->count() - 1;
+    if (row.isOnPath) present = folders_->count() - 1;
   }
   // The list claims the focus with each new row, even while the keys go elsewhere.
   std::optional<QSignalBlocker> silence;

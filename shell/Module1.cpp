@@ -15,12 +15,12 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/JpegDamage.h"
+#include "platform/JpegWarnings.h"
 #include "platform/PictureDecoding.h"
 #include "platform/QtPlatform.h"
 #include "shell/ArtSheets.h"
+#include "shell/Termination.h"
 #include "shell/Thumbnails.h"
-#include "shell/UnaskedEnd.h"
 #include "shell/frmMain.h"
 #include "shell/frmSplash.h"
 #include "shell/frmText.h"
@@ -43,7 +43,7 @@ void Count() {
 /// The toolkit's dialogs would visit the folders of earlier runs before ours, and hang on one that
 /// is gone from the network. Nothing but the settings file outlives a run: there is no folder where
 /// the toolkit looks for its own settings, nor can there be one.
-void ForgetDialogHistory() {
+void ClearDialogHistory() {
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
 }
 
@@ -82,7 +82,7 @@ int RunMorvane(int argc, char** argv) {
   // A file that grows beyond the limit of the session is a failed save, not the end of the run.
   std::signal(SIGXFSZ, SIG_IGN);
   qInstallMessageHandler(&TakeMessage);
-  JpegDamage::Install();
+  JpegWarnings::Install();
   QLoggingCategory::setFilterRules("qt.gui.imageio*.warning=false\nqt.qpa.theme.*.warning=false");
   UseWholeScaleFactors();
   QApplication application(argc, argv);
@@ -99,7 +99,7 @@ int RunMorvane(int argc, char** argv) {
   shown.start();
 
   QApplication::setWindowIcon(LoadIcon("morvane"));
-  ForgetDialogHistory();
+  ClearDialogHistory();
   QtPlatform platform;
   MainForm form(platform, &LoadArtSheet);
   frmMain window(form);
@@ -111,7 +111,7 @@ int RunMorvane(int argc, char** argv) {
     return true;
   });
   window.Prepare();
-  const UnaskedEnd unaskedEnd(form);
+  const Termination unaskedEnd(form);
 
   Count();
   const qint64 rest = kShortestSplash - shown.elapsed();

@@ -7,7 +7,7 @@
 #include <QTextDocument>
 
 #include "platform/TextDrawing.h"
-#include "shell/TextRoom.h"
+#include "shell/TextLimits.h"
 
 namespace morvane {
 namespace {
@@ -54,7 +54,7 @@ void RichTextBox::insertFromMimeData(const QMimeData* source) {
   const QString markup = source->hasHtml() ? source->html() : QString();
   textCursor().removeSelectedText();
   if (markup.isEmpty() || markup.size() > kMostMarkup || IsDeep(markup)) {
-    insertPlainText(TextRoom(*document()).Take(source->text(), currentCharFormat()));
+    insertPlainText(TextLimits(*document()).Take(source->text(), currentCharFormat()));
     return;
   }
   ClosedDocument pasted;
@@ -63,13 +63,13 @@ void RichTextBox::insertFromMimeData(const QMimeData* source) {
 }
 
 void RichTextBox::Format(QTextCharFormat format) {
-  format.setFontPointSize(TextRoom::FittingPointSize(format.fontPointSize(), *document()));
+  format.setFontPointSize(TextLimits::FittingPointSize(format.fontPointSize(), *document()));
   mergeCurrentCharFormat(format);
 }
 
 // The pasted document is taken apart and told again: pictures, tables and lists stay outside.
 void RichTextBox::Insert(const QTextDocument& pasted) {
-  TextRoom room(*document());
+  TextLimits room(*document());
   QTextCursor cursor = textCursor();
   // Otherwise the paragraph would be laid out again for every piece.
   cursor.beginEditBlock();

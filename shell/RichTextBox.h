@@ -7,7 +7,7 @@
 namespace morvane {
 
 /// An editor of rich text that takes nothing from outside but text: what is pasted or dropped can't
-/// load pictures or anything else from disk or network, and is cut to what TextRoom allows. The
+/// load pictures or anything else from disk or network, and is cut to what TextLimits allows. The
 /// text looks as it will on a white map, whatever the desktop's colours and fineness.
 class RichTextBox : public QTextEdit {
   Q_OBJECT

@@ -28,7 +28,7 @@ Edge EdgeOf(const Palette& palette, int Button) {
 }
 
 /// The plain colour between the posts of a fence, read from the picture itself.
-Color FenceKey(const PictureView& fence, Direction direction) {
+Color FenceColorKey(const PictureView& fence, Direction direction) {
   return direction == Direction::Vertical ? GetPixel(fence, 0, 4) : GetPixel(fence, 4, 0);
 }
 
@@ -54,7 +54,7 @@ void EdgePath(Palette& palette, Gesture gesture, int Button, float X, float Y) {
     std::swap(size.width, size.height);
   }
   if (set == kClassicVillage && edge == Edge::Wall) {
-    const Color key = FenceKey(picture->View(), side->direction);
+    const Color key = FenceColorKey(picture->View(), side->direction);
     Place(document, gesture, SnapX, SnapY, size, picture->View(), &key);
   } else {
     Place(document, gesture, SnapX, SnapY, size, picture->View());

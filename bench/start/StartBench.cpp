@@ -36,7 +36,7 @@ double Median(Figures figures) {
   return figures[figures.size() / 2];
 }
 
-void TakeMemory(const Program& program, Series& series) {
+void MeasureMemory(const Program& program, Series& series) {
   constexpr double kMegabyte = 1024;
   std::this_thread::sleep_for(kUntilIdle);
   series.resident.push_back(static_cast<double>(program.Resident()) / kMegabyte);
@@ -46,7 +46,7 @@ void StartBare(WindowWatch& watch, Series& series) {
   const Program bare(BARE_PROGRAM);
   const Appearance window = watch.NextWindow(kMainWidth);
   series.window.push_back(Between(bare.Started(), window.painted));
-  TakeMemory(bare, series);
+  MeasureMemory(bare, series);
 }
 
 void StartMorvane(WindowWatch& watch, Series& series) {
@@ -55,7 +55,7 @@ void StartMorvane(WindowWatch& watch, Series& series) {
   const Appearance main = watch.NextWindow(kMainWidth);
   series.window.push_back(Between(morvane.Started(), splash.painted));
   series.main.push_back(Between(splash.painted, main.painted) - kSplashTime);
-  TakeMemory(morvane, series);
+  MeasureMemory(morvane, series);
 }
 
 /// A row of the table of scripts/bench.

@@ -76,15 +76,15 @@ int UnpackGroups(Pixel* /*to*/, const std::uint8_t* /*from*/, int /*count*/) {
 
 void PackPixels(std::uint8_t* to, const Pixel* from, int count) {
   const int done = HasWideShuffle() ? PackGroups(to, from, count) : 0;
-  PackPixelsPlainly(to + std::ptrdiff_t{3} * done, from + done, count - done);
+  PackPixelsScalar(to + std::ptrdiff_t{3} * done, from + done, count - done);
 }
 
 void UnpackPixels(Pixel* to, const std::uint8_t* from, int count) {
   const int done = HasWideShuffle() ? UnpackGroups(to, from, count) : 0;
-  UnpackPixelsPlainly(to + done, from + std::ptrdiff_t{3} * done, count - done);
+  UnpackPixelsScalar(to + done, from + std::ptrdiff_t{3} * done, count - done);
 }
 
-void PackPixelsPlainly(std::uint8_t* to, const Pixel* from, int count) {
+void PackPixelsScalar(std::uint8_t* to, const Pixel* from, int count) {
   for (int i = 0; i < count; ++i, to += 3) {
     to[0] = BlueOf(from[i]);
     to[1] = GreenOf(from[i]);
@@ -92,7 +92,7 @@ void PackPixelsPlainly(std::uint8_t* to, const Pixel* from, int count) {
   }
 }
 
-void UnpackPixelsPlainly(Pixel* to, const std::uint8_t* from, int count) {
+void UnpackPixelsScalar(Pixel* to, const std::uint8_t* from, int count) {
   for (int i = 0; i < count; ++i, from += 3) to[i] = MakePixel(from[2], from[1], from[0]);
 }
 

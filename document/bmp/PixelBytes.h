@@ -13,7 +13,7 @@ void PackPixels(std::uint8_t* to, const Pixel* from, int count);
 void UnpackPixels(Pixel* to, const std::uint8_t* from, int count);
 
 /// The same for every processor, and for the ends of rows.
-void PackPixelsPlainly(std::uint8_t* to, const Pixel* from, int count);
-void UnpackPixelsPlainly(Pixel* to, const std::uint8_t* from, int count);
+void PackPixelsScalar(std::uint8_t* to, const Pixel* from, int count);
+void UnpackPixelsScalar(Pixel* to, const std::uint8_t* from, int count);
 
 }  // namespace morvane

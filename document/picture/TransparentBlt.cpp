@@ -44,7 +44,7 @@ inline void CopyKeyedRows(Surface to, PictureView from, Pixel key) {
 }
 
 /// Whether all of a long run of pixels are of the key's colour.
-inline bool IsAllKey(const Pixel* from, const PixelVector& keys) {
+inline bool IsAllColorKey(const Pixel* from, const PixelVector& keys) {
   PixelVector difference{};
   for (int i = 0; i < kLongRun; i += kPixelsOf<PixelVector>) {
     PixelVector pixels;
@@ -66,7 +66,7 @@ inline void CopyKeyedRuns(Surface to, PictureView from, Pixel key) {
       const int run = std::min(x, last);
       Pixel* toRun = to.Row(y) + run;
       const Pixel* fromRun = from.Row(y) + run;
-      if (IsAllKey(fromRun, keys)) continue;
+      if (IsAllColorKey(fromRun, keys)) continue;
       for (int i = 0; i < kLongRun; i += kPixelsOf<PixelVector>) {
         PixelVector pixels;
         Overlay(pixels, toRun + i, fromRun + i, keys);

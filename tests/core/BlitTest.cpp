@@ -9,8 +9,8 @@ namespace morvane {
 namespace {
 
 /// The copy as its definition tells it, pixel by pixel.
-Picture PlainCopy(Picture target, const Rect& place, const Picture& source, int sourceX,
-                  int sourceY, const Color* transparent) {
+Picture ReferenceCopy(Picture target, const Rect& place, const Picture& source, int sourceX,
+                      int sourceY, const Color* transparent) {
   for (int y = 0; y < place.Height(); ++y) {
     for (int x = 0; x < place.Width(); ++x) {
       const int fromX = sourceX + x;
@@ -33,11 +33,11 @@ TEST(Blit, CopiesAreCutAtEveryEdge) {
       for (const int shift : {0, 2, -1}) {
         Picture opaque = blank;
         BitBlt(opaque.Draw(), x, y, 7, 5, source.View(), shift, shift);
-        ASSERT_EQ(opaque, PlainCopy(blank, {x, y, x + 7, y + 5}, source, shift, shift, nullptr))
+        ASSERT_EQ(opaque, ReferenceCopy(blank, {x, y, x + 7, y + 5}, source, shift, shift, nullptr))
             << x << "," << y;
         Picture keyed = blank;
         TransparentBlt(keyed.Draw(), x, y, 7, 5, source.View(), shift, shift, key);
-        ASSERT_EQ(keyed, PlainCopy(blank, {x, y, x + 7, y + 5}, source, shift, shift, &key));
+        ASSERT_EQ(keyed, ReferenceCopy(blank, {x, y, x + 7, y + 5}, source, shift, shift, &key));
       }
     }
   }
@@ -60,10 +60,11 @@ TEST(Blit, CopiesOfEverySizeAndAlignmentAreEqualToPlainOnes) {
       Picture keyed = blank;
       TransparentBlt(keyed.Draw(), place.left, place.top, width, height, source.View(), shift, 0,
                      kKey);
-      ASSERT_EQ(keyed, PlainCopy(blank, place, source, shift, 0, &kKey)) << width << "+" << shift;
+      ASSERT_EQ(keyed, ReferenceCopy(blank, place, source, shift, 0, &kKey))
+          << width << "+" << shift;
       Picture opaque = blank;
       BitBlt(opaque.Draw(), place.left, place.top, width, height, source.View(), shift, 0);
-      ASSERT_EQ(opaque, PlainCopy(blank, place, source, shift, 0, nullptr)) << width;
+      ASSERT_EQ(opaque, ReferenceCopy(blank, place, source, shift, 0, nullptr)) << width;
     }
   }
 }
@@ -134,7 +135,7 @@ TEST(Blit, StretchingOfEverySizeTakesTheNearestPixels) {
 }
 
 /// Where a pixel goes, as the definition tells it.
-Picture PlainlyTransformed(const PictureView& picture, Transform transform) {
+Picture ReferenceTransform(const PictureView& picture, Transform transform) {
   const int W = picture.width;
   const int H = picture.height;
   const bool turns = transform == Transform::RotateRight || transform == Transform::RotateLeft;
@@ -161,7 +162,7 @@ TEST(Transform, FlipsAndTurnsOfEverySizeAreEqualToPlainOnes) {
     part.width = size.width;
     for (const Transform transform : {Transform::FlipHorizontal, Transform::FlipVertical,
                                       Transform::RotateRight, Transform::RotateLeft}) {
-      ASSERT_EQ(Transformed(part, transform), PlainlyTransformed(part, transform))
+      ASSERT_EQ(Transformed(part, transform), ReferenceTransform(part, transform))
           << size.width << "x" << size.height;
     }
   }

@@ -41,12 +41,12 @@ TEST(Bmp, PixelsArePackedAsOnEveryProcessor) {
     Bytes packed(size + 1, 77);
     Bytes expected(size + 1, 77);
     PackPixels(packed.data(), from, count);
-    PackPixelsPlainly(expected.data(), from, count);
+    PackPixelsScalar(expected.data(), from, count);
     ASSERT_EQ(packed, expected) << count;
     std::vector<Pixel> unpacked(size + 1, 77);
     std::vector<Pixel> plainly(size + 1, 77);
     UnpackPixels(unpacked.data(), packed.data(), count);
-    UnpackPixelsPlainly(plainly.data(), packed.data(), count);
+    UnpackPixelsScalar(plainly.data(), packed.data(), count);
     ASSERT_EQ(unpacked, plainly) << count;
     ASSERT_TRUE(std::equal(from, from + count, unpacked.begin()));
   }

@@ -103,7 +103,7 @@ TEST_F(CustomTiles, ChangesTravelFromDriveToFolderToFiles) {
     std::string all;
     for (const FolderList::Row& row : palette.Dir1.Rows()) {
       all.append(static_cast<std::size_t>(row.depth), '>');
-      all.append(row.name).append(row.isOnTheWay ? "* " : " ");
+      all.append(row.name).append(row.isOnPath ? "* " : " ");
     }
     return all;
   };

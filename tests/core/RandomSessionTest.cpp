@@ -6,7 +6,7 @@
 #include "palette/PalettePages.h"
 #include "palette/StampTurn.h"
 #include "palette/TileSelection.h"
-#include "tests/support/PlainModel.h"
+#include "tests/support/ReferenceModel.h"
 #include "tools/CanvasMouse.h"
 #include "tools/ToolModes.h"
 
@@ -97,7 +97,7 @@ class RandomSession : public testing::TestWithParam<unsigned> {
   std::mt19937 random_{GetParam()};
   FakePlatform platform_;
   MainForm form_{platform_, &SheetWithFence};
-  PlainModel model_{form_.palette.pictures};
+  ReferenceModel model_{form_.palette.pictures};
 };
 
 TEST_P(RandomSession, EveryPixelIsAsThePlainModelSays) {

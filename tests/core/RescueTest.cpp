@@ -112,8 +112,8 @@ TEST_F(Rescue, BrokenAndBlankLeftoversAreNotKept) {
 
 TEST_F(Rescue, AnUnaskedEndKeepsTheMapOfThatMoment) {
   Paint();
-  form.EndUnasked();
-  form.EndUnasked();
+  form.RescueAtTermination();
+  form.RescueAtTermination();
   ASSERT_EQ(Copies().size(), 1U);
   EXPECT_EQ(platform.files[Copies()[0]], WriteBmp(document.Canvas.Image()));
   EXPECT_TRUE(platform.snapshot.empty());
@@ -125,7 +125,7 @@ TEST_F(Rescue, AnUnaskedEndKeepsTheMapOfThatMoment) {
 TEST_F(Rescue, WithoutRoomForACopyTheSnapshotHoldsTheWholeMap) {
   Paint();
   platform.unwritable = {"/"};
-  form.EndUnasked();
+  form.RescueAtTermination();
   EXPECT_EQ(platform.snapshot, WriteBmp(document.Canvas.Image()));
 }
 
@@ -133,7 +133,7 @@ TEST_F(Rescue, AnUnaskedEndKeepsNoBlankOrSavedMapAndNoneAfterTheRun) {
   const auto endAfter = [](const std::function<void(Editor&)>& act) {
     Editor editor;
     act(editor);
-    editor.form.EndUnasked();
+    editor.form.RescueAtTermination();
     EXPECT_TRUE(editor.platform.rescueNotes.empty());
     EXPECT_TRUE(editor.platform.snapshot.empty());
   };
@@ -168,14 +168,14 @@ TEST_F(Rescue, TheEndOfASessionAsksWhereItMayAndKeepsNothingTwice) {
   ASSERT_EQ(Copies().size(), 1U);
   EXPECT_EQ(platform.files[Copies()[0]], WriteBmp(document.Canvas.Image()));
   EXPECT_EQ(NextReport(), "");
-  form.EndUnasked();
+  form.RescueAtTermination();
   EXPECT_EQ(Copies().size(), 1U);
   EXPECT_EQ(NextReport(), ReportOf(Copies()[0]));
 }
 
 TEST_F(Rescue, AnEndBeforeTheReportLeavesItToTheNextRun) {
   platform.leftover = painted;
-  NextRun(platform).form.EndUnasked();
+  NextRun(platform).form.RescueAtTermination();
   EXPECT_EQ(NextReport(), ReportOf(leftoverCopy));
   EXPECT_EQ(NextReport(), "");
 }

@@ -9,16 +9,16 @@
 
 #include "palette/PalettePages.h"
 #include "shell/widgets/Text.h"
-#include "tests/faults/HeardSession.h"
+#include "tests/faults/TestSession.h"
 #include "tests/support/Difference.h"
 #include "tools/TextInsertion.h"
 
 namespace morvane {
 
 /// A session that tells where the window, the core and the plain model part.
-class MonkeySession : public HeardSession {
+class MonkeySession : public TestSession {
  public:
-  using HeardSession::HeardSession;
+  using TestSession::TestSession;
 
   /// What is wrong between the window, the core and the model; empty where nothing is.
   std::string Fault(bool withPictures) {

@@ -189,7 +189,7 @@ TEST_F(Dialogs, PastedTextBringsNothingWithIt) {
 }
 
 TEST_F(Dialogs, PastedTextIsCutToWhatAMapCanShow) {
-  EXPECT_EQ(form.document.pbTempText.ScaleHeight(), kLargestLetters);
+  EXPECT_EQ(form.document.pbTempText.ScaleHeight(), kMaxLetterHeight);
   RichTextBox box(nullptr);
   Paste(box, Sized("72pt", "Heading") + Sized("9.75pt", QString("word ").repeated(400)));
   EXPECT_EQ(box.toPlainText().size(), 2007);
@@ -199,7 +199,7 @@ TEST_F(Dialogs, PastedTextIsCutToWhatAMapCanShow) {
   for (const QString& text : {QString("AM "), QString::fromUtf8("Aم1")}) {
     box.clear();
     Paste(box, Sized("30000px", text.repeated(2000)));
-    EXPECT_EQ(box.currentCharFormat().intProperty(QTextFormat::FontPixelSize), kLargestLetters);
+    EXPECT_EQ(box.currentCharFormat().intProperty(QTextFormat::FontPixelSize), kMaxLetterHeight);
     EXPECT_LT(box.toPlainText().size(), 500);
   }
   box.clear();

@@ -24,7 +24,7 @@ struct Files : testing::Test {
   const Bytes content = {1, 2, 3, 4};
 
   Bytes Read(const char* name) {
-    Result<std::unique_ptr<ByteSource>> file = OpenNormalFile(folder.File(name));
+    Result<std::unique_ptr<ByteSource>> file = OpenRegularFile(folder.File(name));
     EXPECT_TRUE(file.Ok()) << name << ": " << file.Reason();
     return file.Ok() ? ReadAll(*file.Value()).Value() : Bytes();
   }
@@ -93,7 +93,7 @@ TEST_F(Files, WhatIsNoNormalFileIsRefusedWithoutAHang) {
       {folder.File("missing"), "There is no such file."},
       {"/dev/zero", "This is not a normal file."}};
   for (const auto& [path, reason] : rows) {
-    Result<std::unique_ptr<ByteSource>> read = OpenNormalFile(path);
+    Result<std::unique_ptr<ByteSource>> read = OpenRegularFile(path);
     ASSERT_FALSE(read.Ok()) << path;
     EXPECT_EQ(read.Reason(), reason);
   }

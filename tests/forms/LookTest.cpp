@@ -100,7 +100,7 @@ void UseFont(int points) {
 }
 
 /// The part of a label that its letters take, in its parent.
-QRect LettersOf(const QLabel& label) {
+QRect TextRectOf(const QLabel& label) {
   QRect letters({}, label.fontMetrics().size(Qt::TextShowMnemonic, label.text()));
   letters.moveTopLeft(label.contentsRect().topLeft());
   if (label.alignment().testFlag(Qt::AlignVCenter)) {
@@ -111,7 +111,7 @@ QRect LettersOf(const QLabel& label) {
 
 void ExpectRoomForLetters(const QLabel& label) {
   if (label.text().isEmpty() || label.wordWrap()) return;
-  const QRect letters = LettersOf(label);
+  const QRect letters = TextRectOf(label);
   EXPECT_LE(letters.height(), label.height());
   EXPECT_LE(letters.right(), label.geometry().right());
   const QObjectList& siblings = label.parentWidget()->children();

@@ -119,8 +119,8 @@ TEST_F(SnapshotFileTest, WhatAKilledRunLeavesIsFoundWhereverItLies) {
   ASSERT_EQ(found.size(), 2U);
   for (const auto& leftover : found) EXPECT_EQ(ReadAll(*leftover).Value(), first);
   EXPECT_TRUE(LeftoverSnapshots().empty()) << "taken twice";
-  EXPECT_EQ(found[0]->MoveTo(name), Placing::NameTaken);
-  EXPECT_EQ(found[0]->MoveTo(folder.File("kept")), Placing::Done);
+  EXPECT_EQ(found[0]->MoveTo(name), NewFileOutcome::NameTaken);
+  EXPECT_EQ(found[0]->MoveTo(folder.File("kept")), NewFileOutcome::Done);
   EXPECT_FALSE(QFile::exists(name));
   for (const auto& leftover : found) leftover->Delete();
   EXPECT_EQ(QFileInfo("kept").size(), 6);
@@ -153,9 +153,9 @@ TEST_F(SnapshotFileTest, AFolderThatOthersCouldWriteIsNotTrusted) {
   ASSERT_EQ(unlink(state.c_str()), 0);
   for (const char* path : {"/maps/one.bmp", "/maps/other.bmp"}) platform.NoteRescueCopy(path);
   EXPECT_EQ(platform.RescueNotes().size(), 2U);
-  platform.ForgetRescueNotes({"/maps/one.bmp"});
+  platform.DeleteRescueNotes({"/maps/one.bmp"});
   EXPECT_EQ(platform.RescueNotes(), std::vector<std::string>{"/maps/other.bmp"});
-  platform.ForgetRescueNotes({"/maps/other.bmp"});
+  platform.DeleteRescueNotes({"/maps/other.bmp"});
   EXPECT_FALSE(QFileInfo::exists(QString::fromStdString(state)));
 }
 

@@ -123,16 +123,16 @@ class FakePlatform : public Platform, public DialogScript {
     for (const auto& [path, content] : files) paths.insert(path);
     return NamesIn(folder, paths);
   }
-  Placing WriteNewFile(const std::string& path, ByteSource& content) override {
-    if (files.contains(path)) return Placing::NameTaken;
-    return WriteFile(path, content).empty() ? Placing::Done : Placing::Failed;
+  NewFileOutcome WriteNewFile(const std::string& path, ByteSource& content) override {
+    if (files.contains(path)) return NewFileOutcome::NameTaken;
+    return WriteFile(path, content).empty() ? NewFileOutcome::Done : NewFileOutcome::Failed;
   }
   std::vector<std::string> RescueFolders() override { return {"/home", "/tmp"}; }
   void NoteRescueCopy(const std::string& path) override {
     if (takesNotes) rescueNotes.push_back(path);
   }
   std::vector<std::string> RescueNotes() override { return rescueNotes; }
-  void ForgetRescueNotes(const std::vector<std::string>& paths) override {
+  void DeleteRescueNotes(const std::vector<std::string>& paths) override {
     for (const std::string& path : paths) std::erase(rescueNotes, path);
   }
   std::vector<std::unique_ptr<Leftover>> FindLeftovers() override;
@@ -206,11 +206,11 @@ class FakeLeftover : public Leftover {
     return MemorySource(bytes_).ReadAt(place, buffer);
   }
   std::time_t WrittenAt() const override { return 1'000'000'000; }
-  Placing MoveTo(const std::string& path) override {
+  NewFileOutcome MoveTo(const std::string& path) override {
     // Like a rename: within a volume only.
-    if (!path.starts_with(platform_.leftoverFolder)) return Placing::Failed;
-    const Placing placing = platform_.WriteNewFile(path, *this);
-    if (placing == Placing::Done) platform_.leftover.clear();
+    if (!path.starts_with(platform_.leftoverFolder)) return NewFileOutcome::Failed;
+    const NewFileOutcome placing = platform_.WriteNewFile(path, *this);
+    if (placing == NewFileOutcome::Done) platform_.leftover.clear();
     return placing;
   }
   void Delete() override { platform_.leftover.clear(); }

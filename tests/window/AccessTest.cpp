@@ -1,7 +1,7 @@
 #include <map>
 
 #include "palette/Catalogue.h"
-#include "tests/window/Desk.h"
+#include "tests/window/DesktopSession.h"
 
 namespace morvane {
 namespace {
@@ -9,9 +9,9 @@ namespace {
 using Lines = std::vector<std::string>;
 
 /// All that a window tells; mere holders of other controls tell nothing.
-Lines Told(const char* window) {
+Lines ControlsOf(const char* window) {
   Lines lines;
-  Walk(WindowOf(window), [&lines](const Spoken& control) {
+  Walk(WindowOf(window), [&lines](const AccessibleObject& control) {
     if (control.Role() != ATSPI_ROLE_FILLER) lines.push_back(control.Line());
   });
   return lines;
@@ -39,7 +39,7 @@ const Lines kButtons = {"push button Mode = Tile", "push button Flip Vertical",
                         "push button Rotate Right"};
 const Lines kMap = {"canvas Map = 615 x 483 pixels"};
 
-TEST_F(Desk, TheWindowTellsWhatItHolds) {
+TEST_F(DesktopSession, TheWindowTellsWhatItHolds) {
   Lines expected = {"frame Morvane", "tool bar Commands"};
   for (const char* key : {"New", "Open", "Save", "Print", "Undo", "Redo", "Cut", "Copy", "Paste"}) {
     expected.push_back(std::string("push button ") + key);
@@ -59,10 +59,10 @@ TEST_F(Desk, TheWindowTellsWhatItHolds) {
   Append(expected, kMap);
   Append(expected, {"menu bar Menu", "menu item File", "menu item Edit", "menu item View",
                     "menu item Tools", "menu item Help"});
-  EXPECT_EQ(Told("Morvane"), expected);
+  EXPECT_EQ(ControlsOf("Morvane"), expected);
 }
 
-TEST_F(Desk, TabGoesRoundTheWindow) {
+TEST_F(DesktopSession, TabGoesRoundTheWindow) {
   Lines tabs = {"push button New"};
   Append(tabs, kButtons);
   Append(tabs, {"combo box Tileset: = Abandoned Cathedral", "page tab Tiles = selected",
@@ -80,7 +80,7 @@ TEST_F(Desk, TabGoesRoundTheWindow) {
   EXPECT_EQ(Round("Morvane"), lists);
 }
 
-TEST_F(Desk, TabGoesRoundEachDialog) {
+TEST_F(DesktopSession, TabGoesRoundEachDialog) {
   OpenMenu("alt+t", "menu item Options...");
   Key({"o"});
   EXPECT_EQ(Round("Options"),
@@ -109,7 +109,7 @@ TEST_F(Desk, TabGoesRoundEachDialog) {
                    "push button Cancel", "list Font"}));
 }
 
-TEST_F(Desk, KeysDoWhatTheMouseCan) {
+TEST_F(DesktopSession, KeysDoWhatTheMouseCan) {
   Key({"shift+Tab", "Right", "Right", "Right", "Down"});
   ASSERT_TRUE(AwaitFocus("push button Small Fountain = 20 x 20 pixels")) << Focus();
   Key({"space"});
@@ -125,7 +125,7 @@ TEST_F(Desk, KeysDoWhatTheMouseCan) {
             (Lines{"Small Fountain tile selected", "Floor tile selected", "Wall Mode selected"}));
 }
 
-TEST_F(Desk, TheStatusIsSpokenOnceAndHoveringIsSilent) {
+TEST_F(DesktopSession, TheStatusIsSpokenOnceAndHoveringIsSilent) {
   for (int y = 330; y < 600; y += 15) {
     Hand({"mousemove", "--sync", QString::number(280 + y % 60), QString::number(y)});
   }

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "shell/ArtSheets.h"
-#include "tests/support/PlainModel.h"
+#include "tests/support/ReferenceModel.h"
 
 namespace morvane {
 
@@ -33,7 +33,7 @@ class Strokes {
     return Move();
   }
 
-  PlainModel model{Art()};
+  ReferenceModel model{Art()};
   QPoint map;  ///< its top left pixel on the display
   std::mt19937 random;
 

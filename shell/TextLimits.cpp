@@ -1,4 +1,4 @@
-#include "shell/TextRoom.h"
+#include "shell/TextLimits.h"
 
 #include <QTextBlock>
 #include <QTextDocument>
@@ -29,17 +29,17 @@ void CopyProperty(QTextFormat::Property property, const QTextCharFormat& from,
 
 // What was pasted may be no number at all.
 double LimitedPoints(double points, double mostPixels) {
-  const double most = std::min<double>(mostPixels, kLargestLetters) * kPointsPerPixel;
+  const double most = std::min<double>(mostPixels, kMaxLetterHeight) * kPointsPerPixel;
   return points <= most ? points : most;
 }
 
 void LimitSize(QTextCharFormat& format) {
   if (format.hasProperty(QTextFormat::FontPointSize)) {
-    format.setFontPointSize(LimitedPoints(format.fontPointSize(), kLargestLetters));
+    format.setFontPointSize(LimitedPoints(format.fontPointSize(), kMaxLetterHeight));
   }
   if (format.hasProperty(QTextFormat::FontPixelSize)) {
     const int pixels = format.intProperty(QTextFormat::FontPixelSize);
-    format.setProperty(QTextFormat::FontPixelSize, std::min(pixels, kLargestLetters));
+    format.setProperty(QTextFormat::FontPixelSize, std::min(pixels, kMaxLetterHeight));
   }
 }
 
@@ -62,7 +62,7 @@ QString FontKey(const QTextCharFormat& format) {
 
 }  // namespace
 
-TextRoom::TextRoom(const QTextDocument& document)
+TextLimits::TextLimits(const QTextDocument& document)
     : height_(kMostHeight - document.blockCount() * kSmallLetters) {
   for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
     for (auto part = block.begin(); !part.atEnd(); ++part) {
@@ -74,17 +74,17 @@ TextRoom::TextRoom(const QTextDocument& document)
   }
 }
 
-qsizetype TextRoom::Letters(const QTextCharFormat& format) const {
+qsizetype TextLimits::Letters(const QTextCharFormat& format) const {
   return std::max<qsizetype>(0, static_cast<qsizetype>(height_ / HeightOf(format)));
 }
 
-QString TextRoom::Take(const QString& text, const QTextCharFormat& format) {
+QString TextLimits::Take(const QString& text, const QTextCharFormat& format) {
   QString taken = text.left(Letters(format));
   height_ -= static_cast<double>(taken.size()) * HeightOf(format);
   return taken;
 }
 
-QTextCharFormat TextRoom::Fit(const QTextCharFormat& pasted) {
+QTextCharFormat TextLimits::Fit(const QTextCharFormat& pasted) {
   QTextCharFormat kept;
   if (++runs_ > kMostRuns) return kept;
   for (const QTextFormat::Property property : kFontProperties) {
@@ -102,11 +102,11 @@ QTextCharFormat TextRoom::Fit(const QTextCharFormat& pasted) {
   return kept;
 }
 
-double TextRoom::FittingPointSize(double points, const QTextDocument& document) {
+double TextLimits::FittingPointSize(double points, const QTextDocument& document) {
   return LimitedPoints(points, kMostHeight / document.characterCount());
 }
 
-bool TextRoom::HasFont(const QTextCharFormat& format) {
+bool TextLimits::HasFont(const QTextCharFormat& format) {
   const QString key = FontKey(format);
   if (!fonts_.contains(key) && fonts_.size() >= kMostFonts) return false;
   fonts_.insert(key);

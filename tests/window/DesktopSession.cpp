@@ -1,4 +1,4 @@
-#include "tests/window/Desk.h"
+#include "tests/window/DesktopSession.h"
 
 namespace morvane {
 namespace {
@@ -24,7 +24,7 @@ int Changes(const QImage& before, const QImage& after, const AtspiRect& place) {
 
 }  // namespace
 
-void Desk::SetUpTestSuite() {
+void DesktopSession::SetUpTestSuite() {
   session_ = std::make_unique<Session>();
   qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
   session_->OpenDisplay();
@@ -37,14 +37,14 @@ void Desk::SetUpTestSuite() {
   ASSERT_TRUE(tile.save(session_->folder.filePath("tile.png")));
 }
 
-void Desk::SetUp() {
-  listener_ = atspi_event_listener_new(&Desk::Hear, this, nullptr);
+void DesktopSession::SetUp() {
+  listener_ = atspi_event_listener_new(&DesktopSession::Hear, this, nullptr);
   ASSERT_TRUE(atspi_event_listener_register(listener_, "object:state-changed:showing", nullptr));
   session_->Start(MORVANE_PROGRAM, {});
   ASSERT_TRUE(AwaitFocus("canvas Map = 615 x 483 pixels")) << Focus();
 }
 
-void Desk::TearDown() {
+void DesktopSession::TearDown() {
   atspi_event_listener_deregister(listener_, "object:state-changed:showing", nullptr);
   g_object_unref(listener_);
   session_->processes.front().kill();
@@ -52,15 +52,15 @@ void Desk::TearDown() {
   session_->processes.pop_front();
 }
 
-Spoken Desk::Opened(const std::string& title) {
+AccessibleObject DesktopSession::Opened(const std::string& title) {
   EXPECT_TRUE(Await([&title] {
-    const Spoken window = WindowOf(title);
+    const AccessibleObject window = WindowOf(title);
     return window && window.Is(ATSPI_STATE_ACTIVE) && FocusIn(window);
   })) << title;
   return WindowOf(title);
 }
 
-void Desk::OpenMenu(const char* keys, const std::string& firstEntry) {
+void DesktopSession::OpenMenu(const char* keys, const std::string& firstEntry) {
   for (int attempt = 0; attempt < 3; ++attempt) {
     Key({keys});
     if (AwaitFocus(firstEntry)) return;
@@ -69,11 +69,11 @@ void Desk::OpenMenu(const char* keys, const std::string& firstEntry) {
   ADD_FAILURE() << firstEntry << " never has the focus, but " << Focus();
 }
 
-std::vector<std::string> Desk::Round(const char* window) {
+std::vector<std::string> DesktopSession::Round(const char* window) {
   constexpr size_t kMostStops = 30;
   constexpr int kSeen = 40;
   std::vector<std::string> stops;
-  Spoken stop = FocusIn(Opened(window));
+  AccessibleObject stop = FocusIn(Opened(window));
   std::string last = stop.Line();
   QImage before = Picture();
   while (stops.size() < kMostStops) {
@@ -93,7 +93,7 @@ std::vector<std::string> Desk::Round(const char* window) {
   return stops;
 }
 
-QImage Desk::Picture() {
+QImage DesktopSession::Picture() {
   const QString file = session_->folder.filePath("display.png");
   QImage last, now;
   EXPECT_TRUE(Await([&] {
@@ -105,11 +105,11 @@ QImage Desk::Picture() {
   return now;
 }
 
-void Desk::Hear(AtspiEvent* event, void* desk) {
-  const Spoken source(static_cast<AtspiAccessible*>(g_object_ref(event->source)));
+void DesktopSession::Hear(AtspiEvent* event, void* desk) {
+  const AccessibleObject source(static_cast<AtspiAccessible*>(g_object_ref(event->source)));
   if (event->detail1 != 0 && source.Role() == ATSPI_ROLE_NOTIFICATION) {
     const std::string notice = source.Name();
-    if (notice != kGreeting) static_cast<Desk*>(desk)->notices.push_back(notice);
+    if (notice != kGreeting) static_cast<DesktopSession*>(desk)->notices.push_back(notice);
   }
   g_boxed_free(ATSPI_TYPE_EVENT, event);
 }

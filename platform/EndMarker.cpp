@@ -1,4 +1,4 @@
-#include "platform/PictureEnd.h"
+#include "platform/EndMarker.h"
 
 #include <algorithm>
 #include <array>
@@ -73,7 +73,7 @@ bool GifHasItsEnd(File file) {
 
 }  // namespace
 
-bool HasItsEnd(File file) {
+bool HasEndMarker(File file) {
   constexpr std::array<std::uint8_t, 3> kJpeg = {0xFF, 0xD8, 0xFF};
   constexpr std::array<std::uint8_t, 4> kGif = {'G', 'I', 'F', '8'};
   if (BeginsWith(file, kJpeg)) return JpegHasItsEnd(file);

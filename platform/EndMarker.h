@@ -7,6 +7,6 @@ namespace morvane {
 
 /// Whether a JPEG or a GIF file goes on to its end mark; whatever follows is left alone. Files of
 /// other formats always do.
-bool HasItsEnd(std::span<const std::uint8_t> file);
+bool HasEndMarker(std::span<const std::uint8_t> file);
 
 }  // namespace morvane

@@ -10,11 +10,11 @@
 namespace morvane {
 
 /// A control as assistive technology sees it, over the bus.
-class Spoken {
+class AccessibleObject {
  public:
-  Spoken() = default;
+  AccessibleObject() = default;
   /// Takes over the reference.
-  explicit Spoken(AtspiAccessible* node) {
+  explicit AccessibleObject(AtspiAccessible* node) {
     if (node != nullptr) node_.reset(node, &Drop);
   }
 
@@ -25,7 +25,7 @@ class Spoken {
   /// What it holds: a text, an entry, a check mark or a description; empty where that is its name.
   std::string Value() const;
   bool Is(AtspiStateType state) const;
-  std::vector<Spoken> Children() const;
+  std::vector<AccessibleObject> Children() const;
   /// Left, top, width and height on the display; nothing for a control that has just gone.
   AtspiRect Place() const;
   /// "push button Mode = Tile"
@@ -40,12 +40,12 @@ class Spoken {
 };
 
 /// Visits all that shows, in the order of the tree, without the rows of lists.
-void Walk(const Spoken& root, const std::function<void(const Spoken&)>& visit);
+void Walk(const AccessibleObject& root, const std::function<void(const AccessibleObject&)>& visit);
 
 /// The first window or dialog of the program with that title; null where there is none.
-Spoken WindowOf(const std::string& title);
+AccessibleObject WindowOf(const std::string& title);
 
 /// The control that the keys go to. Those that hand them on come before it in the tree.
-Spoken FocusIn(const Spoken& window);
+AccessibleObject FocusIn(const AccessibleObject& window);
 
 }  // namespace morvane

@@ -14,13 +14,13 @@ namespace morvane {
 /// The names are few, short and the same in every folder: ".morvane-save-1" and on. The file is
 /// locked as long as it is open, so a name whose file isn't locked was left by a run that was
 /// killed, and the next save into that folder takes it away.
-class PassingFile {
+class TemporaryFile {
  public:
   /// The folder stays open longer than this.
-  explicit PassingFile(int folder) : folder_(folder) {}
-  PassingFile(const PassingFile&) = delete;
-  PassingFile& operator=(const PassingFile&) = delete;
-  ~PassingFile();
+  explicit TemporaryFile(int folder) : folder_(folder) {}
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+  ~TemporaryFile();
 
   /// Makes the empty file with a mode, which the user's mask cuts. It never takes the wished name
   /// itself.
@@ -34,7 +34,7 @@ class PassingFile {
   /// Takes the place of what bears the name in the folder, if anything does.
   Failure RenameTo(const std::string& name);
   /// Takes a name that nothing in the folder bears.
-  Placing RenameToNew(const std::string& name);
+  NewFileOutcome RenameToNew(const std::string& name);
   /// Flushes the folder: without this a power cut may undo the renaming.
   void FlushFolder() const;
   /// The file, still open and locked, to be kept by the caller after renaming.
@@ -42,7 +42,7 @@ class PassingFile {
 
  private:
   bool TryName(const std::string& name, mode_t mode);
-  void RemoveIfLeftBehind(const std::string& name) const;
+  void RemoveIfStale(const std::string& name) const;
 
   int folder_;
   Descriptor file_;

@@ -1,4 +1,4 @@
-#include "platform/PassingFile.h"
+#include "platform/TemporaryFile.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -23,22 +23,22 @@ bool FlushToDisk(int file) {
 
 }  // namespace
 
-PassingFile::~PassingFile() {
+TemporaryFile::~TemporaryFile() {
   if (!name_.empty()) unlinkat(folder_, name_.c_str(), 0);
 }
 
-Failure PassingFile::Create(const std::string& wishedName, mode_t mode) {
+Failure TemporaryFile::Create(const std::string& wishedName, mode_t mode) {
   for (int i = 1; i <= kMostNames; ++i) {
     const std::string name = ".morvane-save-" + std::to_string(i);
     if (name == wishedName) continue;
-    RemoveIfLeftBehind(name);
+    RemoveIfStale(name);
     if (TryName(name, mode)) return {};
-    if (errno != EEXIST) return SystemReason();
+    if (errno != EEXIST) return ErrnoMessage();
   }
   return "Too many files in the folder are called \".morvane-save\" and a number.";
 }
 
-bool PassingFile::TryName(const std::string& name, mode_t mode) {
+bool TemporaryFile::TryName(const std::string& name, mode_t mode) {
   constexpr int kFlags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
   Descriptor file(openat(folder_, name.c_str(), kFlags, mode));
   if (!file.IsOpen()) return false;
@@ -53,12 +53,12 @@ bool PassingFile::TryName(const std::string& name, mode_t mode) {
   return true;
 }
 
-void PassingFile::RemoveIfLeftBehind(const std::string& name) const {
+void TemporaryFile::RemoveIfStale(const std::string& name) const {
   // Who holds the lock of the file under the name is the only one to rename or remove it.
   if (OpenAndLockOurs(folder_, name).IsOpen()) unlinkat(folder_, name.c_str(), 0);
 }
 
-void PassingFile::TakeAfter(const struct stat& other) {
+void TemporaryFile::TakeAfter(const struct stat& other) {
   const int file = file_.Number();
   const bool hasGroup =
       fchown(file, other.st_uid, other.st_gid) == 0 || fchown(file, -1, other.st_gid) == 0;
@@ -66,31 +66,31 @@ void PassingFile::TakeAfter(const struct stat& other) {
   fchmod(file, other.st_mode & (hasGroup ? 0777U : 0707U));
 }
 
-Failure PassingFile::Fill(ByteSource& content, const ChunkBuffer& buffer) {
+Failure TemporaryFile::Fill(ByteSource& content, const ChunkBuffer& buffer) {
   const int file = file_.Number();
   return ForEachChunk(content, buffer,
                       [file](std::size_t place, std::span<const std::uint8_t> bytes) {
-                        return WriteAt(file, place, bytes) ? Failure() : SystemReason();
+                        return WriteAt(file, place, bytes) ? Failure() : ErrnoMessage();
                       });
 }
 
-Failure PassingFile::Flush() const {
-  return FlushToDisk(file_.Number()) ? Failure() : SystemReason();
+Failure TemporaryFile::Flush() const {
+  return FlushToDisk(file_.Number()) ? Failure() : ErrnoMessage();
 }
 
-Failure PassingFile::RenameTo(const std::string& name) {
-  if (renameat(folder_, name_.c_str(), folder_, name.c_str()) != 0) return SystemReason();
+Failure TemporaryFile::RenameTo(const std::string& name) {
+  if (renameat(folder_, name_.c_str(), folder_, name.c_str()) != 0) return ErrnoMessage();
   name_.clear();
   return {};
 }
 
-Placing PassingFile::RenameToNew(const std::string& name) {
-  const Placing placing = morvane::RenameToNew(folder_, name_, folder_, name);
-  if (placing == Placing::Done) name_.clear();
+NewFileOutcome TemporaryFile::RenameToNew(const std::string& name) {
+  const NewFileOutcome placing = morvane::RenameToNew(folder_, name_, folder_, name);
+  if (placing == NewFileOutcome::Done) name_.clear();
   return placing;
 }
 
-void PassingFile::FlushFolder() const {
+void TemporaryFile::FlushFolder() const {
   // The file has its name already, and what a power cut could give back is whole too; so a folder
   // that can't be flushed is no failure.
   const Descriptor folder(openat(folder_, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));

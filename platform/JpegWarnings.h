@@ -4,12 +4,12 @@ namespace morvane {
 
 /// Notes damage that Qt's JPEG decoder meets in this thread. The decoder fills in what is
 /// missing and reports that only in its log.
-class JpegDamage {
+class JpegWarnings {
  public:
-  JpegDamage();
-  JpegDamage(const JpegDamage&) = delete;
-  JpegDamage& operator=(const JpegDamage&) = delete;
-  ~JpegDamage();
+  JpegWarnings();
+  JpegWarnings(const JpegWarnings&) = delete;
+  JpegWarnings& operator=(const JpegWarnings&) = delete;
+  ~JpegWarnings();
 
   /// Installs the handler of messages, if the first decoder hasn't yet. To be called at the start:
   /// for a moment no other handler is installed.

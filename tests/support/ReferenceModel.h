@@ -8,7 +8,7 @@ namespace morvane {
 
 /// The editor told once more, as plainly as the rules are: full scans, one pixel at a time, no
 /// sharing between modes. Slow, and a second opinion on every pixel of the map.
-struct PlainModel {
+struct ReferenceModel {
   const TilePictures& art;
   Size box{619, 487};  ///< of the map with its border
   Picture map{615, 483, kWhite};
@@ -23,7 +23,7 @@ struct PlainModel {
   bool wall = false;
   bool door = false;
 
-  explicit PlainModel(const TilePictures& pictures)
+  explicit ReferenceModel(const TilePictures& pictures)
       : art(pictures), stamp(art.Of(*FindItem("pbfloor"))), source(stamp) {}
 
   void Pick(const Item& item) {

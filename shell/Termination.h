@@ -13,11 +13,11 @@ namespace morvane {
 /// Keeps the map at the ends of the program at which the exit question can't be asked: SIGTERM,
 /// SIGINT, SIGHUP, the loss of the display, and the end of the desktop session. There is one of
 /// these, from when the main window is ready until the event loop has ended.
-class UnaskedEnd : public QObject {
+class Termination : public QObject {
  public:
   /// The form outlives this object.
-  explicit UnaskedEnd(MainForm& form);
-  ~UnaskedEnd() override;
+  explicit Termination(MainForm& form);
+  ~Termination() override;
 
  protected:
   bool eventFilter(QObject* application, QEvent* event) override;

@@ -1,4 +1,4 @@
-#include "platform/JpegDamage.h"
+#include "platform/JpegWarnings.h"
 
 #include <QLoggingCategory>
 #include <algorithm>
@@ -15,7 +15,7 @@ constexpr const char* kDecoder = "qt.gui.imageio.jpeg";
 constexpr std::array kDamage = {"premature end of data segment", "bad Huffman code",
                                 "bad arithmetic code", "instead of RST"};
 
-thread_local JpegDamage* listener = nullptr;
+thread_local JpegWarnings* listener = nullptr;
 
 QtMessageHandler nextHandler = nullptr;
 QLoggingCategory::CategoryFilter nextFilter = nullptr;
@@ -48,20 +48,20 @@ bool Listen() {
 
 }  // namespace
 
-void JpegDamage::Install() {
+void JpegWarnings::Install() {
   [[maybe_unused]] static const bool isListening = Listen();
 }
 
-JpegDamage::JpegDamage() {
+JpegWarnings::JpegWarnings() {
   Install();
   listener = this;
 }
 
-JpegDamage::~JpegDamage() {
+JpegWarnings::~JpegWarnings() {
   listener = nullptr;
 }
 
-void JpegDamage::Hear(const char* line) {
+void JpegWarnings::Hear(const char* line) {
   wasMet_ = wasMet_ || std::any_of(kDamage.begin(), kDamage.end(), [line](const char* damage) {
               return std::strstr(line, damage) != nullptr;
             });

@@ -11,10 +11,10 @@ namespace morvane {
 
 /// What a document still has room for. Without limits a few kilobytes of pasted text can keep the
 /// layout busy for minutes.
-class TextRoom {
+class TextLimits {
  public:
   /// The room beside what the document holds already.
-  explicit TextRoom(const QTextDocument& document);
+  explicit TextLimits(const QTextDocument& document);
 
   bool IsFull() const { return Letters({}) == 0; }
   /// The beginning of a text that fits in that format, which is counted. Large letters take more

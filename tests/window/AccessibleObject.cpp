@@ -1,4 +1,4 @@
-#include "tests/window/Spoken.h"
+#include "tests/window/AccessibleObject.h"
 
 #include <map>
 #include <set>
@@ -33,19 +33,19 @@ std::string WordFor(AtspiRole role) {
 
 }  // namespace
 
-std::string Spoken::Taken(char* text) {
+std::string AccessibleObject::Taken(char* text) {
   std::string taken = text != nullptr ? text : "";
   g_free(text);
   return taken;
 }
 
-std::string Spoken::Name() const {
+std::string AccessibleObject::Name() const {
   std::string label;
   GArray* relations = atspi_accessible_get_relation_set(node_.get(), nullptr);
   for (guint i = 0; relations != nullptr && i < relations->len; ++i) {
     auto* relation = g_array_index(relations, AtspiRelation*, i);
     if (atspi_relation_get_relation_type(relation) == ATSPI_RELATION_LABELLED_BY) {
-      const Spoken target(atspi_relation_get_target(relation, 0));
+      const AccessibleObject target(atspi_relation_get_target(relation, 0));
       if (target.Role() == ATSPI_ROLE_LABEL) label = target.OwnName();
     }
     g_object_unref(relation);
@@ -56,7 +56,7 @@ std::string Spoken::Name() const {
   return label.empty() || label.find(own) == 0 ? own : label + " " + own;
 }
 
-std::string Spoken::Value() const {
+std::string AccessibleObject::Value() const {
   const AtspiRole role = Role();
   if (role == ATSPI_ROLE_CHECK_BOX) return Is(ATSPI_STATE_CHECKED) ? "checked" : "not checked";
   if (role == ATSPI_ROLE_PAGE_TAB) return Is(ATSPI_STATE_SELECTED) ? "selected" : "";
@@ -71,7 +71,7 @@ std::string Spoken::Value() const {
   return value == OwnName() ? "" : value;
 }
 
-bool Spoken::Is(AtspiStateType state) const {
+bool AccessibleObject::Is(AtspiStateType state) const {
   AtspiStateSet* states = atspi_accessible_get_state_set(node_.get());
   if (states == nullptr) return false;  // it has just gone
   const bool is = atspi_state_set_contains(states, state);
@@ -79,17 +79,17 @@ bool Spoken::Is(AtspiStateType state) const {
   return is;
 }
 
-std::vector<Spoken> Spoken::Children() const {
-  std::vector<Spoken> children;
+std::vector<AccessibleObject> AccessibleObject::Children() const {
+  std::vector<AccessibleObject> children;
   const int count = atspi_accessible_get_child_count(node_.get(), nullptr);
   for (int i = 0; i < count; ++i) {
-    const Spoken child(atspi_accessible_get_child_at_index(node_.get(), i, nullptr));
+    const AccessibleObject child(atspi_accessible_get_child_at_index(node_.get(), i, nullptr));
     if (child) children.push_back(child);
   }
   return children;
 }
 
-AtspiRect Spoken::Place() const {
+AtspiRect AccessibleObject::Place() const {
   AtspiRect place{};
   auto* component = atspi_accessible_get_component_iface(node_.get());
   if (component == nullptr) return place;
@@ -100,41 +100,41 @@ AtspiRect Spoken::Place() const {
   return place;
 }
 
-std::string Spoken::Line() const {
+std::string AccessibleObject::Line() const {
   if (node_ == nullptr) return "nothing";
   std::string line = WordFor(Role()) + " " + Name();
   const std::string value = Value();
   return value.empty() ? line : line + " = " + value;
 }
 
-void Walk(const Spoken& root, const std::function<void(const Spoken&)>& visit) {
+void Walk(const AccessibleObject& root, const std::function<void(const AccessibleObject&)>& visit) {
   static const std::set<AtspiRole> kHolders = {ATSPI_ROLE_COMBO_BOX, ATSPI_ROLE_LIST,
                                                ATSPI_ROLE_TEXT};
-  std::vector<Spoken> ahead = {root};
+  std::vector<AccessibleObject> ahead = {root};
   while (!ahead.empty()) {
-    const Spoken control = ahead.back();
+    const AccessibleObject control = ahead.back();
     ahead.pop_back();
     if (!control || !control.Is(ATSPI_STATE_SHOWING)) continue;
     visit(control);
     if (kHolders.contains(control.Role())) continue;
-    const std::vector<Spoken> children = control.Children();
+    const std::vector<AccessibleObject> children = control.Children();
     ahead.insert(ahead.end(), children.rbegin(), children.rend());
   }
 }
 
-Spoken WindowOf(const std::string& title) {
-  const Spoken desktop(atspi_get_desktop(0));
-  for (const Spoken& program : desktop.Children()) {
-    for (const Spoken& window : program.Children()) {
+AccessibleObject WindowOf(const std::string& title) {
+  const AccessibleObject desktop(atspi_get_desktop(0));
+  for (const AccessibleObject& program : desktop.Children()) {
+    for (const AccessibleObject& window : program.Children()) {
       if (window.Name() == title && window.Is(ATSPI_STATE_SHOWING)) return window;
     }
   }
   return {};
 }
 
-Spoken FocusIn(const Spoken& window) {
-  Spoken focus;
-  Walk(window, [&focus](const Spoken& control) {
+AccessibleObject FocusIn(const AccessibleObject& window) {
+  AccessibleObject focus;
+  Walk(window, [&focus](const AccessibleObject& control) {
     if (control.Is(ATSPI_STATE_FOCUSED)) focus = control;
   });
   return focus;

@@ -19,7 +19,7 @@
 #include "shell/frmText.h"
 #include "shell/widgets/TabStrip.h"
 #include "tests/faults/MonkeyPlatform.h"
-#include "tests/support/PlainModel.h"
+#include "tests/support/ReferenceModel.h"
 #include "tools/CanvasKeyboard.h"
 #include "tools/TextInsertion.h"
 
@@ -27,12 +27,12 @@ namespace morvane {
 
 /// The real window from its opening to its closing, and beside it the plain model, which hears of
 /// every event that the window's parts report.
-class HeardSession : public QObject {
+class TestSession : public QObject {
  public:
   /// Counts what it hears.
   using Counts = std::map<std::string, int>;
 
-  HeardSession(Dice& dice, const Workshop& workshop, Counts& heard)
+  TestSession(Dice& dice, const Workshop& workshop, Counts& heard)
       : platform(dice, workshop), form(platform, &LoadArtSheet), window(form), heard_(heard) {
     platform.SetWindow(&window, [this] { window.ShowState(); });
     platform.SetTextForm([this](std::string& text) {
@@ -56,7 +56,7 @@ class HeardSession : public QObject {
   MonkeyPlatform platform;
   MainForm form;
   frmMain window;
-  PlainModel model{form.palette.pictures};
+  ReferenceModel model{form.palette.pictures};
 
  protected:
   bool isArmed_ = false;

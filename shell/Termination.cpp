@@ -1,4 +1,4 @@
-#include "shell/UnaskedEnd.h"
+#include "shell/Termination.h"
 
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -50,7 +50,7 @@ void PassSignal(int number) {
 
 /// Qt calls exit() where the X server is gone.
 void EndAtExit() {
-  if (runningForm != nullptr) runningForm->EndUnasked();
+  if (runningForm != nullptr) runningForm->RescueAtTermination();
 }
 
 /// GTK, which comes with some desktops' themes, has a connection of its own to the display, and
@@ -113,7 +113,7 @@ void EndByLostCompositor() {
   constexpr unsigned long kPatience = 5;  // s
   if (runningForm == nullptr) return;
   if (QThread::currentThread() == qApp->thread()) {
-    runningForm->EndUnasked();
+    runningForm->RescueAtTermination();
     std::_Exit(EXIT_FAILURE);
   } else {
     WriteToPipe(kDisplayLost);
@@ -130,11 +130,12 @@ void TakeMessage(QtMsgType type, const QMessageLogContext& context, const QStrin
   std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
 }
 
-UnaskedEnd::UnaskedEnd(MainForm& form) : form_(form), ends_(OpenEndPipe(), QSocketNotifier::Read) {
+Termination::Termination(MainForm& form)
+    : form_(form), ends_(OpenEndPipe(), QSocketNotifier::Read) {
   runningForm = &form;
   std::atexit(&EndAtExit);
   WatchGtk();
-  connect(&ends_, &QSocketNotifier::activated, this, &UnaskedEnd::EndByPipe);
+  connect(&ends_, &QSocketNotifier::activated, this, &Termination::EndByPipe);
   for (const int number : kSignals) {
     struct sigaction action {};
     sigaction(number, nullptr, &action);
@@ -146,25 +147,25 @@ UnaskedEnd::UnaskedEnd(MainForm& form) : form_(form), ends_(OpenEndPipe(), QSock
     sigaction(number, &action, nullptr);
   }
   // The session manager waits for the answer, so it must come during the signal.
-  connect(qApp, &QGuiApplication::commitDataRequest, this, &UnaskedEnd::CommitSession,
+  connect(qApp, &QGuiApplication::commitDataRequest, this, &Termination::CommitSession,
           Qt::DirectConnection);
   qApp->installEventFilter(this);
 }
 
-UnaskedEnd::~UnaskedEnd() {
+Termination::~Termination() {
   runningForm = nullptr;
 }
 
-void UnaskedEnd::EndByPipe() {
+void Termination::EndByPipe() {
   char number = 0;
   if (read(endPipe[0], &number, 1) != 1) return;
-  form_.EndUnasked();
+  form_.RescueAtTermination();
   if (number == kDisplayLost) std::_Exit(EXIT_FAILURE);
   std::signal(number, SIG_DFL);
   std::raise(number);
 }
 
-void UnaskedEnd::CommitSession(QSessionManager& session) {
+void Termination::CommitSession(QSessionManager& session) {
   const bool mayAsk = session.allowsInteraction();
   if (form_.SessionEnds(mayAsk)) {
     session.cancel();
@@ -174,9 +175,9 @@ void UnaskedEnd::CommitSession(QSessionManager& session) {
 }
 
 /// While the window is still open, only a session manager that ends the session quits.
-bool UnaskedEnd::eventFilter(QObject* application, QEvent* event) {
+bool Termination::eventFilter(QObject* application, QEvent* event) {
   if (application == qApp && event->type() == QEvent::Quit && !form_.HasEnded()) {
-    form_.EndUnasked();
+    form_.RescueAtTermination();
     std::_Exit(EXIT_SUCCESS);
   }
   return false;

@@ -4,8 +4,8 @@
 
 #include <QImage>
 
+#include "tests/window/AccessibleObject.h"
 #include "tests/window/Session.h"
-#include "tests/window/Spoken.h"
 
 namespace morvane {
 
@@ -13,7 +13,7 @@ namespace morvane {
 inline const std::string kGreeting = "Morvane, maps for role-playing games, painted tile by tile";
 
 /// A display and a bus of accessibility of their own, and for each test the real program on them.
-class Desk : public testing::Test {
+class DesktopSession : public testing::Test {
  protected:
   static void SetUpTestSuite();
   static void TearDownTestSuite() { session_.reset(); }
@@ -21,7 +21,7 @@ class Desk : public testing::Test {
   void TearDown() override;
 
   /// The window or dialog of that title once the keys go to it.
-  static Spoken Opened(const std::string& title);
+  static AccessibleObject Opened(const std::string& title);
   static std::string Focus(const char* window = "Morvane") {
     return FocusIn(WindowOf(window)).Line();
   }
