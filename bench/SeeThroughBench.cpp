@@ -15,7 +15,7 @@
 namespace morvane::bench {
 namespace {
 
-/// A see-through copy at many places of a map.
+/// A transparent copy at many places of a map.
 struct Pasting {
   Stage map{Noise(kMap, 1)};
   Stage piece;

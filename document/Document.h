@@ -11,7 +11,7 @@
 
 namespace morvane {
 
-/// The map and its blank twin, its file, and what the main window shows of them.
+/// The map and its blank copy, its file, and what the main window shows of them.
 struct Document {
   explicit Document(Platform& thePlatform) : platform(thePlatform), settings(thePlatform) {
     Canvas.MousePointer = Pointer::Cross;
@@ -22,7 +22,7 @@ struct Document {
 
   /// The map. The size is the designed one; the window sets another as soon as it is laid out.
   PictureBox Canvas{617, 484, PictureBox::Border::Sunken};
-  /// A blank map, never shown: what erasing copies from.
+  /// A blank map that is never shown. Erasing copies from it.
   PictureBox pbclear{617, 484, PictureBox::Border::None};
   /// Pointer of the main window.
   Pointer MousePointer = Pointer::Standard;

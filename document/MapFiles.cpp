@@ -18,11 +18,11 @@ FileDialog MapDialog(const Document& document, const char* title) {
           .InitDir = document.settings.GetINIFileString("Map", "Dir", "")};
 }
 
-/// What became of a save.
+/// The outcome of a save.
 struct SaveOutcome {
   bool isSaved = false;
-  std::string path;  ///< empty if the user named none
-  Failure reason;    ///< empty if the user decided against it
+  std::string path;  ///< empty if the user chose no name
+  Failure reason;    ///< empty if the user declined
 };
 
 SaveOutcome SaveTo(Document& document, const std::string& path) {
@@ -62,7 +62,7 @@ std::string NameOf(const std::string& path) {
   return path.substr(path.rfind('/') + 1);
 }
 
-/// What the user has to know of a save that was not done.
+/// The message about a save that was not done; empty if there is none.
 std::string TextOf(const SaveOutcome& outcome) {
   if (outcome.reason.empty()) return "The map was not saved.";
   return std::string(kNotSaved) + "\n\n" + outcome.path + "\n\n" + outcome.reason;
@@ -74,8 +74,8 @@ void Tell(Document& document, const SaveOutcome& outcome) {
   }
 }
 
-/// The window goes away whatever happens, so the map is put somewhere first. Where no folder takes
-/// it, the user may try again and choose other places.
+/// The window closes in any case, so the map is saved somewhere first. If no folder accepts it, the
+/// user can choose other places.
 void Rescue(Document& document, SaveOutcome outcome) {
   Platform& platform = document.platform;
   const std::string path = WriteRescueCopy(document);

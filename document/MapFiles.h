@@ -6,10 +6,10 @@
 
 namespace morvane {
 
-/// Names the current file in the window's caption.
+/// Shows the current file in the window's title.
 void SetTitle(Document& document);
 
-/// Opens a map by its absolute path; one that can't be opened is told, and nothing changes.
+/// Opens a map by its absolute path. If that fails, it reports why and changes nothing.
 void OpenMap(Document& document, const std::string& path);
 
 /// File > Open.
@@ -21,7 +21,7 @@ void mnuFileSave_Click(Document& document);
 /// File > Save As.
 void mnuFileSaveAs_Click(Document& document);
 
-/// The question at exit. Returns whether the window stays.
+/// Asks the exit question. Returns whether the window stays open.
 bool AskToSave(Document& document);
 
 }  // namespace morvane

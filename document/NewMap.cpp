@@ -9,7 +9,7 @@
 namespace morvane {
 namespace {
 
-/// The box that the grid is drawn ahead for, so that a growing window finds it there.
+/// The area for which the grid is drawn in advance, so that it is there when the window grows.
 constexpr Size kDrawnAhead = {1432, 1168};
 constexpr Size kInsideDrawnAhead = {1428, 1164};
 constexpr int kColumnsAhead = 72;

@@ -6,10 +6,10 @@
 
 namespace morvane {
 
-/// Tells the user what failed, and the system's reason.
+/// Reports to the user what failed, and the system's reason.
 void ReportFailure(Platform& platform, const std::string& what, const Failure& reason);
 
-/// The same for what failed with a file.
+/// The same for a failed operation on a file.
 void ReportFileFailure(Platform& platform, const std::string& what, const std::string& file,
                        const Failure& reason);
 

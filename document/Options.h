@@ -23,8 +23,8 @@ class Options {
   void ButtonCustomDir_Click();
   void PaletteButton_Click();
   void GridPaletteButton_Click();
-  /// Writes the fields into the settings. Returns whether the dialog may close: settings that can't
-  /// be written are told, and the fields stay.
+  /// Writes the fields into the settings. Returns whether the dialog may close: if the settings
+  /// can't be written, it reports that and keeps the fields.
   bool cmdOK_Click();
 
  private:
@@ -32,7 +32,7 @@ class Options {
   void PickColor(Color& box);
 
   Document& document_;
-  /// What the colour dialog holds, black at first; it serves both boxes, also after a cancel.
+  /// The colour dialog's colour, initially black. Both boxes share it, even after a cancel.
   Color commonColor_ = 0;
 };
 

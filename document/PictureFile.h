@@ -9,10 +9,11 @@
 
 namespace morvane {
 
-/// No larger file of another format than BMP is read: it is held in memory as a whole.
+/// The largest file of a format other than BMP that is read. Such a file is loaded into memory as a
+/// whole.
 inline constexpr std::size_t kMostForeignBytes = 256'000'000;
 
-/// Runs what loads a picture; a lack of memory becomes a reason like any other.
+/// Runs a function that loads a picture. Running out of memory becomes a failure like any other.
 Failure CatchOutOfMemory(const std::function<Failure()>& load);
 
 /// Loads a picture from an image file of any known format.

@@ -15,7 +15,7 @@ namespace morvane {
 class Picture;
 struct PictureView;
 
-/// Whether a file could be put under a name that must be new.
+/// The outcome of creating a file under a name that must not exist yet.
 enum class NewFileOutcome { Done, NameTaken, Failed };
 
 /// A snapshot that an earlier run left behind. It is locked while this object lives, so that no
@@ -25,7 +25,7 @@ class Leftover : public ByteSource {
   virtual std::time_t WrittenAt() const = 0;
   /// Renames the file, and never replaces another one. Fails between two volumes.
   virtual NewFileOutcome MoveTo(const std::string& path) = 0;
-  /// Deletes the file if it hasn't been renamed. Where that can't be, empties it.
+  /// Deletes the file unless it was renamed. If it can't be deleted, truncates it.
   virtual void Delete() = 0;
 };
 
@@ -48,10 +48,10 @@ struct FileDialog {
   std::string InitDir;   ///< folder to start in; empty leaves the choice to the platform
 };
 
-/// The name that stands in the title of every notice.
+/// The title of every message box.
 inline constexpr const char* kProgramName = "Morvane";
 
-/// The seam: all that the rules need of a desktop. Paths and texts are UTF-8.
+/// The interface between the rules and the desktop. Paths and texts are UTF-8.
 class Platform {
  public:
   Platform() = default;
@@ -59,9 +59,9 @@ class Platform {
   Platform& operator=(const Platform&) = delete;
   virtual ~Platform() = default;
 
-  /// Brings the window up to date in the middle of an event.
+  /// Updates the window in the middle of an event.
   virtual void ShowState() = 0;
-  /// Asks or tells the user something; returns when a button was pressed.
+  /// Shows a message box, and returns when a button was pressed.
   virtual Answer MsgBox(const std::string& text, BoxStyle style, const std::string& title) = 0;
   /// Lets the user choose a file to open; empty after a cancel.
   virtual std::string ShowOpen(const FileDialog& dialog) = 0;
@@ -75,9 +75,9 @@ class Platform {
   virtual bool IsFolderReadable(const std::string& path) = 0;
   /// Opens a normal file for reading; anything else is refused with its reason.
   virtual Result<std::unique_ptr<ByteSource>> OpenFile(const std::string& path) = 0;
-  /// Puts the bytes in the place of a file, all or nothing: after a failure the old file is intact.
+  /// Replaces a file atomically: after a failure the old file is intact.
   virtual Failure WriteFile(const std::string& path, ByteSource& content) = 0;
-  /// Writes a new file as a whole; never replaces one that exists.
+  /// Writes a new file as a whole. Never replaces an existing one.
   virtual NewFileOutcome WriteNewFile(const std::string& path, ByteSource& content) = 0;
   /// The names of the folders in a folder, in natural order. One that can't be read has none.
   virtual std::vector<std::string> ListFolders(const std::string& folder) = 0;
@@ -91,7 +91,7 @@ class Platform {
   virtual std::vector<std::string> RescueFolders() = 0;
   /// Remembers a rescue copy that the next run has to report.
   virtual void NoteRescueCopy(const std::string& path) = 0;
-  /// The rescue copies that are noted.
+  /// The rescue copies that have been noted.
   virtual std::vector<std::string> RescueNotes() = 0;
   /// Deletes the notes of these copies.
   virtual void DeleteRescueNotes(const std::vector<std::string>& paths) = 0;
@@ -101,7 +101,7 @@ class Platform {
                                               const std::string& dv, std::size_t size,
                                               const std::string& path) = 0;
 
-  /// Sets one value of a private-profile file and leaves its other lines alone.
+  /// Sets one value of a private-profile file and leaves its other lines unchanged.
   virtual Failure WritePrivateProfileString(const std::string& section, const std::string& key,
                                             const std::string& value, const std::string& path) = 0;
 
@@ -109,20 +109,21 @@ class Platform {
   virtual Failure WriteSnapshot(ByteSource& content) = 0;
   /// The snapshot, to be read before the next one is written.
   virtual Result<std::unique_ptr<ByteSource>> OpenSnapshot() = 0;
-  /// Whether nobody has touched the snapshot since it was written.
+  /// Whether the snapshot is unmodified since it was written.
   virtual bool IsSnapshotUntouched() = 0;
   virtual void DeleteSnapshot() = 0;
   /// The snapshots that earlier runs of this user left behind, valid or not. To be called before
   /// the first snapshot is written, which replaces the one in the current directory.
   virtual std::vector<std::unique_ptr<Leftover>> FindLeftovers() = 0;
 
-  /// Decodes a picture of any format but BMP, laid over white. One that takes more than two seconds
-  /// is given up.
+  /// Decodes a picture of any format but BMP, laid over white. Decoding is abandoned after two
+  /// seconds.
   virtual Result<Picture> DecodePicture(Bytes content) = 0;
 
-  /// Lets the user edit rich text. Returns whether it was accepted; text then holds the new one.
+  /// Lets the user edit rich text. Returns whether the user accepted it; if so, text holds the
+  /// result.
   virtual bool EditText(std::string& text) = 0;
-  /// Draws rich text from the top left of a picture, wrapped at its width, in full colours only.
+  /// Draws rich text from the top left of a picture, wrapped at its width, without anti-aliasing.
   virtual void DrawText(const std::string& text, Picture& picture) = 0;
 
   /// Prints one page with the picture at its top left, 96 pixels to the inch.

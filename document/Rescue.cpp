@@ -23,7 +23,7 @@ std::string RescueName(std::time_t painted) {
   return name.data();
 }
 
-/// Puts a file into the first rescue folder that takes it, under a name that is new there.
+/// Writes a file to the first rescue folder that accepts it, under a name that is new there.
 std::string PlaceRescueFile(Platform& platform, std::time_t painted,
                             const std::function<NewFileOutcome(const std::string& path)>& place) {
   constexpr int kMostNames = 100;
@@ -43,7 +43,7 @@ bool IsInItsFile(Document& document) {
   if (!document.HasCurrentFile) return false;
   Result<LoadedPicture> file = LoadPicture(document.platform, document.CurrentFile);
   if (!file.Ok()) return false;
-  // A file that is smaller than the map was opened onto white.
+  // If the file is smaller than the map, it was opened on a white background.
   const PictureView map = document.Canvas.Image();
   const PictureView saved = file.Value().picture.View();
   if (saved.width > map.width || saved.height > map.height) return false;

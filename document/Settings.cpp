@@ -45,7 +45,7 @@ double NumericValue(const std::string& text) {
   const char* end = begin + digits.size();
   const char* first = begin != end && (*begin == '+' || *begin == '-') ? begin + 1 : begin;
   if (begin != end && *begin == '+') ++begin;
-  // Words such as "infinity" are no numbers here.
+  // strtod would also accept words such as "infinity".
   const bool startsNumber = first != end && (*first == '.' || (*first >= '0' && *first <= '9'));
   double value = 0;
   if (!startsNumber || std::from_chars(begin, end, value).ec != std::errc()) return 0;

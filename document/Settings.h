@@ -8,7 +8,7 @@
 
 namespace morvane {
 
-/// The settings file "Morvane.ini", read afresh at each use.
+/// The settings file "Morvane.ini", read anew at each use.
 class Settings {
  public:
   explicit Settings(Platform& platform) : platform_(platform) {}
@@ -22,14 +22,14 @@ class Settings {
   std::string GetINIFileString(const std::string& section, const std::string& key,
                                const std::string& dv) const;
 
-  /// Sets the text of a key; the file comes into being with the first one.
+  /// Sets the text of a key. The first call creates the file.
   Failure Write(const std::string& section, const std::string& key, const std::string& value) const;
 
  private:
   Platform& platform_;
 };
 
-/// The folder with one separator at its end.
+/// The folder with exactly one separator at its end.
 std::string WithTrailingBackslash(const std::string& aString);
 
 /// The number at the start of a text, blanks ignored; 0 where there is none.

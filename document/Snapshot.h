@@ -4,7 +4,7 @@
 
 namespace morvane {
 
-/// Keeps the map as it is now for the next Undo. A map that can't be kept is told once in a run.
+/// Keeps the map as it is now for the next Undo. The first failure in a run is reported.
 void TakeSnapshot(Document& document);
 
 }  // namespace morvane

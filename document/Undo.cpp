@@ -7,8 +7,8 @@
 namespace morvane {
 namespace {
 
-/// Puts the snapshot in the place of the map. One that nobody has touched and that can be read to
-/// its end is read over the map itself: any other could turn out to be unsound half-way.
+/// Replaces the map with the snapshot. An unmodified snapshot that can be read to its end is
+/// decoded into the map's own memory; any other could turn out to be damaged half-way.
 Failure RestoreSnapshot(Document& document) {
   Result<std::unique_ptr<ByteSource>> snapshot = document.platform.OpenSnapshot();
   if (!snapshot.Ok()) return snapshot.Reason();

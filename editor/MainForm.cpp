@@ -59,7 +59,7 @@ void MainForm::RescueAtTermination() {
   if (hasEnded_) return;
   hasEnded_ = true;
   CatchOutOfMemory([this] {
-    // If a rescue copy takes too long or fails, the next run finds the whole map here.
+    // If the rescue copy takes too long or fails, the next run finds the complete map here.
     BmpEncoder map(document.Canvas.Image());
     document.platform.WriteSnapshot(map);
     if (RescueUnsavedMap(document)) document.platform.DeleteSnapshot();

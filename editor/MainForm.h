@@ -26,17 +26,18 @@ struct MainForm {
   /// The window is about to close. Returns whether that is cancelled.
   bool Form_Unload();
 
-  /// All windows are closed: takes away what the run kept on disk.
+  /// All windows are closed: deletes the files of this run.
   void EndRun();
 
   bool HasEnded() const { return hasEnded_; }
 
-  /// The process ends at once, with nobody to ask: keeps a map that would be lost. Does nothing
-  /// after the run has ended.
+  /// The process ends without a chance to ask the user: writes a rescue copy of a map that would be
+  /// lost. Does nothing after the run has ended.
   void RescueAtTermination();
 
   /// The desktop session is about to end, and may yet go on. Asks the exit question where that is
-  /// allowed, else keeps a map that would be lost. Returns whether the user cancels the end.
+  /// allowed, else writes a rescue copy of a map that would be lost. Returns whether the user
+  /// cancels the end.
   bool SessionEnds(bool mayAsk);
 
  private:

@@ -130,7 +130,7 @@ void AddForeign(SeedFolder folder) {
         folder.Add(buffer.data());
     }
   }
-  // A moving picture of one grey pixel: the toolkit reads this format but doesn't write it.
+  // A moving picture of one grey pixel: Qt reads this format but doesn't write it.
   folder.Add(Bytes{'G', 'I', 'F', '8', '9', 'a',  1, 0, 1, 0,   0x80, 0, 0,   9, 9,
                    9,   250, 250, 250, '!', 0xF9, 4, 1, 0, 0,   0,    0, ',', 0, 0,
                    0,   0,   1,   0,   1,   0,    0, 2, 2, 'D', 1,    0, ';'});

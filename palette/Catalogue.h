@@ -64,8 +64,8 @@ const std::array<TileSet, kBuiltInSets>& TileSets();
 const std::array<Item, kItemCount>& Items();
 const std::array<EdgePicture, kEdgePictureCount>& EdgePictures();
 
-/// What an item paints on the map: in "TSR Original" one pixel less than its picture on both axes,
-/// so that the grid line which closes the cell stays.
+/// The size that an item paints on the map. In "TSR Original" it is one pixel less than the picture
+/// on both axes, so that the grid line at the end of the cell stays visible.
 Size StampSize(const Item& item);
 
 /// The item of a control; null where there is none.

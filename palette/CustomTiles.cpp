@@ -13,7 +13,7 @@ namespace {
 constexpr int kMostPreview = 60;
 
 int Scaled(int side, int otherSide) {
-  // Halves go to the even number, as everywhere in the system.
+  // Halves are rounded to even, as everywhere in the system.
   return std::max(1, static_cast<int>(std::nearbyint(double{kMostPreview} * side / otherSide)));
 }
 

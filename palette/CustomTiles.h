@@ -6,10 +6,10 @@
 
 namespace morvane {
 
-/// A drive was chosen: its folder shows, and with it its files.
+/// A drive was chosen: shows its folder and its files.
 void Drive1_Change(Palette& palette, const std::string& drive);
 
-/// A folder was opened: its files show.
+/// A folder was opened: shows its files.
 void Dir1_Change(Palette& palette, const std::string& path);
 
 /// A file was clicked: its picture becomes the stamp. One that can't be read changes nothing but

@@ -11,13 +11,12 @@ namespace morvane {
 class ListedFolder {
  public:
   const std::string& Path() const { return path_; }
-  /// How often the folder was read: as long as that stays, so does what is in the list.
+  /// Counts how often the folder was read. While it stays the same, so does the list.
   int Readings() const { return readings_; }
 
-  /// Shows another folder. One that can't be read is refused: the list stays. Returns whether it
-  /// shows.
+  /// Shows another folder. If it can't be read, returns false and keeps the list.
   bool SetPath(Platform& platform, const std::string& path);
-  /// Lets the folder be read again.
+  /// Has the folder read again at the next use.
   void Refresh() { isRead_ = false; }
 
  protected:
@@ -48,7 +47,7 @@ class FileList : public ListedFolder {
   mutable std::vector<std::string> files_;
 };
 
-/// The list of folders: the way from the root to the present one, then what it holds.
+/// The list of folders: those from the root down to the current one, then its subfolders.
 class FolderList : public ListedFolder {
  public:
   struct Row {

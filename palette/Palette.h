@@ -17,10 +17,10 @@ struct Outline {
   bool Visible = false;
 };
 
-/// The tools of the hand. Label and face of the mode button follow.
+/// The painting tools. The label and picture of the mode button follow.
 enum class Mode { Tile, Wall, Door };
 
-/// The palette on the left side and the current stamp.
+/// The palette on the left and the current stamp.
 struct Palette {
   Palette(Document& theDocument, const TilePictures::SheetLoader& loadSheet)
       : document(theDocument), pictures(loadSheet) {}
@@ -28,7 +28,7 @@ struct Palette {
   Document& document;
   TilePictures pictures;
 
-  /// Which set is chosen: the only record of it.
+  /// The chosen set; stored only here.
   struct {
     int ListIndex = kAbandonedCathedral;
   } TileSetSelector;

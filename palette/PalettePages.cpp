@@ -3,7 +3,7 @@
 namespace morvane {
 namespace {
 
-/// Where a set keeps its current page; null where it has one page only.
+/// Where a set stores its current page; null if it has only one.
 template <typename AnyPalette>
 auto* PageVariable(AnyPalette& palette, int set) {
   switch (set) {

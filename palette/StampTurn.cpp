@@ -5,7 +5,7 @@
 namespace morvane {
 namespace {
 
-/// What the box shows, turned.
+/// Turns the picture that the box shows.
 Picture TurnedImage(const PictureBox& box, Transform transform) {
   PictureView shown = box.Image();
   shown.width = box.ScaleWidth();
@@ -13,7 +13,7 @@ Picture TurnedImage(const PictureBox& box, Transform transform) {
   return Transformed(shown, transform);
 }
 
-/// The picture of a custom tile may be large, so it is mirrored where it is.
+/// The picture of a custom tile may be large, so it is mirrored in place.
 void TurnCustom(PictureBox& Custom, Transform transform) {
   if (IsFlip(transform)) {
     FlipInPlace(Custom.hDC(), transform);

@@ -18,7 +18,7 @@ Rect EdgeOnSheet(const EdgePicture& picture);
 /// All pictures of the catalogue, cut out of the art sheets.
 class TilePictures {
  public:
-  /// Gives the sheet of a name such as "grave-dungeon/furniture".
+  /// Returns the sheet of a name such as "grave-dungeon/furniture".
   using SheetLoader = std::function<Picture(const std::string& name)>;
 
   explicit TilePictures(const SheetLoader& load);

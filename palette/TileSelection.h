@@ -4,7 +4,7 @@
 
 namespace morvane {
 
-/// Makes the picture of an item the stamp, and nothing else.
+/// Makes the picture of an item the stamp; changes nothing else.
 void ShowStamp(Palette& palette, const Item& item);
 
 /// A click on an item makes it the current stamp and returns to Tile mode.

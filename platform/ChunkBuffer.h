@@ -11,7 +11,7 @@
 
 namespace morvane {
 
-/// Memory for one chunk of a file, from the start of a page: such writes cost the system least.
+/// Page-aligned memory for one chunk of a file; aligned writes are the fastest.
 class ChunkBuffer {
  public:
   std::span<std::uint8_t> First(std::size_t count) const { return {bytes_.get(), count}; }
@@ -26,8 +26,8 @@ class ChunkBuffer {
       static_cast<std::uint8_t*>(::operator new(kChunkBytes, kPage))};
 };
 
-/// Hands the bytes of a source over, chunk by chunk: write takes a place and the bytes from there
-/// on, and tells why it failed.
+/// Passes the bytes of a source to `write` chunk by chunk, with the offset of each. `write` returns
+/// why it failed.
 template <typename Write>
 Failure ForEachChunk(ByteSource& source, const ChunkBuffer& buffer, Write write) {
   const std::size_t size = source.Size();

@@ -13,7 +13,7 @@ bool BeginsWith(File file, std::span<const std::uint8_t> mark) {
   return file.size() >= mark.size() && std::equal(mark.begin(), mark.end(), file.begin());
 }
 
-/// Goes from marker to marker: an end mark inside of a segment belongs to a preview.
+/// Steps from marker to marker: an end marker inside a segment belongs to an embedded preview.
 bool JpegHasItsEnd(File file) {
   constexpr unsigned kEscapedByte = 0x00;
   constexpr unsigned kTemporary = 0x01;
@@ -38,12 +38,12 @@ bool JpegHasItsEnd(File file) {
   return false;
 }
 
-/// Bytes of the colour table that these flags tell of.
+/// The size in bytes of the colour table that these flags describe.
 std::size_t TableBytes(unsigned flags) {
   return (flags & 0x80U) == 0 ? 0 : std::size_t{3} << ((flags & 7U) + 1);
 }
 
-/// Goes from block to block.
+/// Steps from block to block.
 bool GifHasItsEnd(File file) {
   constexpr std::size_t kHeaderBytes = 13;
   if (file.size() < kHeaderBytes) return false;
@@ -59,7 +59,7 @@ bool GifHasItsEnd(File file) {
         if (at + 9 >= file.size()) return false;
         at += 11 + TableBytes(file[at + 9]);
         break;
-      case 0:  // some programs write one empty piece too many
+      case 0:  // some programs write an extra empty block
         ++at;
         continue;
       default:

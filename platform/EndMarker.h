@@ -5,8 +5,8 @@
 
 namespace morvane {
 
-/// Whether a JPEG or a GIF file goes on to its end mark; whatever follows is left alone. Files of
-/// other formats always do.
+/// Whether a JPEG or GIF file contains its end marker, with or without data after it. True for
+/// files of other formats.
 bool HasEndMarker(std::span<const std::uint8_t> file);
 
 }  // namespace morvane

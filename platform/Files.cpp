@@ -22,7 +22,7 @@ Failure CheckRegularFile(const struct stat& file) {
 
 class NormalFile : public ByteSource {
  public:
-  /// Another one may take the name between looking and opening, so it is looked at twice.
+  /// Another file may take the name between the check and the opening, so it is checked twice.
   Failure Open(const std::string& path) {
     constexpr int kFlags = O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
     struct stat status {};
@@ -48,7 +48,7 @@ class NormalFile : public ByteSource {
   std::size_t size_ = 0;
 };
 
-/// The path behind symbolic links, whether anything is there or not.
+/// The path with symbolic links resolved, whether the target exists or not.
 std::filesystem::path WhereLinksLead(std::filesystem::path path) {
   constexpr int kMostLinks = 40;
   std::error_code error;
@@ -61,7 +61,7 @@ std::filesystem::path WhereLinksLead(std::filesystem::path path) {
 Failure CheckReplaceable(const std::filesystem::path& path, const struct stat& old) {
   if (S_ISDIR(old.st_mode)) return "This is a folder, not a file.";
   if (!S_ISREG(old.st_mode)) return "This is not a normal file.";
-  // The system would replace it nevertheless, but then its mode was no protection.
+  // The system would allow replacing it, but then its mode would not protect it.
   return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 ? Failure() : ErrnoMessage();
 }
 
@@ -93,7 +93,7 @@ Failure ReplaceFile(const std::string& path, ByteSource& content) {
   }
   const std::string name = target.filename();
   TemporaryFile file(folder.Number());
-  // Until it has the right mode, nobody else may look into it.
+  // Nobody else may read it until it has its final mode.
   Failure failure = file.Create(name, exists ? 0600 : 0666);
   if (failure.empty() && exists) file.TakeAfter(old);
   if (failure.empty()) failure = file.Fill(content, {});

@@ -24,7 +24,7 @@ struct Close {
 
 enum class Kind { File, Folder };
 
-/// Whether an entry of a folder is of the kind; links count as what they lead to.
+/// Whether an entry of a folder is of this type. Links are followed.
 bool Is(Kind kind, int folder, const dirent& entry) {
   if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK) {
     return entry.d_type == (kind == Kind::File ? DT_REG : DT_DIR);
@@ -34,8 +34,8 @@ bool Is(Kind kind, int folder, const dirent& entry) {
   return kind == Kind::File ? S_ISREG(status.st_mode) : S_ISDIR(status.st_mode);
 }
 
-/// The names of what a folder holds of a kind and shows, in natural order. The system is asked
-/// directly: a folder may hold very many.
+/// The names of the visible entries of one type, in natural order. Uses readdir, since a folder may
+/// have very many entries.
 template <typename Wanted>
 std::vector<std::string> NamesIn(const std::string& folder, Kind kind, Wanted wanted) {
   std::vector<std::string> names;
@@ -50,7 +50,7 @@ std::vector<std::string> NamesIn(const std::string& folder, Kind kind, Wanted wa
   return names;
 }
 
-/// Whether a name ends as one of the patterns "*.a;*.b" does, case ignored.
+/// Whether a name matches one of the patterns "*.a;*.b", case ignored.
 bool Matches(std::string_view name, std::string_view patterns) {
   const auto equal = [](char one, char other) {
     return std::tolower(static_cast<unsigned char>(one)) ==
@@ -82,7 +82,7 @@ std::vector<std::string> FoldersIn(const std::string& folder) {
 
 std::vector<std::string> MountedVolumes() {
   std::vector<std::string> roots = {"/"};
-  // The table of mounts answers at once, also where a volume behind it has gone.
+  // Reading the table of mounts never blocks, even if a network volume is gone.
   const std::unique_ptr<std::FILE, Close> table(setmntent("/proc/self/mounts", "r"));
   if (table == nullptr) return roots;
   while (const mntent* mount = getmntent(table.get())) {

@@ -11,7 +11,7 @@ bool IsReadableFolder(const std::string& path);
 /// The names of the folders in a folder, in natural order.
 std::vector<std::string> FoldersIn(const std::string& folder);
 
-/// The roots of the mounted volumes, disks and network folders, the system's first.
+/// The mount points of disks and network folders, the root first.
 std::vector<std::string> MountedVolumes();
 
 /// The names of the files in a folder that match one of "*.a;*.b", case ignored, in natural order.

@@ -10,8 +10,8 @@
 namespace morvane {
 namespace {
 
-/// The bytes of a picture, which come to an end early once it is given up.
-/// No QBuffer: decoders would look through it into its memory.
+/// The bytes of a picture, which end early once decoding is abandoned. Not a QBuffer, because
+/// decoders access its memory directly.
 class StoppableBytes : public QIODevice {
  public:
   StoppableBytes(const Bytes& content, const std::atomic<bool>& isGivenUp)
@@ -45,12 +45,12 @@ Result<ForeignImage> ReadForeignImage(const Bytes& content, const std::atomic<bo
                                       long long mostPixels, const ReducedSize& reduced) {
   using Refused = Result<ForeignImage>;
   StoppableBytes bytes(content, isGivenUp);
-  // In megabytes; a decoder may use as much as eight bytes for a pixel.
+  // In megabytes; a decoder may use up to eight bytes per pixel.
   QImageReader::setAllocationLimit(static_cast<int>(mostPixels * 8 / 1'000'000));
   QImageReader reader(&bytes);
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
-  // A drawing may name other files and places to be drawn with it.
+  // A drawing may refer to other files and network addresses.
   if (reader.format().startsWith("svg") || reader.format() == "pdf") {
     return Refused::Failed("Drawings of this kind can't be used, only pictures.");
   }

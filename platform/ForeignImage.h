@@ -11,15 +11,15 @@ namespace morvane {
 
 struct ForeignImage {
   QImage image;
-  QSize size;  ///< of the picture itself, before it was reduced
+  QSize size;  ///< of the original picture, before scaling
 };
 
-/// Chooses the size at which a picture is wanted, from its own.
+/// Returns the wanted size of a picture for its original size.
 using ReducedSize = std::function<QSize(const QSize& size)>;
 
 /// Decodes a picture of any format but BMP with Qt's decoders, turned upright. Drawings, damaged
-/// pictures and those with more pixels than the limit are refused. It ends early once it is given
-/// up. Only decoders that gain from it reduce the picture.
+/// pictures and those with more pixels than the limit are refused. Ends early once isGivenUp is
+/// set. Only decoders that are faster that way scale the picture.
 Result<ForeignImage> ReadForeignImage(const Bytes& content, const std::atomic<bool>& isGivenUp,
                                       long long mostPixels = kMostPixels,
                                       const ReducedSize& reduced = {});

@@ -11,7 +11,7 @@ namespace {
 
 constexpr const char* kDecoder = "qt.gui.imageio.jpeg";
 
-/// What the decoder says where pixels are lost. Its other remarks also come of sound files.
+/// The decoder's warnings about lost pixels. Its other warnings also occur with intact files.
 constexpr std::array kDamage = {"premature end of data segment", "bad Huffman code",
                                 "bad arithmetic code", "instead of RST"};
 
@@ -29,7 +29,7 @@ void HandleMessage(QtMsgType type, const QMessageLogContext& context, const QStr
   nextHandler(type, context, text);
 }
 
-/// Keeps the decoder's log going where it was switched off for the terminal.
+/// Keeps the decoder's warnings enabled even if they are not wanted on the terminal.
 void Filter(QLoggingCategory* category) {
   nextFilter(category);
   if (qstrcmp(category->categoryName(), kDecoder) != 0) return;
@@ -37,7 +37,8 @@ void Filter(QLoggingCategory* category) {
   category->setEnabled(QtWarningMsg, true);
 }
 
-/// Each is taken out before it is replaced, so that what comes next is known from the first call.
+/// Each handler is removed before ours is installed, so that the previous one is known by the first
+/// call.
 bool Listen() {
   nextHandler = qInstallMessageHandler(nullptr);
   qInstallMessageHandler(&HandleMessage);

@@ -36,7 +36,7 @@ class LeftoverFile : public Leftover {
   void Delete() override {
     if (!IsNameOf(folder_.Number(), name_, file_.Number())) return;
     if (unlinkat(folder_.Number(), name_.c_str(), 0) == 0) return;
-    // In a folder that can't be written the next start would find the map once more.
+    // If the folder is read-only, the next start would find the map again.
     [[maybe_unused]] const int emptied = ftruncate(file_.Number(), 0);
   }
 
@@ -47,7 +47,7 @@ class LeftoverFile : public Leftover {
   struct stat status_ {};
 };
 
-/// Opens what may be a leftover; null where it is something else.
+/// Opens a file that may be a leftover; null if it can't be one.
 std::unique_ptr<LeftoverFile> Open(const Descriptor& folder, const std::string& name) {
   auto file = std::make_unique<LeftoverFile>(folder.Number(), name);
   return file->IsOpen() ? std::move(file) : nullptr;

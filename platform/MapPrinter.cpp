@@ -16,7 +16,7 @@ namespace {
 
 constexpr double kPixelsPerInch = 96;
 
-/// The toolkit doesn't tell when a disk is full, but then the end of the file is missing.
+/// Qt doesn't report a full disk, but then the end of the file is missing.
 bool IsWholePdf(const QString& path) {
   constexpr qint64 kTail = 32;
   QFile file(path);
@@ -69,7 +69,7 @@ void MapPrinter::UseFile(const std::string& path) {
 void MapPrinter::ShowSetup(QWidget* owner, const std::string& title) {
   QPrintDialog dialog(&Printer(), owner);
   dialog.setWindowTitle(QString::fromStdString(title));
-  // Nothing is printed from here.
+  // This dialog only chooses a printer.
   if (auto* buttons = dialog.findChild<QDialogButtonBox*>()) {
     for (QAbstractButton* button : buttons->buttons()) {
       if (buttons->buttonRole(button) == QDialogButtonBox::AcceptRole) button->setText("&OK");

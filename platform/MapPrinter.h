@@ -21,7 +21,7 @@ class MapPrinter {
   /// Prints one page with the picture at the top left of the printable area.
   Failure Print(const PictureView& picture);
 
-  /// Prints go into a PDF file from now on, as after choosing one in the setup.
+  /// Prints to a PDF file from now on, as if it had been chosen in the setup.
   void UseFile(const std::string& path);
 
   /// Lets the user choose the printer, or a PDF file in its place.

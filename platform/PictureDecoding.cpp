@@ -15,13 +15,13 @@
 namespace morvane {
 namespace {
 
-/// Decoders at work, given up or not.
+/// The number of running decoders, abandoned or not.
 std::atomic<int>& AtWork() {
   static std::atomic<int> count = 0;
   return count;
 }
 
-/// A picture that is decoded beside the window.
+/// A picture that is decoded in another thread.
 class Decoding {
  public:
   Decoding(Bytes content, long long mostPixels)
@@ -52,7 +52,7 @@ class Decoding {
     Picture picture(image.width(), image.height());
     QImage onWhite = ImageOver(picture.Draw());
     QPainter(&onWhite).drawImage(QRect(QPoint(0, 0), image.size()), image);
-    // Some decoders leave the fourth byte empty, and it is copied as it is.
+    // Some decoders leave the fourth byte 0, which drawing copies.
     MakeOpaque(picture.Draw());
     return picture;
   }

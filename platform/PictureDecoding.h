@@ -12,13 +12,12 @@ struct DecodingLimits {
   std::chrono::milliseconds time{2000};
 };
 
-/// Decodes a picture of any format but BMP with the toolkit's decoders, turned upright and laid
-/// over white. One with more pixels than the limit is refused. The window waits no longer than the
-/// limit of time: then the picture is given up, and its decoder ends aside as soon as it asks for
-/// more bytes.
+/// Decodes a picture of any format but BMP with Qt's decoders, turned upright and laid over white.
+/// One with more pixels than the limit is refused. The caller waits at most for the time limit.
+/// Then decoding is abandoned, and its thread ends as soon as the decoder reads more bytes.
 Result<Picture> DecodeForeignPicture(Bytes content, DecodingLimits limits = {});
 
-/// Whether a decoder that was given up is still at work.
+/// Whether an abandoned decoder is still running.
 bool IsStillDecoding();
 
 }  // namespace morvane

@@ -7,17 +7,18 @@
 
 namespace morvane {
 
-/// The folders in which this user's runs keep what the next run has to find, best first: one for
-/// the state of programs, and one for temporary files. They need not exist.
+/// The folders for files that the next run of this user has to find, best first: one for program
+/// state, and one for temporary files. They may not exist.
 std::vector<std::string> PrivateFolders();
 
-/// Opens such a folder. Not open where it is missing, is a link, or others could write to it.
+/// Opens such a folder. The result is not open if the folder is missing, is a link, or is writable
+/// by others.
 Descriptor OpenPrivateFolder(const std::string& path);
 
-/// The same for a folder that is made where it is missing.
+/// The same, but creates a missing folder.
 Descriptor MakePrivateFolder(const std::string& path);
 
-/// The names in an open folder that begin in this way.
+/// The names in an open folder with this prefix.
 std::vector<std::string> NamesIn(const Descriptor& folder, const std::string& beginning);
 
 }  // namespace morvane

@@ -23,7 +23,7 @@ bool SameName(std::string_view one, std::string_view other) {
   return std::equal(one.begin(), one.end(), other.begin(), other.end(), same);
 }
 
-/// Where a key stands in a file, or where its line would go.
+/// The position of a key's line, or where it would be inserted.
 struct Place {
   bool hasSection = false;
   bool hasKey = false;
@@ -56,7 +56,7 @@ bool IsQuoted(std::string_view value) {
          (value.front() == '"' || value.front() == '\'');
 }
 
-/// The value as its line holds it: in quotes where reading would take something off its ends.
+/// The value as it is written: in quotes if reading would strip its ends.
 std::string Written(const std::string& value) {
   return IsQuoted(value) || Trimmed(value) != value ? '"' + value + '"' : value;
 }

@@ -6,18 +6,17 @@
 
 namespace morvane {
 
-/// The value of a key in the text of a private-profile file; dv where there is none. Sections and
-/// keys are found without regard to case, and the first of several counts. A pair of quotes around
-/// the value is left out.
+/// The value of a key in the text of a private-profile file; dv if there is none. Sections and keys
+/// are case-insensitive, and the first of several counts. Quotes around the value are removed.
 std::string FindProfileValue(const std::string& text, const std::string& section,
                              const std::string& key, const std::string& dv);
 
-/// The text with one value set, such that it is found again; a line break in it is refused. All
-/// other lines stay as they are.
+/// The text with one value set so that reading returns it. A value with a line break is refused.
+/// All other lines stay unchanged.
 Result<std::string> WithProfileValue(const std::string& text, const std::string& section,
                                      const std::string& key, const std::string& value);
 
-/// The text cut to a number of bytes, never inside a character.
+/// The text truncated to a number of bytes, never inside a character.
 std::string CutText(std::string text, std::size_t most);
 
 }  // namespace morvane

@@ -49,7 +49,7 @@ QMessageBox::Icon IconOf(BoxStyle style) {
   }
 }
 
-/// The toolkit gives letters to Yes and No only.
+/// Qt gives access keys only to Yes and No.
 void AddAccessKeys(const QMessageBox& box) {
   if (auto* ok = box.button(QMessageBox::Ok)) ok->setText("&OK");
   if (auto* cancel = box.button(QMessageBox::Cancel)) cancel->setText("&Cancel");
@@ -63,10 +63,10 @@ QAbstractButton& AcceptButtonOf(const QFileDialog& box) {
   });
 }
 
-/// Has a typed path count as it stands, and Return accept it.
+/// Makes the dialog use a typed path as it is, and accept it with Return.
 ///
-/// For a whole path into the folder that it shows, the toolkit's dialog marks that folder in its
-/// list, takes it for the choice, and its button away.
+/// If a full path into the current folder is typed, Qt's dialog selects that folder in its list,
+/// takes it as the choice, and disables its button.
 class TypedPath : public QObject {
  public:
   explicit TypedPath(QFileDialog& box)
@@ -76,7 +76,7 @@ class TypedPath : public QObject {
         accept_(AcceptButtonOf(box)) {
     accept_.installEventFilter(this);
     connect(&name_, &QLineEdit::textChanged, this, &TypedPath::Unmark);
-    // Later, for the dialog may accept it by itself.
+    // Deferred, since the dialog may accept it itself.
     connect(&name_, &QLineEdit::returnPressed, this, &TypedPath::Accept, Qt::QueuedConnection);
     connect(&accept_, &QAbstractButton::clicked, this, &TypedPath::ReportLongName);
   }
@@ -93,12 +93,12 @@ class TypedPath : public QObject {
     if (name_.text().contains('/')) list_.selectionModel()->clearSelection();
   }
   void Accept() {
-    // Where the dialog did, it is closed by now, or asks something.
+    // If the dialog did, it is closed by now, or asks a question.
     if (QApplication::activeModalWidget() == accept_.window() && IsTyped()) accept_.click();
   }
 
   void ReportLongName() {
-    // Qt's dialog just stays open then.
+    // Otherwise Qt's dialog stays open without a message.
     const QString name = name_.text().section('/', -1);
     if (!accept_.window()->isVisible() || name.size() <= NAME_MAX) return;
     ShowMessage(accept_.window(), "The file name is too long.", BoxStyle::OkExclamation,
@@ -110,7 +110,7 @@ class TypedPath : public QObject {
   QAbstractButton& accept_;
 };
 
-/// Gives the columns room: the toolkit cuts sizes and dates in the middle.
+/// Widens the columns: by default Qt elides sizes and dates.
 void FitColumns(const QFileDialog& box) {
   QHeaderView* columns = box.findChild<QTreeView*>("treeView")->header();
   columns->setStretchLastSection(false);
@@ -118,8 +118,8 @@ void FitColumns(const QFileDialog& box) {
   columns->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
-/// The bytes of a path that Qt shows. A name that isn't UTF-8 is shown with replacement characters
-/// in it, so it is looked up by what is shown of it. Empty where several names are shown alike.
+/// The bytes of a path that Qt shows. A name that isn't UTF-8 is shown with replacement characters,
+/// so the folder is searched for the name that is shown like this. Empty if several are.
 std::filesystem::path SystemPath(const QString& shown) {
   std::filesystem::path path;
   for (const std::filesystem::path& name : std::filesystem::path(shown.toStdString())) {
@@ -142,21 +142,22 @@ std::filesystem::path SystemPath(const QString& shown) {
   return path;
 }
 
-/// The desktop's dialogs have no widgets of Qt's.
+/// Native dialogs have no Qt widgets.
 bool IsQtsOwn(const QFileDialog& box) {
   return box.findChild<QLineEdit*>("fileNameEdit") != nullptr;
 }
 
-/// Whether the desktop's dialog keeps what is fixed; names are those that it begins with.
+/// Whether the desktop's dialog can show the fixed title, filter, folder and preset name, and asks
+/// nothing itself. The names are the folder and the preset name.
 bool DesktopKeeps(FileDialogMode mode, const QString& names) {
   if (HasPortalDialogs()) return false;
-  // Of the others only GTK is known to ask nothing itself and to add no extension.
+  // Only GTK's is known not to ask about existing files and not to add an extension.
   if (mode == FileDialogMode::Save && !HasGtkDialogs()) return false;
-  // Only Qt's own dialog goes to a folder, and offers a name, that isn't UTF-8.
+  // Only Qt's own dialog can show a folder or a name that isn't UTF-8.
   return !names.contains(QChar::ReplacementCharacter);
 }
 
-/// The patterns of GTK are case-sensitive; it shows the description without them.
+/// GTK's patterns are case-sensitive. It shows the description without them.
 QString FilterFor(const FileDialog& dialog, const QFileDialog& box) {
   const QStringList parts = QString::fromStdString(dialog.Filter).split('|');
   if (IsQtsOwn(box) || !HasGtkDialogs()) return parts.front();
@@ -164,7 +165,7 @@ QString FilterFor(const FileDialog& dialog, const QFileDialog& box) {
       .arg(parts.front().section(" (", 0, 0), parts.back(), parts.back().toUpper());
 }
 
-/// The path chosen in the dialog, which fits on its screen; empty after a cancel.
+/// Runs the dialog at a size that fits its screen. Returns the chosen path; empty after a cancel.
 std::string ChoiceIn(QFileDialog& box) {
   std::optional<TypedPath> typed;
   if (IsQtsOwn(box)) {
@@ -213,7 +214,7 @@ std::string AskForFile(QWidget* owner, const FileDialog& dialog, FileDialogMode 
   QFileDialog box(owner, QString::fromStdString(dialog.DialogTitle), start);
   box.setOption(QFileDialog::DontUseNativeDialog, !DesktopKeeps(mode, start + preset));
   box.setNameFilter(FilterFor(dialog, box));
-  // Whether a file exists, and whether to write over it, are the rules' own questions.
+  // The core checks whether a file exists, and asks before it replaces one.
   box.setOption(QFileDialog::DontConfirmOverwrite);
   box.setFileMode(QFileDialog::AnyFile);
   const bool saves = mode == FileDialogMode::Save;

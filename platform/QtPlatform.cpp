@@ -18,7 +18,7 @@
 namespace morvane {
 namespace {
 
-/// No settings file is longer; what claims to be one isn't read into memory.
+/// The largest settings file that is read into memory.
 constexpr std::size_t kMostTextBytes = 16'000'000;
 
 Result<std::string> ReadText(const std::string& path) {
@@ -30,7 +30,7 @@ Result<std::string> ReadText(const std::string& path) {
   return std::string(bytes.Value().begin(), bytes.Value().end());
 }
 
-/// A dialog that a form has opened belongs to that form, not to the main window behind it.
+/// A dialog that a form opens is owned by that form, not by the main window.
 QWidget* OwnerAbove(QWidget* window) {
   QWidget* modal = QApplication::activeModalWidget();
   return modal != nullptr ? modal : window;
@@ -143,7 +143,7 @@ std::string QtPlatform::GetPrivateProfileString(const std::string& section, cons
 Failure QtPlatform::WritePrivateProfileString(const std::string& section, const std::string& key,
                                               const std::string& value, const std::string& path) {
   std::string text;
-  // Only where there is no file a new one begins: another may just be out of reach.
+  // A new file is begun only if there is none: an existing one may be unreadable for the moment.
   std::error_code error;
   if (std::filesystem::status(path, error).type() != std::filesystem::file_type::not_found) {
     Result<std::string> old = ReadText(path);

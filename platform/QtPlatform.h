@@ -11,12 +11,12 @@ class QWidget;
 
 namespace morvane {
 
-/// The seam realised with Qt.
+/// Platform implemented with Qt.
 class QtPlatform : public Platform {
  public:
-  /// The main window, once there is one: owner of all dialogs, and how it shows the state.
+  /// The main window, once it exists: the owner of all dialogs, and the function that updates it.
   void SetWindow(QWidget* window, std::function<void()> showState);
-  /// The form in which rich text is edited: changes the text and returns whether it was accepted.
+  /// The form that edits rich text: changes the text and returns whether the user accepted it.
   void SetTextForm(std::function<bool(std::string& text)> showTextForm);
 
   void ShowState() override;
@@ -56,7 +56,7 @@ class QtPlatform : public Platform {
   void ShowColor(std::uint32_t& color) override;
 
  private:
-  /// Begins in the wished folder if it exists, else in that of the last file.
+  /// Starts in the given folder if it exists, else in that of the last file.
   std::string ShowFileDialog(const FileDialog& dialog, FileDialogMode mode);
 
   QWidget* window_ = nullptr;

@@ -11,7 +11,7 @@
 namespace morvane {
 namespace {
 
-/// A note is a symbolic link to the rescue copy: made in one step, and never half written.
+/// A note is a symbolic link to the rescue copy, since a link is created atomically.
 constexpr const char* kNote = "rescue-";
 
 struct Note {
@@ -59,7 +59,7 @@ void DeleteRescueNotes(const std::vector<std::string>& paths) {
     if (std::find(paths.begin(), paths.end(), note.copy) == paths.end()) return;
     unlinkat(note.folder, note.name.c_str(), 0);
   });
-  // One that is in use can't be removed.
+  // rmdir fails for a folder that is in use.
   for (const std::string& folder : PrivateFolders()) rmdir(folder.c_str());
 }
 

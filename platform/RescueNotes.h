@@ -5,10 +5,10 @@
 
 namespace morvane {
 
-/// Remembers, in a private folder, a rescue copy that the next run has to report.
+/// Records in a private folder a rescue copy that the next run has to report.
 void WriteRescueNote(const std::string& path);
 
-/// The rescue copies that are noted.
+/// The rescue copies that have been noted.
 std::vector<std::string> ReadRescueNotes();
 
 /// Deletes the notes of these copies, and private folders that are empty then.

@@ -6,7 +6,7 @@ class QWidget;
 
 namespace morvane {
 
-/// The largest inside that a window can have on its screen beside panels and its own frame.
+/// The largest content size that a window can have on its screen, without panels and its frame.
 QSize ScreenRoomOf(const QWidget& window);
 
 }  // namespace morvane

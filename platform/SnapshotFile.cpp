@@ -16,12 +16,12 @@
 namespace morvane {
 namespace {
 
-/// Locks the file for this process. On a volume without locks nobody holds anything.
+/// Locks the file for this process. On a volume without locks no file is locked.
 bool IsHeldByOthers(int file) {
   return flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
 }
 
-/// A file that somebody else holds open.
+/// An open file that somebody else owns.
 class HeldFile : public ByteSource {
  public:
   HeldFile(int file, std::size_t size, std::string path)
@@ -54,7 +54,7 @@ Failure SnapshotFile::Write(ByteSource& content) {
   return {};
 }
 
-/// A full disk here may not be full there.
+/// The disk of the other folder may have space.
 bool SnapshotFile::WriteToPrivateFolder(ByteSource& content) {
   for (const std::string& folder : PrivateFolders()) {
     Place place;
@@ -102,7 +102,7 @@ Failure SnapshotFile::Place::OpenInPrivateFolder(const std::string& folder) {
   Failure failure = folder_.IsOpen() ? Failure() : Reason();
   for (int i = 1; folder_.IsOpen() && !IsOpen() && i <= kMostNames; ++i) {
     name_ = kSnapshotName + ('.' + std::to_string(i));
-    // What lies there already is another run's.
+    // An existing file belongs to another run.
     failure = Open(O_CREAT | O_EXCL);
   }
   return failure;
@@ -125,7 +125,8 @@ Failure SnapshotFile::Place::Write(ByteSource& content, const ChunkBuffer& chunk
   Head head{};
   Failure failure = content.ReadAt(0, std::span(head).first(std::min(head.size(), content.Size())));
   if (!failure.empty()) return failure;
-  // A write that is cut off leaves rows of two maps. That is a map only if both have the same form.
+  // An interrupted write leaves rows of two maps, which is a valid file only if both have the same
+  // header.
   failure = head == head_ ? Overwrite(content, chunk) : Replace(content, chunk);
   if (failure.empty()) head_ = head;
   return failure;
@@ -145,7 +146,7 @@ Failure SnapshotFile::Place::Overwrite(ByteSource& content, const ChunkBuffer& c
 }
 
 Failure SnapshotFile::Place::Replace(ByteSource& content, const ChunkBuffer& chunk) {
-  // Something else may have taken the name since.
+  // Another file may have taken the name since.
   if (!IsNameOf(folder_.Number(), name_, File())) return Overwrite(content, chunk);
   TemporaryFile fresh(folder_.Number());
   Failure failure = fresh.Create(name_, 0600);

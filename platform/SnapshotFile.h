@@ -11,26 +11,26 @@
 
 namespace morvane {
 
-/// The name of the snapshot in the current directory, and how it begins in a private folder.
+/// The name of the snapshot in the current directory, and its prefix in a private folder.
 inline constexpr const char* kSnapshotName = "mvtmp.~mp";
 
-/// The one snapshot of this process, in a file that it holds open and locked.
+/// The one snapshot of this process, in a file that is kept open and locked.
 ///
-/// It lives as "mvtmp.~mp" in the directory that is current at the first write. Where that can't be
-/// had, because the directory can't be written, another process holds the name, or the name is
-/// something else's, it lives in a private folder. It outlives this object, unless it is deleted:
-/// the next run finds what a run that was killed has left.
+/// The file is "mvtmp.~mp" in the directory that is current at the first write. If that directory
+/// is read-only, or the name is taken by another process or file, it is in a private folder. The
+/// file outlives this object unless Delete is called: the next run finds what a killed run has
+/// left.
 class SnapshotFile {
  public:
   Failure Write(ByteSource& content);
   /// The snapshot, to be read before the next one is written.
   Result<std::unique_ptr<ByteSource>> Read() const;
-  /// Whether nobody has touched the file since it was written.
+  /// Whether the file is unmodified since it was written.
   bool IsUntouched() const;
   void Delete();
 
  private:
-  /// A file in a folder, both held open.
+  /// A file and its folder, both kept open.
   class Place {
    public:
     Failure OpenInCurrentDirectory();
@@ -62,7 +62,7 @@ class SnapshotFile {
 
   Place place_;
   std::size_t size_ = 0;  ///< of the snapshot; 0 where there is none
-  timespec changed_{};    ///< when it was written, by the clock of the disk
+  timespec changed_{};    ///< modification time of the file after the write
   ChunkBuffer chunk_;
 };
 

@@ -29,7 +29,7 @@ bool IsNameOf(int folder, const std::string& name, int file) {
 Descriptor OpenAndLockOurs(int folder, const std::string& name) {
   constexpr int kFlags = O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
   struct stat status {};
-  // Opening a device could have an effect, so the name is looked at first.
+  // Opening a device could have an effect, so the type is checked first.
   if (fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0 || !IsOurs(status)) {
     return {};
   }
@@ -45,7 +45,7 @@ NewFileOutcome RenameToNew(int folder, const std::string& name, int newFolder,
   if (renameat2(folder, name.c_str(), newFolder, newName.c_str(), RENAME_NOREPLACE) == 0) {
     return NewFileOutcome::Done;
   }
-  // Some volumes can't rename in this way, but know links.
+  // Some file systems lack RENAME_NOREPLACE but have hard links.
   if ((errno == EINVAL || errno == ENOSYS) &&
       linkat(folder, name.c_str(), newFolder, newName.c_str(), 0) == 0) {
     unlinkat(folder, name.c_str(), 0);

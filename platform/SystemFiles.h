@@ -12,7 +12,7 @@
 
 namespace morvane {
 
-/// An open file or folder of the system, or none (-1). It is closed when this goes.
+/// An open file descriptor, or none (-1). The destructor closes it.
 class Descriptor {
  public:
   Descriptor() = default;
@@ -31,27 +31,28 @@ class Descriptor {
   int number_ = -1;
 };
 
-/// Whether a file is one that this user made for nothing else: a planted or linked one is not.
+/// Whether a file is a regular file of this user with one name, and so not planted or linked by
+/// others.
 bool IsOurs(const struct stat& file);
 
-/// Whether an entry of a folder is the very file that is open, not one that took its name since.
+/// Whether an entry of a folder is still the open file, not one that took its name since.
 bool IsNameOf(int folder, const std::string& name, int file);
 
-/// Opens a file of this user for reading and writing, and locks it for this process. Not open where
-/// there is none, where it isn't ours, or where another process holds it.
+/// Opens a file of this user for reading and writing, and locks it. The result is not open if there
+/// is no such file, if it isn't ours, or if another process has locked it.
 Descriptor OpenAndLockOurs(int folder, const std::string& name);
 
-/// Renames a file, and never replaces another one. Relative paths start at their folders.
+/// Renames a file without ever replacing another. Relative paths start at the given folders.
 NewFileOutcome RenameToNew(int folder, const std::string& name, int newFolder,
                            const std::string& newName);
 
-/// Why the system just refused, in its own words.
+/// The system's message for errno.
 Failure ErrnoMessage();
 
-/// Fills the buffer from a place of the file on.
+/// Fills the buffer from an offset of the file.
 Failure ReadAt(int file, std::size_t place, std::span<std::uint8_t> buffer);
 
-/// Writes all bytes. False and errno where the system refuses.
+/// Writes all bytes. On failure returns false and sets errno.
 bool WriteAt(int file, std::size_t place, std::span<const std::uint8_t> bytes);
 
 }  // namespace morvane

@@ -13,11 +13,11 @@ namespace {
 
 constexpr int kMostNames = 100;
 
-/// False and errno where the disk didn't take everything.
+/// On failure returns false and sets errno.
 bool FlushToDisk(int file) {
   int outcome = fsync(file);
   while (outcome != 0 && errno == EINTR) outcome = fsync(file);
-  // Some volumes know no flushing.
+  // Some file systems don't support fsync.
   return outcome == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
@@ -42,7 +42,7 @@ bool TemporaryFile::TryName(const std::string& name, mode_t mode) {
   constexpr int kFlags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
   Descriptor file(openat(folder_, name.c_str(), kFlags, mode));
   if (!file.IsOpen()) return false;
-  // Another save may have found the file before it was locked, and have taken it away.
+  // Another save may have found the file before it was locked, and have removed it.
   const bool isLocked = flock(file.Number(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
   if (!isLocked || !IsNameOf(folder_, name, file.Number())) {
     errno = EEXIST;
@@ -54,7 +54,7 @@ bool TemporaryFile::TryName(const std::string& name, mode_t mode) {
 }
 
 void TemporaryFile::RemoveIfStale(const std::string& name) const {
-  // Who holds the lock of the file under the name is the only one to rename or remove it.
+  // Only the process that has locked the file of that name may rename or remove it.
   if (OpenAndLockOurs(folder_, name).IsOpen()) unlinkat(folder_, name.c_str(), 0);
 }
 
@@ -62,7 +62,7 @@ void TemporaryFile::TakeAfter(const struct stat& other) {
   const int file = file_.Number();
   const bool hasGroup =
       fchown(file, other.st_uid, other.st_gid) == 0 || fchown(file, -1, other.st_gid) == 0;
-  // What a group may do is meant for that group alone.
+  // Permissions of a group must not be given to another group.
   fchmod(file, other.st_mode & (hasGroup ? 0777U : 0707U));
 }
 
@@ -91,8 +91,8 @@ NewFileOutcome TemporaryFile::RenameToNew(const std::string& name) {
 }
 
 void TemporaryFile::FlushFolder() const {
-  // The file has its name already, and what a power cut could give back is whole too; so a folder
-  // that can't be flushed is no failure.
+  // The file has been renamed, and after a power cut the old file would be complete too, so a
+  // folder that can't be flushed is not a failure.
   const Descriptor folder(openat(folder_, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (folder.IsOpen()) FlushToDisk(folder.Number());
 }

@@ -8,36 +8,35 @@
 
 namespace morvane {
 
-/// A new file under a passing name in a folder, which may then take the place of another one. What
-/// never did is gone with this object.
+/// A new file under a temporary name in a folder, which can then replace another file. The
+/// destructor deletes it unless it was renamed.
 ///
-/// The names are few, short and the same in every folder: ".morvane-save-1" and on. The file is
-/// locked as long as it is open, so a name whose file isn't locked was left by a run that was
-/// killed, and the next save into that folder takes it away.
+/// The names are ".morvane-save-1" and so on. The file is locked while it is open, so an unlocked
+/// one was left by a killed run, and the next save into that folder deletes it.
 class TemporaryFile {
  public:
-  /// The folder stays open longer than this.
+  /// The folder must outlive this object.
   explicit TemporaryFile(int folder) : folder_(folder) {}
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
   ~TemporaryFile();
 
-  /// Makes the empty file with a mode, which the user's mask cuts. It never takes the wished name
+  /// Creates the empty file with a mode, to which the umask applies. Never uses the wanted name
   /// itself.
   Failure Create(const std::string& wishedName, mode_t mode);
-  /// Gives the file the owner, the group and the mode of another one, as far as the system lets us.
+  /// Copies owner, group and mode of another file, as far as the system permits.
   void TakeAfter(const struct stat& other);
   /// Writes all the content, through a buffer.
   Failure Fill(ByteSource& content, const ChunkBuffer& buffer);
   /// Flushes the content to the disk.
   Failure Flush() const;
-  /// Takes the place of what bears the name in the folder, if anything does.
+  /// Renames the file, replacing an existing one of that name.
   Failure RenameTo(const std::string& name);
-  /// Takes a name that nothing in the folder bears.
+  /// Renames the file to a name that must not exist yet.
   NewFileOutcome RenameToNew(const std::string& name);
-  /// Flushes the folder: without this a power cut may undo the renaming.
+  /// Flushes the folder: otherwise a power cut may undo the renaming.
   void FlushFolder() const;
-  /// The file, still open and locked, to be kept by the caller after renaming.
+  /// Passes the open and locked file to the caller, after it was renamed.
   Descriptor Release() { return std::move(file_); }
 
  private:
@@ -46,7 +45,7 @@ class TemporaryFile {
 
   int folder_;
   Descriptor file_;
-  std::string name_;  ///< empty where there is nothing to take away
+  std::string name_;  ///< empty if there is nothing to delete
 };
 
 }  // namespace morvane

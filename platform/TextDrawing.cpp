@@ -13,7 +13,7 @@ void DisableAntialiasing(QTextDocument& document) {
   QTextCharFormat hard;
   hard.setFontStyleStrategy(
       static_cast<QFont::StyleStrategy>(QFont::NoAntialias | QFont::NoSubpixelAntialias));
-  // Without grey steps letters keep their shape and distance only if they are fitted to the pixels.
+  // Without anti-aliasing, text is legible only with full hinting.
   hard.setFontHintingPreference(QFont::PreferFullHinting);
   QTextCursor all(&document);
   all.select(QTextCursor::Document);

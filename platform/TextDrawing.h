@@ -6,14 +6,14 @@
 
 namespace morvane {
 
-/// The fineness of the map: 96 dots to the inch, counted by the metre.
+/// The resolution of the map: 96 dpi, in dots per metre.
 inline constexpr int kDotsPerMetre = 3780;
 
-/// The largest size of letters in pixels, as high as the picture that text is drawn on. Far larger
-/// ones overflow the coordinates of a long text, and its layout never ends.
+/// The largest font size in pixels: the height of the picture that text is drawn on. Much larger
+/// fonts overflow the coordinates of a long text, and its layout never ends.
 inline constexpr int kMaxLetterHeight = 349;
 
-/// A document that never fetches anything: pictures and style sheets that its text names stay out.
+/// A document that loads nothing: pictures and style sheets in its text are ignored.
 class ClosedDocument : public QTextDocument {
  public:
   using QTextDocument::QTextDocument;
@@ -22,8 +22,8 @@ class ClosedDocument : public QTextDocument {
   QVariant loadResource(int type, const QUrl& name) override;
 };
 
-/// Draws rich text from the top left of a picture at 96 dpi, wrapped at its width. Letters have
-/// hard edges, so that no pale rim is left where white drops out.
+/// Draws rich text from the top left of a picture at 96 dpi, wrapped at its width. Text is not
+/// anti-aliased, so that no pale fringe is left where white is transparent.
 void DrawRichText(const std::string& text, Picture& picture);
 
 }  // namespace morvane

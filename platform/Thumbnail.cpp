@@ -14,7 +14,7 @@
 namespace morvane {
 namespace {
 
-/// A file whose bytes can't be read any more once it is given up.
+/// A file that can't be read any more once isGivenUp is set.
 class StoppableFile : public ByteSource {
  public:
   StoppableFile(ByteSource& file, const std::atomic<bool>& isGivenUp)
@@ -43,7 +43,7 @@ int LongestSide(const QSize& size) {
   return std::max(size.width(), size.height());
 }
 
-/// The size of a picture that is made to fit a square; a smaller one stays as it is.
+/// The size of a picture scaled down to fit a square. Smaller pictures are not scaled.
 QSize Reduced(const QSize& size, int side) {
   if (LongestSide(size) <= side) return size;
   return size.scaled(side, side, Qt::KeepAspectRatio).expandedTo({1, 1});
@@ -55,8 +55,9 @@ QImage Reduced(const QImage& image, int side) {
                               : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-/// The image over white, in a square of the window. Its pixels are shown as large as on the map, or
-/// else by the largest whole factor that fits: they would blur in between.
+/// The image on white, fitted to a square of the window. Its pixels are as large as on the map or,
+/// if that doesn't fit, enlarged by the largest integer factor that does, since others would blur
+/// them.
 QImage Fitted(const QImage& image, int side, int zoom) {
   const QImage reduced = Reduced(image, side * zoom);
   const QSize size = reduced.size();

@@ -6,19 +6,19 @@
 
 namespace morvane {
 
-/// Small copies of a picture, over white, in pixels of the display.
+/// Small copies of a picture on white, in physical pixels.
 struct Thumbnail {
   QImage small;  ///< for a row of a list
   QImage large;  ///< for a tool tip
-  QSize size;    ///< of the picture itself; empty where it can't be read
+  QSize size;    ///< of the original picture; empty if it can't be read
 };
 
-/// The longest sides, in pixels of the window.
+/// The longest sides, in logical pixels.
 inline constexpr int kSmallThumbnail = 16;
 inline constexpr int kLargeThumbnail = 120;
 
-/// Reads the picture of a file for a display that shows a pixel of the window as zoom by zoom. What
-/// can't be a tile has no thumbnail. It ends early once it is given up.
+/// Makes the thumbnail of a picture file. zoom is the number of physical pixels per logical pixel.
+/// The result is empty if the file can't be used as a tile, or once isGivenUp is set.
 Thumbnail ReadThumbnail(const std::string& path, int zoom, const std::atomic<bool>& isGivenUp);
 
 }  // namespace morvane

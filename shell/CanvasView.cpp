@@ -23,7 +23,7 @@ int ButtonMask(Qt::MouseButtons buttons) {
   return mask;
 }
 
-/// On fine displays a position may lie inside a pixel; it belongs to that one, not to the next.
+/// On high-DPI displays a position may have a fraction, so it is rounded down.
 QPoint PixelAt(const QPointF& position) {
   return {qFloor(position.x()), qFloor(position.y())};
 }

@@ -20,7 +20,7 @@ class CanvasView : public PictureBoxView {
   void Pressed(int Button, float X, float Y);
   /// The pointer moved over the map, or anywhere while a button that went down here is held.
   void Moved(int Button, float X, float Y);
-  /// A key went down; handled tells whether it meant something.
+  /// A key was pressed; the receiver sets handled.
   void KeyPressed(int Key, int Modifiers, bool& handled);
 
  protected:
@@ -31,9 +31,9 @@ class CanvasView : public PictureBoxView {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  /// Whether the border marks the map as what the keys go to.
+  /// Whether the border shows that the map has the keyboard focus.
   bool ShowsFocus() const;
-  /// The outline as it is to be seen, in pixels of the widget; empty where it is hidden.
+  /// The visible outline in pixels of the widget; empty if it is hidden.
   QRegion OutlineRegion() const;
 
   const Outline& Shape1_;

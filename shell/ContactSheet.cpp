@@ -1,5 +1,5 @@
 // Draws overview pictures of the palette: each page with its items at natural size and enlarged,
-// with their captions. For looking at the art, and for asking others what they see in it.
+// with their captions. For reviews of the art.
 
 #include <QGuiApplication>
 #include <QPainter>

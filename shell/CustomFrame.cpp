@@ -22,7 +22,7 @@ namespace {
 
 constexpr int kDepthRole = Qt::UserRole + 1;
 
-/// Moves a row to the right by its depth below the root; it ends with the list.
+/// Indents a row by its depth below the root, within the width of the list.
 class IndentDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -55,7 +55,8 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   drive_->setObjectName("Drive1");
   drive_->setAccessibleName("Drive");
   SpeakEntry(drive_);
-  // The toolkit speaks a drop-down list by its label alone; there is no room for one to be seen.
+  // Qt takes the accessible name of a drop-down list only from its label. There is no room for a
+  // visible one.
   auto* label = new QLabel("Drive", this);
   label->setBuddy(drive_);
   label->hide();
@@ -73,7 +74,7 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   files_->setItemDelegate(fileRows_);
 
   folders_->setUniformItemSizes(true);
-  // There are only four rows, and no room for a bar: tool tips tell what is cut.
+  // There are only four rows and no room for a scroll bar: tool tips show elided names.
   folders_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   for (QWidget* list : {folders_, files_}) list->installEventFilter(this);
   folders_->setIconSize({16, 16});
@@ -161,7 +162,7 @@ void CustomFrame::ShowFolders() {
     item->setData(Qt::AccessibleDescriptionRole, TextOf(row.path));
     if (row.isOnPath) present = folders_->count() - 1;
   }
-  // The list claims the focus with each new row, even while the keys go elsewhere.
+  // The list reports the focus to screen readers with each new row, even if it has none.
   std::optional<QSignalBlocker> silence;
   if (!folders_->hasFocus()) silence.emplace(folders_->selectionModel());
   folders_->setCurrentRow(present);
@@ -183,7 +184,7 @@ void CustomFrame::ShowFiles() {
 }
 
 bool CustomFrame::eventFilter(QObject* watched, QEvent* event) {
-  // The lists overlap, and would cover each other's mark.
+  // The lists overlap, and would hide each other's focus frame.
   if (event->type() == QEvent::FocusIn) qobject_cast<QWidget*>(watched)->raise();
   return false;
 }

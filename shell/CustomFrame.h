@@ -24,7 +24,7 @@ class CustomFrame : public GroupFrame {
   void ShowState();
   void AddStops(TabRing& ring) const;
 
-  /// The list of files, over which no outline belongs on the map.
+  /// The list of files. While the pointer is over it, the outline on the map is hidden.
   QAbstractScrollArea* File1() const;
 
  protected:
@@ -55,7 +55,7 @@ class CustomFrame : public GroupFrame {
   int presentDrive_ = 0;  ///< row of the drive that holds the present folder
   int shownFolders_ = 0;  ///< the reading that is on the screen
   int shownFiles_ = 0;
-  std::vector<std::string> shownNames_;  ///< as the system has them, in whatever letters
+  std::vector<std::string> shownNames_;  ///< as the system has them, in any encoding
 };
 
 }  // namespace morvane

@@ -13,10 +13,10 @@
 namespace morvane {
 namespace {
 
-/// Rows that are scrolled past in this time get no thumbnail.
+/// Rows that are visible for a shorter time get no thumbnail.
 constexpr std::chrono::milliseconds kRest(30);
 
-/// A picture above a line of text, as a tool tip. The pixels of the display are kept.
+/// A tool tip with a picture above a line of text, in physical pixels.
 QString PictureToolTip(const QImage& image, const QString& text) {
   QByteArray png;
   QBuffer buffer(&png);
@@ -84,7 +84,7 @@ bool FileRows::helpEvent(QHelpEvent* event, QAbstractItemView* view,
 
 void FileRows::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
   QStyledItemDelegate::initStyleOption(option, index);
-  // The room for the picture. As an icon it would take on the colour of the row that is selected.
+  // Reserves space for the picture. If it were the icon, it would be tinted in the selected row.
   option->features |= QStyleOptionViewItem::HasDecoration;
   option->decorationSize = {kSmallThumbnail, kSmallThumbnail};
 }

@@ -12,13 +12,13 @@ class QListView;
 namespace morvane {
 
 /// Draws the rows of a list of picture files: a thumbnail and the name. A tool tip shows a larger
-/// picture, and the names that are cut off.
+/// picture, or a name that is elided.
 class FileRows : public QStyledItemDelegate {
  public:
-  /// The names are those of the list's rows, and stay their owner's.
+  /// names has one entry for each row, and must outlive this object.
   FileRows(const std::vector<std::string>& names, QListView* list);
 
-  /// The rows are files of this folder from now on, and their pictures are read afresh.
+  /// Sets the folder of the files, and drops all thumbnails.
   void SetFolder(const std::string& folder);
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -31,7 +31,7 @@ class FileRows : public QStyledItemDelegate {
 
  private:
   std::string PathOf(const QModelIndex& index) const;
-  /// Pixels of the display to one of the window; another display may have more.
+  /// Physical pixels per logical pixel on the current display.
   int Zoom() const;
   void WantRowsInView();
 

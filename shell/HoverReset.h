@@ -6,14 +6,14 @@ class QWidget;
 
 namespace morvane {
 
-/// Tells when the pointer moves over controls where the outline on the map has to vanish.
+/// Reports pointer moves over controls where the outline on the map has to be hidden.
 class HoverReset : public QObject {
   Q_OBJECT
 
  public:
   using QObject::QObject;
 
-  /// Watches a control with all that it holds.
+  /// Watches a control with its children.
   void Watch(QWidget* control);
   /// Watches a control alone, without its children.
   void WatchAlone(QWidget* control);

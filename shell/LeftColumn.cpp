@@ -82,7 +82,7 @@ void LeftColumn::AddStampBox(QWidget* window) {
 }
 
 void LeftColumn::AddTileSetRow(QWidget* window) {
-  constexpr int kGap = 2;  // before the selector, which covers the right end of the label
+  constexpr int kGap = 2;  // to the selector, which covers the right end of the label
   const QFont heading =
       FittedFont(ArialFont(kLabelText, true), "Tileset:", Px(750) - Px(120) - kGap);
   auto* label = AddLabel(window, "Label3", "Tileset:", PlaceOf(120, 2475, 735, 255), heading);

@@ -26,7 +26,7 @@ class LeftColumn : public QObject {
   void AddStops(TabRing& ring) const;
 
  signals:
-  /// An entry of the selector was chosen, maybe the one already chosen; entries count from 0.
+  /// An entry of the selector was chosen, possibly the current one. Entries count from 0.
   void TileSetChosen(int ListIndex);
   /// One of the five buttons was clicked; its name is the system's.
   void ButtonClicked(const QString& name);

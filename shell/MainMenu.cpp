@@ -11,7 +11,7 @@ namespace {
 
 enum State { kTop, kShown, kHidden };
 
-/// A row of the tree: the entries that follow a top one are its menu.
+/// An entry of the menu tree. A top-level entry is followed by the entries of its menu.
 struct Entry {
   const char* name;
   const char* caption;  ///< "-" for a separator

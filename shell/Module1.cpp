@@ -31,7 +31,7 @@ namespace morvane {
 namespace {
 
 constexpr int kCount = 3000000;
-constexpr qint64 kShortestSplash = 400;  // ms; today's machines count too fast for the eye
+constexpr qint64 kShortestSplash = 400;  // ms; loading is too fast for the splash to be seen
 
 void Count() {
   for (volatile int i = 1; i <= kCount;) {
@@ -40,14 +40,14 @@ void Count() {
   }
 }
 
-/// The toolkit's dialogs would visit the folders of earlier runs before ours, and hang on one that
-/// is gone from the network. Nothing but the settings file outlives a run: there is no folder where
-/// the toolkit looks for its own settings, nor can there be one.
+/// Qt's dialogs would look at the folders of earlier runs first, and hang on a network folder that
+/// is gone. So Qt's own settings get a path that can't exist.
 void ClearDialogHistory() {
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
 }
 
-/// Calls a function once the window stands where the desktop put it: dialogs lie over the window.
+/// Calls a function once the window has been placed by the desktop, so that dialogs are centred on
+/// it.
 class WhenShown : public QObject {
  public:
   WhenShown(QWidget& window, std::function<void()> function)
@@ -79,7 +79,8 @@ void OpenArgument(frmMain& window, const char* argument) {
 }  // namespace
 
 int RunMorvane(int argc, char** argv) {
-  // A file that grows beyond the limit of the session is a failed save, not the end of the run.
+  // Without this, a file beyond the size limit of the session would end the process instead of
+  // failing to save.
   std::signal(SIGXFSZ, SIG_IGN);
   qInstallMessageHandler(&TakeMessage);
   JpegWarnings::Install();
@@ -87,8 +88,7 @@ int RunMorvane(int argc, char** argv) {
   UseWholeScaleFactors();
   QApplication application(argc, argv);
   QApplication::setStyle(new FocusStyle);
-  // Strokes are as dense as the mouse reports them. The window system's plugin has just switched
-  // compression on.
+  // Strokes need every mouse event. The platform plugin has just enabled their compression.
   QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
   QApplication::setApplicationName(kProgramName);
   QApplication::setDesktopFileName("org.morvane.Morvane");
@@ -123,7 +123,7 @@ int RunMorvane(int argc, char** argv) {
     if (argc > 1) OpenArgument(window, argv[1]);
   });
   const int status = QApplication::exec();
-  // A decoder that hangs in a picture given up long ago would be caught by the end of the program.
+  // Static objects must not be destroyed while an abandoned decoder still runs.
   if (IsStillDecoding() || Thumbnails::AreBeingMade()) std::_Exit(status);
   return status;
 }

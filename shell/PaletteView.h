@@ -21,10 +21,10 @@ class PaletteView : public QObject {
   /// Shows the strip and the page of the chosen set, and hides all others.
   void ShowState();
 
-  /// A stop for the tabs of each set and one for each page.
+  /// Adds a tab stop for the tabs of each set and one for each page.
   void AddStops(TabRing& ring) const;
 
-  /// The strips, whose empty areas take the outline off the map.
+  /// The tab strips. While the pointer is over their empty areas, the outline on the map is hidden.
   const std::array<TabStrip*, kBuiltInSets>& Strips() const { return strips_; }
 
  signals:

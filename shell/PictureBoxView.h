@@ -11,7 +11,7 @@ class PictureBoxView : public QFrame {
  public:
   PictureBoxView(PictureBox& box, QWidget* parent);
 
-  /// Takes the size of the box and repaints what it has exposed since.
+  /// Takes the size of the box and repaints the area that has changed.
   void ShowState();
 
  protected:
@@ -22,7 +22,7 @@ class PictureBoxView : public QFrame {
   PictureBox& box_;
 };
 
-/// Draws a part of a picture at the same place of a widget, offset by an origin.
+/// Draws a part of a picture at the same position of a widget, offset by an origin.
 void PaintPicture(QPainter& painter, const PictureView& picture, const QPoint& origin,
                   const QRect& part);
 

@@ -12,12 +12,12 @@
 namespace morvane {
 namespace {
 
-/// Longer or deeper mark-up would keep the toolkit busy for minutes; its plain text is taken.
+/// Qt would need minutes for longer or deeper mark-up; its plain text is used instead.
 constexpr qsizetype kMostMarkup = 50'000;
 constexpr int kDeepestMarkup = 10;
 
-/// The mark-up with paragraphs in the place of table cells. No table is kept, and a cell that
-/// spans thousands of others would take the toolkit minutes to lay out.
+/// The mark-up with table cells replaced by paragraphs. No table is kept, and Qt would need minutes
+/// to lay out a cell that spans thousands of others.
 QString WithoutTables(QString markup) {
   static const QRegularExpression kTags(
       "<(/?)(table|thead|tbody|tfoot|caption|col|colgroup|tr|td|th)\\b",
@@ -25,7 +25,7 @@ QString WithoutTables(QString markup) {
   return markup.replace(kTags, "<\\1p");
 }
 
-/// Tables in tables cost the toolkit twice the time for each level.
+/// Qt needs twice the time for each level of nested tables.
 bool IsDeep(const QString& markup) {
   return markup.count("<table", Qt::CaseInsensitive) > kDeepestMarkup ||
          markup.count("<ul", Qt::CaseInsensitive) > kDeepestMarkup ||
@@ -67,11 +67,11 @@ void RichTextBox::Format(QTextCharFormat format) {
   mergeCurrentCharFormat(format);
 }
 
-// The pasted document is taken apart and told again: pictures, tables and lists stay outside.
+// Only the text and its formats are inserted, without pictures, tables and lists.
 void RichTextBox::Insert(const QTextDocument& pasted) {
   TextLimits room(*document());
   QTextCursor cursor = textCursor();
-  // Otherwise the paragraph would be laid out again for every piece.
+  // Without an edit block the paragraph would be laid out again for every piece.
   cursor.beginEditBlock();
   for (QTextBlock block = pasted.begin(); block.isValid() && !room.IsFull(); block = block.next()) {
     if (block != pasted.begin()) {

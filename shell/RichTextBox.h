@@ -6,17 +6,17 @@
 
 namespace morvane {
 
-/// An editor of rich text that takes nothing from outside but text: what is pasted or dropped can't
-/// load pictures or anything else from disk or network, and is cut to what TextLimits allows. The
-/// text looks as it will on a white map, whatever the desktop's colours and fineness.
+/// An editor of rich text. What is pasted or dropped can't load pictures or anything else from disk
+/// or network, and is limited by TextLimits. The text looks as on a white map, whatever the colours
+/// and resolution of the desktop.
 class RichTextBox : public QTextEdit {
   Q_OBJECT
 
  public:
   explicit RichTextBox(QWidget* parent);
 
-  /// Gives the selection, or what is typed next, a format with a size in points. A larger size than
-  /// fits the map's text becomes the largest.
+  /// Applies a format to the selection, or to what is typed next. Font sizes in points are limited
+  /// to what fits on the map.
   void Format(QTextCharFormat format);
 
  protected:

@@ -21,7 +21,7 @@ class StatusBar : public QFrame {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  /// Tells a text that is too long for the bar.
+  /// Shows a text that is too long for the bar as its tool tip.
   void ShowToolTip();
   void AddPanel(const char* key, const QString& text);
 

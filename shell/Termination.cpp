@@ -22,11 +22,11 @@ namespace {
 
 constexpr std::array<int, 3> kSignals = {SIGTERM, SIGINT, SIGHUP};
 
-/// The form of the program that runs, for handlers that are given nothing.
+/// The form of the running program, for handlers without a context argument.
 MainForm* runningForm = nullptr;
 
-/// A signal handler may do next to nothing, and another thread may not touch the map: they write
-/// the signal's number, or kDisplayLost, into this pipe, and the event loop reads it.
+/// Signal handlers and other threads must not access the map: they write the signal's number, or
+/// kDisplayLost, to this pipe, and the event loop reads it.
 std::array<int, 2> endPipe = {-1, -1};
 constexpr char kDisplayLost = 0;
 
@@ -42,20 +42,20 @@ void WriteToPipe(char byte) {
 void PassSignal(int number) {
   constexpr unsigned kPatience = 30;  // s
   const int error = errno;
-  // Ends a program that never reads the pipe.
+  // Ends a program that hangs and doesn't read the pipe.
   alarm(kPatience);
   WriteToPipe(static_cast<char>(number));
   errno = error;
 }
 
-/// Qt calls exit() where the X server is gone.
+/// Qt calls exit() when the X server is gone.
 void EndAtExit() {
   if (runningForm != nullptr) runningForm->RescueAtTermination();
 }
 
-/// GTK, which comes with some desktops' themes, has a connection of its own to the display, and
-/// ends the process without any exit handler where that is gone. The program doesn't link GTK, so
-/// the libraries are asked for by name.
+/// GTK, which some platform themes load, has its own connection to the display, and ends the
+/// process without exit handlers when that is gone. The program doesn't link GTK, so its functions
+/// are looked up by name.
 template <typename Function>
 Function* LoadedFunction(const char* library, const char* name) {
   void* handle = dlopen(library, RTLD_LAZY | RTLD_NOLOAD);
@@ -70,7 +70,7 @@ Function* LoadedFunction(const char* library, const char* name) {
   std::_Exit(EXIT_FAILURE);
 }
 
-/// A part of a message, as GLib hands it to its writer.
+/// A field of a GLib log message.
 struct LogField {
   const char* key;
   const void* value;
@@ -105,10 +105,10 @@ void WatchGtk() {
   if (defaultWriter != nullptr && setWriter != nullptr) setWriter(&WriteLog, nullptr, nullptr);
 }
 
-/// Where the Wayland compositor is gone, one of Qt's threads, the window's own in newer versions,
-/// reports it and then ends the process without any exit handler. It is delayed while the main
-/// thread keeps the map. The process ends too where Qt would look for another compositor
-/// (QT_WAYLAND_RECONNECT): if it found none, the map would be lost.
+/// When the Wayland compositor is gone, one of Qt's threads (the main thread in newer versions)
+/// logs a warning and then ends the process without exit handlers. The thread is delayed here until
+/// the main thread has saved the map. The process also ends if Qt would wait for another compositor
+/// (QT_WAYLAND_RECONNECT): if none came, the map would be lost.
 void EndByLostCompositor() {
   constexpr unsigned long kPatience = 5;  // s
   if (runningForm == nullptr) return;
@@ -139,14 +139,14 @@ Termination::Termination(MainForm& form)
   for (const int number : kSignals) {
     struct sigaction action {};
     sigaction(number, nullptr, &action);
-    // Who starts the program may want it to survive the end of a terminal.
+    // nohup sets SIGHUP to be ignored, and that is respected.
     if (action.sa_handler == SIG_IGN) continue;
     action = {};
     action.sa_handler = &PassSignal;
     action.sa_flags = SA_RESTART;
     sigaction(number, &action, nullptr);
   }
-  // The session manager waits for the answer, so it must come during the signal.
+  // The session manager needs the answer before the signal returns.
   connect(qApp, &QGuiApplication::commitDataRequest, this, &Termination::CommitSession,
           Qt::DirectConnection);
   qApp->installEventFilter(this);
@@ -174,7 +174,7 @@ void Termination::CommitSession(QSessionManager& session) {
   }
 }
 
-/// While the window is still open, only a session manager that ends the session quits.
+/// While the window is open, only a session manager sends this event.
 bool Termination::eventFilter(QObject* application, QEvent* event) {
   if (application == qApp && event->type() == QEvent::Quit && !form_.HasEnded()) {
     form_.RescueAtTermination();

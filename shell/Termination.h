@@ -10,12 +10,12 @@ class QSessionManager;
 
 namespace morvane {
 
-/// Keeps the map at the ends of the program at which the exit question can't be asked: SIGTERM,
-/// SIGINT, SIGHUP, the loss of the display, and the end of the desktop session. There is one of
-/// these, from when the main window is ready until the event loop has ended.
+/// Saves the map when the program ends without the exit question: SIGTERM, SIGINT, SIGHUP, loss of
+/// the display, and the end of the desktop session. There is one object, from when the main window
+/// is ready until the event loop has ended.
 class Termination : public QObject {
  public:
-  /// The form outlives this object.
+  /// The form must outlive this object.
   explicit Termination(MainForm& form);
   ~Termination() override;
 
@@ -23,7 +23,7 @@ class Termination : public QObject {
   bool eventFilter(QObject* application, QEvent* event) override;
 
  private:
-  /// Ends the process as the pipe says.
+  /// Reads the pipe and ends the process.
   void EndByPipe();
   void CommitSession(QSessionManager& session);
 
@@ -31,8 +31,8 @@ class Termination : public QObject {
   QSocketNotifier ends_;  ///< reports the next byte of the pipe
 };
 
-/// The handler of Qt's messages, which learns from one that the Wayland compositor is gone. It
-/// keeps warnings for developers off the terminal, unless QT_LOGGING_RULES is set.
+/// Handles Qt's messages, one of which says that the Wayland compositor is gone. Keeps warnings for
+/// developers off the terminal, unless QT_LOGGING_RULES is set.
 void TakeMessage(QtMsgType type, const QMessageLogContext& context, const QString& text);
 
 }  // namespace morvane

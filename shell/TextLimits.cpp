@@ -9,13 +9,14 @@ namespace morvane {
 namespace {
 
 constexpr double kPointsPerPixel = 72.0 / 96;
-/// Smaller letters count as much as these. In pixels.
+/// In pixels. Smaller characters count as this size.
 constexpr double kSmallLetters = 16;
-/// The sizes of all letters together: 10,000 small ones, several times what the map's text shows.
+/// The sum of the sizes of all characters: enough for 10,000 small ones, several times what fits on
+/// the map.
 constexpr double kMostHeight = 10'000 * kSmallLetters;
-/// Changes of format.
+/// The number of format changes.
 constexpr int kMostRuns = 500;
-/// Kinds of font; each is looked up again for every script in the text.
+/// The number of different fonts; each is looked up again for every script in the text.
 constexpr qsizetype kMostFonts = 64;
 
 constexpr std::array kFontProperties = {QTextFormat::FontFamilies, QTextFormat::FontPointSize,
@@ -27,7 +28,7 @@ void CopyProperty(QTextFormat::Property property, const QTextCharFormat& from,
   if (from.hasProperty(property)) to.setProperty(property, from.property(property));
 }
 
-// What was pasted may be no number at all.
+// A pasted size may not be a number.
 double LimitedPoints(double points, double mostPixels) {
   const double most = std::min<double>(mostPixels, kMaxLetterHeight) * kPointsPerPixel;
   return points <= most ? points : most;
@@ -43,7 +44,7 @@ void LimitSize(QTextCharFormat& format) {
   }
 }
 
-/// What one letter counts, in pixels.
+/// The size that one character counts as, in pixels.
 double HeightOf(const QTextCharFormat& format) {
   return std::max({kSmallLetters, format.fontPointSize() / kPointsPerPixel,
                    double(format.intProperty(QTextFormat::FontPixelSize))});

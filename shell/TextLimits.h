@@ -9,23 +9,23 @@ class QTextDocument;
 
 namespace morvane {
 
-/// What a document still has room for. Without limits a few kilobytes of pasted text can keep the
-/// layout busy for minutes.
+/// Limits the text and formats of a document. Without limits the layout of a few kilobytes of
+/// pasted text can take minutes.
 class TextLimits {
  public:
-  /// The room beside what the document holds already.
+  /// Counts what the document already contains.
   explicit TextLimits(const QTextDocument& document);
 
   bool IsFull() const { return Letters({}) == 0; }
-  /// The beginning of a text that fits in that format, which is counted. Large letters take more
-  /// room than small ones.
+  /// Returns and counts the beginning of a text that is within the limits. Large characters count
+  /// more than small ones.
   QString Take(const QString& text, const QTextCharFormat& format);
-  /// What is kept of the format of a piece of pasted text: font, size, four effects and an opaque
-  /// colour. Font and size are dropped where there are too many kinds of them, and everything where
+  /// The format that is kept of a piece of pasted text: font, size, four effects and an opaque
+  /// colour. Font and size are dropped if there are too many different ones, and everything if
   /// there are too many pieces.
   QTextCharFormat Fit(const QTextCharFormat& pasted);
 
-  /// The size in points for letters of a document, no larger than it has room for.
+  /// The font size in points, limited to what the document's text may have.
   static double FittingPointSize(double points, const QTextDocument& document);
 
  private:

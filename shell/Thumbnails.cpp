@@ -17,14 +17,14 @@ namespace {
 constexpr int kMostKilobytes = 8192;
 constexpr std::chrono::milliseconds kPatience(2000);
 
-/// The one that is waited for, and one that was given up and hangs. Behind a second one that hangs,
-/// all others may do so too.
+/// The current thread, and one that was abandoned and hangs. Once two hang, others would probably
+/// hang too.
 constexpr int kMostAtWork = 2;
 
-/// Threads whose end the window has not heard of.
+/// The number of threads that have not reported their end yet.
 int atWork = 0;
 
-/// The system schedules threads one by one, and the window comes first.
+/// Lowers the priority of the calling thread, so that the window stays responsive.
 void StepBack() {
   constexpr int kNiceness = 5;
   setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), kNiceness);
@@ -89,7 +89,7 @@ void Thumbnails::Start(const std::string& path) {
   const auto job = std::make_shared<Job>();
   job->path = path;
   job->zoom = zoom_;
-  // It may outlive the window, which is asked for only in the window's own thread.
+  // The thread may outlive this object, which is accessed only in the main thread.
   const auto work = [job, self = QPointer(this)] {
     StepBack();
     job->thumbnail = ReadThumbnail(job->path, job->zoom, job->isGivenUp);

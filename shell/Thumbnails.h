@@ -10,8 +10,8 @@
 
 namespace morvane {
 
-/// The thumbnails of picture files. They are made beside the window, one after the other, and kept
-/// in a small part of the memory.
+/// The thumbnails of picture files. They are made in other threads, one at a time, and kept in a
+/// small cache.
 class Thumbnails : public QObject {
   Q_OBJECT
 
@@ -21,15 +21,16 @@ class Thumbnails : public QObject {
   Thumbnails& operator=(const Thumbnails&) = delete;
   ~Thumbnails() override;
 
-  /// The thumbnail of a file, or null where none was made yet. One of a file that can't be read, or
-  /// not within two seconds, is empty.
+  /// The thumbnail of a file, or null if none has been made yet. It is empty if the file can't be
+  /// read within two seconds.
   const Thumbnail* Of(const std::string& path) const;
-  /// Makes those of these files, in this order, for a display of that zoom, and no others.
+  /// Makes the thumbnails of these files in this order, and drops earlier requests. zoom is the
+  /// number of physical pixels per logical pixel.
   void Want(std::deque<std::string> paths, int zoom);
-  /// Forgets all of them: the files may have changed.
+  /// Drops all thumbnails, because the files may have changed.
   void Clear();
 
-  /// Whether any is being made, given up or not.
+  /// Whether a thread is running, abandoned or not.
   static bool AreBeingMade();
 
  signals:

@@ -12,8 +12,8 @@ namespace {
 
 constexpr int kCellTwips = 360;
 
-/// The side of a box for a side of its picture: the cells that it covers and a little more, so that
-/// no click is lost between two boxes.
+/// The side of a box for a side of its picture: the cells that it covers plus one pixel, so that no
+/// click falls between two boxes.
 constexpr int BoxSide(int pictureSide) {
   return pictureSide / kSheetCell * kCellTwips + 15;
 }
@@ -53,7 +53,7 @@ void TileBox::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(pen);
   painter.drawRect(place.adjusted(1, 1, -1, -1));
   if (!hasFocus()) return;
-  // What the keys go to is told apart from what the mouse rests on.
+  // The keyboard focus looks different from the mouse hover.
   painter.setPen(palette().color(QPalette::HighlightedText));
   painter.drawRect(place.adjusted(2, 2, -3, -3));
 }

@@ -6,10 +6,10 @@
 
 namespace morvane {
 
-/// One item of the palette: its picture, to be clicked.
+/// One item of the palette: a picture that can be clicked.
 class TileBox : public QAbstractButton {
  public:
-  /// The box stands at its cell of the page that is its parent.
+  /// Places the box at its cell of the page, which is its parent.
   TileBox(const Item& item, const Picture& picture, QWidget* page);
 
  protected:

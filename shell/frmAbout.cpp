@@ -15,7 +15,7 @@ namespace {
 
 constexpr QColor kGrooveDark(0x80, 0x80, 0x80);
 
-/// A picture that can be clicked and shows no sign of it, unless the keys have come to it.
+/// A picture that can be clicked, but only shows that when it has the keyboard focus.
 class SecretTile : public QAbstractButton {
  public:
   using QAbstractButton::QAbstractButton;

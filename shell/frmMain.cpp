@@ -103,8 +103,8 @@ frmMain::frmMain(MainForm& form)
 
 void frmMain::Prepare() {
   create();
-  // Nobody sees this picture: it loads fonts and letters, settles styles and layouts, and has the
-  // memory behind the window laid out.
+  // This picture is discarded: drawing it loads fonts, computes styles and layouts, and allocates
+  // memory.
   QBackingStore* store = backingStore();
   store->resize(size());
   store->beginPaint(rect());
@@ -155,7 +155,7 @@ void frmMain::ConnectEvents() {
 }
 
 void frmMain::WatchHover() {
-  // What isn't watched keeps its moves to itself; they are no moves over what lies behind it.
+  // Other controls must not pass their mouse moves on to the controls behind them.
   for (QWidget* holder : {static_cast<QWidget*>(client_), static_cast<QWidget*>(frame5_)}) {
     for (QWidget* control : holder->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
       control->setAttribute(Qt::WA_NoMousePropagation);
@@ -222,7 +222,7 @@ void frmMain::Form_Resize() {
 
 void frmMain::ShowState() {
   Document& document = form_.document;
-  // The toolkit takes a single "[*]" for a mark of its own.
+  // Qt replaces a single "[*]" in window titles.
   setWindowTitle(TextOf(document.Caption).replace("[*]", "[*][*]"));
   ShowPointer(this, document.MousePointer);
   ShowPointer(canvas_, document.Canvas.MousePointer);

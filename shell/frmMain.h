@@ -18,23 +18,23 @@ class StatusBar;
 class TabRing;
 class ToolBar;
 
-/// The main window. Each of its events runs in the core; then the window shows the state.
+/// The main window. Each event calls a function of the core and then updates the window.
 class frmMain : public QMainWindow {
   Q_OBJECT
 
  public:
   explicit frmMain(MainForm& form);
 
-  /// Does ahead what the first showing would take time for.
+  /// Does in advance what would slow down the first showing.
   void Prepare();
 
-  /// Opens a map that the user has chosen outside, by its absolute path.
+  /// Opens a map that the user has chosen outside of the program, by its absolute path.
   void Open(const std::string& path);
 
-  /// Tells the user where maps of earlier runs were saved, if there are any to be told of.
+  /// Reports where maps of earlier runs were saved, if there are any.
   void ReportRescueCopies();
 
-  /// Brings every control up to date.
+  /// Updates every control.
   void ShowState();
 
  protected:
@@ -43,14 +43,14 @@ class frmMain : public QMainWindow {
 
  private:
   void ConnectEvents();
-  /// An event of the palette or the map: the rule runs, then the window shows the state.
+  /// Calls a function of the core for an event of the palette or the map, then updates the window.
   template <typename Rule>
   auto Event(Rule rule);
-  /// Runs what an event asks for and shows the state; a lack of memory is told, not the end.
+  /// Calls a function of the core and updates the window. Reports when memory runs out.
   void Run(const std::function<void()>& command);
   void WatchHover();
   void AddTabStops();
-  /// Runs the command of a menu entry or of the tool bar button that stands for it.
+  /// Runs the command of a menu entry or of its tool bar button.
   void RunCommand(const QString& name);
   void Form_Resize();
 

@@ -23,7 +23,7 @@ Control* Placed(Control* control, const char* name, const QRect& place) {
   return control;
 }
 
-/// A label that does for its field what a click on the field does.
+/// A label that acts on a click like its field.
 class FieldLabel : public QLabel {
  public:
   using QLabel::QLabel;
@@ -35,7 +35,7 @@ class FieldLabel : public QLabel {
   }
 };
 
-/// Labels reach under their fields, so they lie below them, and their texts end before.
+/// Labels overlap their fields, so they are lowered, and their texts end before the fields.
 void AddLabel(QWidget* frame, const char* name, const char* text, const QRect& place,
               QWidget* buddy) {
   constexpr int kGap = 3;
@@ -74,7 +74,7 @@ QWidget* AddColorBox(QWidget* frame, const char* name, const char* spokenName, c
   return box;
 }
 
-/// The button beside the box is where the keys come to, so it tells the colour too.
+/// The button beside the box has the keyboard focus, so its description names the colour too.
 void ShowColor(QWidget* box, QWidget* button, Color color) {
   const QColor shown = QColor::fromRgb(PixelOf(color));
   QPalette palette = box->palette();

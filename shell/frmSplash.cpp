@@ -21,7 +21,7 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindow
 }
 
 void frmSplash::ShowAtOnce() {
-  constexpr qint64 kLongestWait = 1000;  // ms, for a window system that never tells
+  constexpr qint64 kLongestWait = 1000;  // ms, for a window system that never reports it
   show();
   QElapsedTimer waited;
   waited.start();

@@ -4,14 +4,14 @@
 
 namespace morvane {
 
-/// The window that greets during start-up: a picture without a caption.
+/// The splash window: a picture without a title bar.
 class frmSplash : public QWidget {
   Q_OBJECT
 
  public:
   frmSplash();
 
-  /// Shows the window and waits until it can be seen; no event of the user is handled meanwhile.
+  /// Shows the window and waits until it is visible, without handling user events.
   void ShowAtOnce();
 
  protected:

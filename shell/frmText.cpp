@@ -46,7 +46,7 @@ frmText::frmText(const std::string& text, QWidget* owner)
   RichTextBox1_->setFocus();
 }
 
-// Esc would throw away all that was typed; only the close box does that.
+// Esc would discard all that was typed; only the close box does that.
 void frmText::keyPressEvent(QKeyEvent* event) {
   if (event->key() != Qt::Key_Escape) FixedDialog::keyPressEvent(event);
 }

@@ -9,7 +9,7 @@ namespace morvane {
 class RichTextBox;
 
 /// The dialog in which text for the map is typed and formatted. There is no Cancel button: closing
-/// the window is the way out.
+/// the window cancels it.
 class frmText : public FixedDialog {
   Q_OBJECT
 

@@ -2,7 +2,7 @@
 
 namespace morvane {
 
-/// Mouse buttons by their numbers; held buttons add up to a mask.
+/// Mouse button numbers, which combine to a mask.
 enum MouseButton : int { kLeftButton = 1, kRightButton = 2, kMiddleButton = 4 };
 
 }  // namespace morvane

@@ -15,10 +15,10 @@ enum KeyCode : int {
   kKeyF11 = 122,
 };
 
-/// Modifier keys; held ones add up to a mask.
+/// Modifier keys, which combine to a mask.
 enum KeyModifier : int { kShift = 1, kCtrl = 2, kAlt = 4 };
 
-/// A key going down while the map has the focus. Returns whether it means something here.
+/// A key press while the map has the focus. Returns whether the key was handled.
 bool Canvas_KeyDown(Palette& palette, int Key, int Modifiers);
 
 }  // namespace morvane

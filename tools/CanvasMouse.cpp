@@ -10,7 +10,7 @@
 namespace morvane {
 namespace {
 
-/// Paints by the mode.
+/// Paints with the tool of the current mode.
 void Paint(Palette& palette, Gesture gesture, int Button, float X, float Y) {
   if (palette.CurrentMode() == Mode::Tile) {
     TilePath(palette, gesture, Button, X, Y);
@@ -19,13 +19,13 @@ void Paint(Palette& palette, Gesture gesture, int Button, float X, float Y) {
   }
 }
 
-/// What ends every press and every stroke, also one that changed nothing.
+/// Runs at the end of every press and move, even one that changed nothing.
 void ClosingSteps(Document& document) {
   document.Canvas.Refresh();
   EnableUndo(document);
 }
 
-/// The outline follows cell by cell; on a grid line an axis keeps its value.
+/// Moves the outline by whole cells. On a grid line the coordinate of that axis stays.
 void Hover(Palette& palette, float X, float Y) {
   Outline& Shape1 = palette.Shape1;
   const PictureBox& Canvas = palette.document.Canvas;

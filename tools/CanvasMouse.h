@@ -4,11 +4,11 @@
 
 namespace morvane {
 
-/// A mouse button going down on the map at a pixel of it.
+/// A mouse press on the map, in map pixels.
 void Canvas_MouseDown(Palette& palette, int Button, float X, float Y);
 
-/// A move of the pointer over the map, or beyond its edge while a button is held. Button is the
-/// mask of all buttons held.
+/// A mouse move over the map, or beyond its edge while a button is held. Button is the mask of the
+/// held buttons.
 void Canvas_MouseMove(Palette& palette, int Button, float X, float Y);
 
 /// The pointer moved over a control where no outline belongs.

@@ -27,7 +27,7 @@ Edge EdgeOf(const Palette& palette, int Button) {
   return Button == kLeftButton ? Edge::Door : Edge::SecretDoor;
 }
 
-/// The plain colour between the posts of a fence, read from the picture itself.
+/// The colour key of a fence, which fills the gaps between its posts; read from the picture itself.
 Color FenceColorKey(const PictureView& fence, Direction direction) {
   return direction == Direction::Vertical ? GetPixel(fence, 0, 4) : GetPixel(fence, 4, 0);
 }

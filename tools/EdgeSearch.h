@@ -15,8 +15,8 @@ struct CellSide {
   friend bool operator==(const CellSide&, const CellSide&) = default;
 };
 
-/// The side that a pointer place is near: close to one grid line and well inside the cell along it.
-/// Near a crossing, or inside a cell, there is none.
+/// The cell side near a pointer position: close to one grid line and well inside the cell along it.
+/// There is none near a crossing or inside a cell.
 std::optional<CellSide> FindCellSide(float X, float Y, Size map);
 
 }  // namespace morvane

@@ -2,7 +2,7 @@
 
 namespace morvane {
 
-/// How the hand paints: a press is one step of Undo, a stroke goes on behind it.
+/// How the mouse paints: a press begins an Undo step, and a stroke continues it.
 enum class Gesture { Press, Stroke };
 
 }  // namespace morvane

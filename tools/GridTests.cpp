@@ -12,7 +12,7 @@ constexpr int kBand = 3;
 
 using Test = bool (*)(float, int);
 
-/// The one index that can pass is found by division, so no scan is needed.
+/// At most one index can match, and a division finds it.
 std::optional<int> Find(Test test, float v, int shift, int extent) {
   const int k = static_cast<int>(std::floor((v + static_cast<float>(shift)) / kCellSize));
   if (k < 0 || k > extent / kCellSize || !test(v, k)) return std::nullopt;

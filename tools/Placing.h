@@ -5,8 +5,8 @@
 
 namespace morvane {
 
-/// Copies a rectangle of pixels onto the map, from the top left of a source; a press keeps the map
-/// for Undo directly before. With a colour given, the source's pixels of that colour are left out.
+/// Copies a rectangle of pixels from the top left of a source onto the map. A press takes the
+/// snapshot for Undo first. Source pixels of the colour key, if there is one, are left out.
 void Place(Document& document, Gesture gesture, int SnapX, int SnapY, Size size,
            const PictureView& source, const Color* transparent = nullptr);
 

@@ -4,13 +4,13 @@
 
 namespace morvane {
 
-/// Tools > Insert Text: the next press on the map tells where text goes.
+/// Tools > Insert Text: the next press on the map chooses where the text goes.
 void mnuToolsInsertText_Click(Document& document);
 
 /// Whether the next press places text.
 bool IsTextArmed(const Document& document);
 
-/// A press with text armed: asks for the text and merges it into the map at that place.
+/// The press that places text: asks for the text and draws it on the map at that position.
 void PlaceText(Document& document, float X, float Y);
 
 }  // namespace morvane

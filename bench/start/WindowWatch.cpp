@@ -56,8 +56,7 @@ Appearance WindowWatch::NextWindow(int leastWidth) {
 }
 
 bool WindowWatch::IsPainted(xcb_window_t window, int width, int row) {
-  // The toolkit's windows have no background: until they are painted, the black screen shows
-  // through.
+  // Qt's windows have no background: until they are painted, the black screen shows through.
   const Owned<xcb_get_image_reply_t> image(xcb_get_image_reply(
       connection_.get(),
       xcb_get_image(connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0,

@@ -8,12 +8,12 @@
 
 namespace morvane {
 
-/// Whether the bytes claim to be a BMP file.
+/// Whether the file begins with the signature of a BMP file.
 bool IsBmp(ByteSource& file);
 
 /// Decodes a BMP file of any form that isn't itself a JPEG, a PNG or a fax inside. What is
-/// transparent is laid over white. A file that ends too early or whose headers contradict
-/// themselves is refused with its reason.
+/// transparent is laid over white. A file that is too short, or whose headers contradict each
+/// other, is refused with a reason.
 class BmpDecoder {
  public:
   explicit BmpDecoder(ByteSource& file) : file_(file), window_(file) {}
@@ -24,7 +24,7 @@ class BmpDecoder {
   Size PictureSize() const { return {header_.width, header_.height}; }
   /// Decodes into a picture of that size. After a failure its pixels are undefined.
   Failure Decode(const Surface& picture);
-  /// Whether what was decoded runs out of the picture or of its palette.
+  /// Whether runs left the picture, or indices the palette.
   bool MetDamage() const { return metDamage_; }
 
  private:
@@ -37,11 +37,11 @@ class BmpDecoder {
 /// Decodes a whole BMP file.
 Result<LoadedPicture> ReadBmp(ByteSource& file);
 
-/// A picture as an uncompressed BMP file of 24 bits a pixel at 96 dpi. The bytes are made when they
-/// are asked for.
+/// A picture as an uncompressed BMP file of 24 bits a pixel at 96 dpi. The bytes are generated on
+/// demand.
 class BmpEncoder : public ByteSource {
  public:
-  /// The picture must stay as it is while the encoder is in use.
+  /// The picture must not change while the encoder is in use.
   explicit BmpEncoder(const PictureView& picture);
 
   std::size_t Size() const override;

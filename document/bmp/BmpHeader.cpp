@@ -121,7 +121,7 @@ class HeaderReader {
       header_.blue.mask = wide ? 0xFFU : 0x1FU;
       return {};
     }
-    // Newer headers hold the masks; behind the plain one they follow as a table of their own.
+    // Newer headers contain the masks. After the basic header they follow as a separate table.
     const std::size_t masks = compressionField_ == kAlphaFields || infoSize_ >= 56 ? 4 : 3;
     const std::size_t masksAt = kFileHeaderSize + kInfoHeaderSize;
     if (fileSize_ < masksAt + masks * 4) return kTooShort;
@@ -160,7 +160,7 @@ class HeaderReader {
   BmpHeader header_;
   std::uint32_t infoSize_ = 0;
   std::uint32_t compressionField_ = kRgb;
-  std::size_t tablesAt_ = 0;  ///< behind the header: masks, then the palette
+  std::size_t tablesAt_ = 0;  ///< where the masks begin, then the palette
 };
 
 }  // namespace
@@ -171,7 +171,7 @@ std::uint32_t BmpChannel::Of(std::uint32_t pixel) const {
   const std::uint32_t most = mask >> shift;
   const std::uint32_t value = (pixel & mask) >> shift;
   if (most == 255) return value;
-  // Long divisions cost much, and hardly any file needs them.
+  // 64-bit divisions are slow, and hardly any file needs them.
   if (most <= 0xFFFF) return (value * 255 + most / 2) / most;
   return static_cast<std::uint32_t>((std::uint64_t{value} * 255 + most / 2) / most);
 }

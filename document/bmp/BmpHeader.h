@@ -21,7 +21,7 @@ struct BmpChannel {
   std::uint32_t Of(std::uint32_t pixel) const;
 };
 
-/// What the headers of a BMP file tell, checked against the file and against each other.
+/// The contents of the headers of a BMP file, checked against the file and against each other.
 struct BmpHeader {
   int width = 0;
   int height = 0;
@@ -37,7 +37,7 @@ struct BmpHeader {
   std::size_t RowBytes() const { return (static_cast<std::size_t>(width) * bits + 31) / 32 * 4; }
 };
 
-/// Headers, masks and palette are never longer.
+/// Headers, masks and palette together are never longer.
 inline constexpr std::size_t kBmpHeadBytes = 4096;
 
 /// Reads the headers from the head of a file of that size. The head is the whole file, or

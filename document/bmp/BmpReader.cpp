@@ -96,8 +96,8 @@ class RowReader {
     ReadFieldRow<bits>(bytes, header_, alphaCounts_ ? header_.alpha : BmpChannel{}, to);
   }
 
-  /// Many programs leave the alpha channel all zero and mean opaque. A picture that uses it after
-  /// all is transparent up to here.
+  /// Many programs write zero to every alpha value and mean opaque. If the channel turns out to be
+  /// used, the rows up to here are transparent.
   void BeginAlpha() {
     alphaCounts_ = true;
     for (int row = 0; row < done_ - 1; ++row) {
@@ -124,7 +124,7 @@ Failure ReadRows(ByteWindow& file, const BmpHeader& header, const Surface& pictu
   return {};
 }
 
-/// Whether the file is long enough for the size that it claims.
+/// Whether the file is long enough for the size in its header.
 bool HasRoom(const BmpHeader& header, std::size_t bytes) {
   if (header.compression == BmpCompression::None) {
     return bytes / header.RowBytes() >= static_cast<std::size_t>(header.height);

@@ -85,7 +85,7 @@ class RunReader {
     switch (code) {
       case kEndOfLine:
         x_ = 0;
-        y_ = std::max(y_ - 1, -1);  // one mark too many does no harm
+        y_ = std::max(y_ - 1, -1);  // one end mark too many is tolerated
         return true;
       case kEndOfPicture:
         ended_ = true;

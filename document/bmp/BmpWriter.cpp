@@ -14,7 +14,7 @@ std::uint8_t ChannelOf(Pixel pixel, std::size_t channel) {
   return static_cast<std::uint8_t>(pixel >> (channel * 8));
 }
 
-/// Writes the bytes of a row from a place in it on; behind the last pixel they are 0.
+/// Writes the bytes of a row, beginning at an offset. The padding after the last pixel is 0.
 void WriteRow(std::span<std::uint8_t> to, const Pixel* row, std::size_t width, std::size_t place) {
   const std::size_t end = place + to.size();
   std::uint8_t* byte = to.data();

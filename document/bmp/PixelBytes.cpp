@@ -14,7 +14,7 @@ namespace {
 constexpr int kGroup = 8;
 /// In a file each half of a group takes twelve bytes.
 constexpr std::ptrdiff_t kHalfBytes = 12;
-/// The second half reaches four bytes beyond its own, so that two more pixels must lie behind it.
+/// The second half reads four bytes beyond its own, so two more pixels must follow it.
 constexpr int kReach = kGroup + 2;
 
 bool HasWideShuffle() {
@@ -26,7 +26,7 @@ __attribute__((target("avx2"))) __m256i InBothHalves(__m128i bytes) {
   return _mm256_broadcastsi128_si256(bytes);
 }
 
-/// Returns how many pixels are done.
+/// Returns the number of pixels processed.
 __attribute__((target("avx2"))) int PackGroups(std::uint8_t* to, const Pixel* from, int count) {
   const __m256i order =
       InBothHalves(_mm_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1));
@@ -34,7 +34,7 @@ __attribute__((target("avx2"))) int PackGroups(std::uint8_t* to, const Pixel* fr
   for (; done <= count - kReach; done += kGroup, to += 2 * kHalfBytes) {
     const __m256i pixels = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(from + done));
     const __m256i bytes = _mm256_shuffle_epi8(pixels, order);
-    // What is written beyond twelve bytes, the next pixels write over.
+    // The bytes written beyond the twelfth are overwritten by the next pixels.
     _mm_storeu_si128(reinterpret_cast<__m128i*>(to), _mm256_castsi256_si128(bytes));
     _mm_storeu_si128(reinterpret_cast<__m128i*>(to + kHalfBytes),
                      _mm256_extracti128_si256(bytes, 1));
@@ -42,7 +42,7 @@ __attribute__((target("avx2"))) int PackGroups(std::uint8_t* to, const Pixel* fr
   return done;
 }
 
-/// Returns how many pixels are done.
+/// Returns the number of pixels processed.
 __attribute__((target("avx2"))) int UnpackGroups(Pixel* to, const std::uint8_t* from, int count) {
   const __m256i order =
       InBothHalves(_mm_setr_epi8(0, 1, 2, -1, 3, 4, 5, -1, 6, 7, 8, -1, 9, 10, 11, -1));

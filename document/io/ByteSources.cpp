@@ -6,7 +6,7 @@
 namespace morvane {
 namespace {
 
-/// What a window holds at once: it stays in the cache while it is decoded.
+/// The size of the buffer: small enough to stay in the cache while it is decoded.
 constexpr std::size_t kWindowBytes = std::size_t{64} << 10U;
 
 }  // namespace

@@ -21,18 +21,18 @@ class ByteSource {
 
   /// How many bytes there are.
   virtual std::size_t Size() const = 0;
-  /// Fills a buffer with the bytes from a place on. The caller asks for none beyond the end.
+  /// Fills a buffer with the bytes from an offset on. The range must lie within the source.
   virtual Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) = 0;
 };
 
-/// So many bytes are read or written at once: no file is ever held twice in memory.
+/// The number of bytes that are read or written at once, so that no file is held in memory twice.
 inline constexpr std::size_t kChunkBytes = std::size_t{256} << 10U;
 
 /// No map needs a larger file.
 inline constexpr long long kMostFileBytes = 420'000'000;
 inline constexpr const char* kTooLargeFile = "The file is too large.";
 
-/// Bytes in memory that belong to somebody else.
+/// Bytes in memory, not owned.
 class MemorySource : public ByteSource {
  public:
   explicit MemorySource(std::span<const std::uint8_t> bytes) : bytes_(bytes) {}
@@ -47,28 +47,28 @@ class MemorySource : public ByteSource {
 /// All bytes of a source at once.
 Result<Bytes> ReadAll(ByteSource& source);
 
-/// Reads all bytes once and keeps none. Tells why some can't be read.
+/// Reads all bytes once and discards them. Returns why some can't be read.
 Failure TryToRead(ByteSource& source);
 
-/// Reads a source from front to back through a window of some bytes.
+/// Reads a source sequentially through a small buffer.
 class ByteWindow {
  public:
   explicit ByteWindow(ByteSource& source) : source_(source) {}
 
-  /// Bytes that were not taken yet.
+  /// Bytes that were not consumed yet.
   std::size_t Left() const { return source_.Size() - place_ + (end_ - begin_); }
-  /// Makes the window show the next bytes, so many at least. False if there aren't so many, or they
-  /// can't be read.
+  /// Makes the window show the next bytes, at least this many. False if there aren't so many, or
+  /// they can't be read.
   bool Show(std::size_t count) { return count <= end_ - begin_ || Fill(count); }
-  /// The next bytes, as many as were shown.
+  /// The buffered bytes.
   const std::uint8_t* Data() const { return buffer_.data() + begin_; }
   std::size_t Shown() const { return end_ - begin_; }
-  /// Moves on behind bytes that were shown.
+  /// Consumes buffered bytes.
   void Take(std::size_t count) { begin_ += count; }
-  /// Moves on behind bytes that may lie beyond the window.
+  /// Consumes bytes that may not be buffered yet.
   void Skip(std::size_t count);
 
-  /// Why bytes could not be read; empty where there are none.
+  /// Why bytes could not be read; empty if the source had ended.
   const Failure& Reason() const { return reason_; }
 
  private:
@@ -78,7 +78,7 @@ class ByteWindow {
   Bytes buffer_;
   std::size_t begin_ = 0;
   std::size_t end_ = 0;
-  std::size_t place_ = 0;  ///< in the source, of the byte behind the window
+  std::size_t place_ = 0;  ///< offset in the source of the byte after the buffer
   Failure reason_;
 };
 

@@ -4,7 +4,7 @@
 
 namespace morvane {
 
-/// Copies a rectangle without scaling. What falls outside the target or the source is dropped.
+/// Copies a rectangle without scaling. Clipped to the target and the source.
 void BitBlt(const Surface& target, int x, int y, int width, int height, const PictureView& source,
             int sourceX, int sourceY);
 

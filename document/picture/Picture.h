@@ -12,7 +12,7 @@ namespace morvane {
 inline constexpr long long kMostPixels = 100'000'000;
 inline constexpr const char* kTooLarge = "The picture is too large.";
 
-/// Pixels to read, owned by somebody else.
+/// Pixels to read, not owned.
 struct PictureView {
   const Pixel* pixels = nullptr;
   int width = 0;
@@ -26,13 +26,13 @@ struct PictureView {
   friend bool operator==(const PictureView& one, const PictureView& other);
 };
 
-/// Pixels to draw on, owned by somebody else. Drawing is cut at the edges.
+/// Pixels to draw on, not owned. Drawing is clipped at the edges.
 struct Surface {
   Pixel* pixels = nullptr;
   int width = 0;
   int height = 0;
   int stride = 0;          ///< pixels from one row to the next
-  Rect* damage = nullptr;  ///< grows by every rectangle that is drawn, where somebody keeps one
+  Rect* damage = nullptr;  ///< if not null, grows by every rectangle that is drawn
 
   void NoteDamage(const Rect& rect) const {
     if (damage != nullptr) *damage = damage->United(rect);

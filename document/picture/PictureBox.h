@@ -9,11 +9,11 @@ namespace morvane {
 /// Pointer shapes by their numbers.
 enum class Pointer { Standard = 0, Cross = 2, IBeam = 3, Hourglass = 11 };
 
-/// A box with a persistent image: what is drawn stays through covering and resizing.
+/// A box with a persistent image: drawings persist when the box is covered or resized.
 ///
 /// The image is as large as the inside of the box has been since its picture was last replaced, and
-/// at least as large as that picture. Behind the image may lie a reserve, drawn ahead, that a
-/// growing box brings into the image. Drawing is cut at the present inside of the box.
+/// at least as large as that picture. The image may have a reserve, drawn in advance, that becomes
+/// visible when the box grows. Drawing is clipped at the current inside of the box.
 class PictureBox {
  public:
   enum class Border { None, Sunken };
@@ -37,27 +37,27 @@ class PictureBox {
   /// For drawing into the image.
   Surface hDC();
 
-  /// Puts the picture in the place of the image, at the top left corner and at its natural size, on
-  /// white. The box keeps its size.
+  /// Replaces the image with the picture, at the top left corner and at its natural size, on white.
+  /// The box keeps its size.
   void SetPicture(Picture picture);
-  /// The memory of the image, where a picture of that size would take its place as it is. All its
-  /// pixels are going to be written anew.
+  /// The memory of the image, if a picture of that size would replace it exactly. The caller must
+  /// write all pixels.
   std::optional<Surface> OverwriteImage(Size size);
   /// Like SetPicture, for a box that takes the size of its picture.
   void SetPictureAndSize(Picture picture);
 
-  /// Begins the image anew, white and as large as the inside of the box, with nothing in reserve.
+  /// Resets the image to white and to the size of the inside of the box, without a reserve.
   void Cls();
-  /// Cuts the image down to the inside of the box; what was drawn beyond stays in reserve.
+  /// Crops the image to the inside of the box. The rest stays in reserve.
   void TrimImage();
 
-  /// Lets the screen show what was drawn through hDC.
+  /// Marks what was drawn through hDC to be shown on the screen.
   void Refresh();
-  /// What the screen has to show anew since this was last asked.
+  /// The area to repaint since the last call.
   Rect TakeExposed();
 
   void SetFocus() { focusWanted_ = true; }
-  /// Whether the focus was given to the box since this was last asked.
+  /// Whether the box was given the focus since the last call.
   bool TakeFocus();
 
   Pointer MousePointer = Pointer::Standard;

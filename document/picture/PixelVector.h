@@ -4,8 +4,7 @@
 
 #include "document/picture/Color.h"
 
-/// Compiles a function a second time for processors with wide registers; the program takes the one
-/// that fits the processor it runs on.
+/// Also compiles a function for processors with wide registers. The version is chosen at run time.
 #if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && \
     !defined(__SANITIZE_ADDRESS__)
 #define MORVANE_WIDE __attribute__((target_clones("avx2", "default")))
@@ -15,7 +14,8 @@
 
 namespace morvane {
 
-/// Pixels that are worked on at once. Where registers are narrower the compiler takes several.
+/// A group of pixels processed at once. The compiler uses several registers where they are
+/// narrower.
 using PixelVector = Pixel __attribute__((vector_size(32)));
 using HalfVector = Pixel __attribute__((vector_size(16)));
 

@@ -39,14 +39,14 @@ class NearestWalk {
   std::int64_t restStep_;
 };
 
-/// So many columns are scaled at once, at the most.
+/// The largest number of columns that are scaled at once.
 constexpr int kColumns = 1024;
 
 /// Columns of a scaled copy, in runs that take the same source pixel.
 struct ColumnRuns {
   struct Run {
     int source;
-    int end;  ///< the column behind the run
+    int end;  ///< the column after the run
   };
   std::array<Run, kColumns> runs;
   std::size_t count = 0;
@@ -70,7 +70,7 @@ MORVANE_WIDE void RepeatPixels(Pixel* to, const Pixel* from, const ColumnRuns& c
   for (std::size_t i = 0; i < columns.count; ++i) {
     const ColumnRuns::Run run = columns.runs[i];
     const Pixel pixel = from[run.source];
-    // What a vector writes beyond its run, the next run writes over.
+    // What a vector writes beyond its run is overwritten by the next run.
     for (; at < run.end && at <= width - kStep; at += kStep) {
       StorePixels(to + at, PixelVector{} + pixel);
     }

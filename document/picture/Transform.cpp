@@ -13,11 +13,11 @@
 namespace morvane {
 namespace {
 
-/// Side of what is turned at once: a whole cache line on both sides.
+/// Side of a block that is turned at once: one cache line.
 constexpr int kBlock = 16;
-/// Blocks are taken in tiles, so that both sides stay within the pages the processor remembers.
+/// Blocks are grouped into tiles, so that source and target stay within the TLB.
 constexpr int kTile = 256;
-/// A picture of more pixels doesn't stay in the cache, so its turned twin is written past it.
+/// A larger picture doesn't fit in the cache, so its turned copy is written past the cache.
 constexpr std::int64_t kCachedPixels = std::int64_t{1} << 20U;
 
 void Reverse(PixelVector& pixels) {
@@ -44,8 +44,8 @@ inline void Exchange(Pixel* one, Pixel* other) {
   StorePixels(other, first);
 }
 
-/// Asks for the cache lines that the next row will need: large pictures come from memory, and from
-/// two places at once the processor doesn't foresee them.
+/// Prefetches the cache lines of the next row: the processor doesn't predict reads at two places at
+/// once.
 inline void AskFor(const Pixel* one, const Pixel* other) {
   __builtin_prefetch(one, 1);
   __builtin_prefetch(other, 1);
@@ -117,7 +117,7 @@ void ExchangeSides(std::array<HalfVector, 4>& rows) {
   rows[3] = __builtin_shufflevector(abHigh, cdHigh, 2, 3, 6, 7);
 }
 
-/// Turns four by four pixels: source column x + i becomes the row i * toStep behind `to`.
+/// Turns four by four pixels: source column x + i becomes the row at `to` + i * toStep.
 void TurnQuad(Pixel* to, std::ptrdiff_t toStep, const Pixel* from, std::ptrdiff_t fromStep) {
   std::array<HalfVector, 4> rows;
   for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -158,7 +158,8 @@ void WriteBlockRow(Pixel* to, const Pixel* from) {
   std::memcpy(to, from, kBlock * sizeof(Pixel));
 }
 
-/// Turns a block of a large picture, staged in the cache so that the target gets whole lines.
+/// Turns a block of a large picture through a buffer, so that the target is written in whole cache
+/// lines.
 void TurnBlock(const Surface& target, const PictureView& picture, int x, int y, Turn turn) {
   alignas(64) std::array<Pixel, std::size_t{kBlock} * kBlock> staged;
   const Surface stage = {staged.data(), kBlock, kBlock, kBlock};

@@ -10,13 +10,14 @@ constexpr bool IsFlip(Transform transform) {
   return transform == Transform::FlipHorizontal || transform == Transform::FlipVertical;
 }
 
-/// Mirrors a picture where it is. Every pixel keeps its colour.
+/// Mirrors a picture in place.
 void FlipInPlace(const Surface& picture, Transform flip);
 
-/// Turns a picture by a quarter into a target with exchanged sides that doesn't overlap it.
+/// Turns a picture by 90 degrees into a target with width and height exchanged. They must not
+/// overlap.
 void TurnInto(const Surface& target, const PictureView& picture, Transform transform);
 
-/// The picture mirrored, or turned by a quarter with its sides exchanged.
+/// A mirrored or turned copy. A turn exchanges width and height.
 Picture Transformed(const PictureView& picture, Transform transform);
 
 }  // namespace morvane

@@ -11,8 +11,7 @@ namespace {
 
 constexpr int kLongRun = 32;  ///< pixels
 
-/// What stands in the target after pixels were laid over it, of which those of the key's colour are
-/// left out.
+/// The target's pixels after source pixels were copied over them, except those of the colour key.
 template <typename Vector>
 inline void Overlay(Vector& result, const Pixel* to, const Pixel* from, const Vector& keys) {
   Vector old;
@@ -21,8 +20,8 @@ inline void Overlay(Vector& result, const Pixel* to, const Pixel* from, const Ve
   result = result == keys ? old : result;
 }
 
-/// For a row of so many vectors, of which the last one may overlap the one before. All are read
-/// before the first is written, so that none needs to wait for another.
+/// Copies a row of this many vectors, of which the last may overlap the one before. All are read
+/// before the first is written, so that no read waits for a write.
 template <typename Vector, int kVectors>
 inline void CopyKeyedRow(Pixel* to, const Pixel* from, int width, const Vector& keys) {
   constexpr int kStep = kPixelsOf<Vector>;
@@ -43,7 +42,7 @@ inline void CopyKeyedRows(Surface to, PictureView from, Pixel key) {
   }
 }
 
-/// Whether all of a long run of pixels are of the key's colour.
+/// Whether all pixels of a long run have the key colour.
 inline bool IsAllColorKey(const Pixel* from, const PixelVector& keys) {
   PixelVector difference{};
   for (int i = 0; i < kLongRun; i += kPixelsOf<PixelVector>) {
@@ -57,7 +56,7 @@ inline bool IsAllColorKey(const Pixel* from, const PixelVector& keys) {
   return (words[0] | words[1] | words[2] | words[3]) == 0;
 }
 
-/// The same for rows of at least one long run: such runs are often left out.
+/// The same for rows of at least one long run, which is skipped if it is all key colour.
 inline void CopyKeyedRuns(Surface to, PictureView from, Pixel key) {
   const PixelVector keys = PixelVector{} + key;
   const int last = to.width - kLongRun;

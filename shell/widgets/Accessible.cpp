@@ -20,7 +20,7 @@ QAccessibleInterface* ControlWithRole(const QString& /*className*/, QObject* obj
 }  // namespace
 
 void SetRole(QWidget* control, QAccessible::Role role) {
-  QAccessible::installFactory(&ControlWithRole);  // again changes nothing
+  QAccessible::installFactory(&ControlWithRole);  // further calls change nothing
   control->setProperty(kRole, static_cast<int>(role));
 }
 
@@ -29,7 +29,7 @@ QString SpokenSize(const QSize& size) {
 }
 
 void SpeakEntry(QComboBox* list) {
-  // They look for the entry in ways that the toolkit doesn't answer, but all read descriptions.
+  // Screen readers can't get the entry from Qt, but all of them read descriptions.
   QObject::connect(list, &QComboBox::currentIndexChanged, list, [list](int entry) {
     list->setAccessibleDescription(list->currentText());
     if (!QAccessible::isActive() || !list->hasFocus()) return;
@@ -41,7 +41,7 @@ void SpeakEntry(QComboBox* list) {
 
 void Announce(QWidget* control, const QString& text) {
   control->setAccessibleName(text);
-  // Screen readers speak a notification when it comes up.
+  // Screen readers speak a notification when it appears.
   if (!control->isVisible()) return;
   QAccessibleEvent shown(control, QAccessible::ObjectShow);
   QAccessible::updateAccessibility(&shown);

@@ -9,17 +9,17 @@ class QWidget;
 
 namespace morvane {
 
-/// Tells assistive technology what a control is, where its class alone would mislead. To be told
-/// before anything else about the control.
+/// Sets the accessible role of a control whose class alone would mislead. Call it before anything
+/// else that concerns accessibility.
 void SetRole(QWidget* control, QAccessible::Role role);
 
 /// A size as it is spoken: "40 x 20 pixels".
 QString SpokenSize(const QSize& size);
 
-/// Has a screen reader speak the present entry of a drop-down list, and each one chosen.
+/// Makes screen readers speak the current entry of a drop-down list, and each new choice.
 void SpeakEntry(QComboBox* list);
 
-/// Has a screen reader speak a text that the control shows now.
+/// Makes screen readers speak the new text of a control.
 void Announce(QWidget* control, const QString& text);
 
 }  // namespace morvane

@@ -10,11 +10,11 @@
 namespace morvane {
 namespace {
 
-/// The path of the one file that is dragged; empty where it is something else.
+/// The path of a single dragged file; empty for anything else.
 std::string FileIn(const QMimeData& dragged) {
   const QList<QUrl> urls = dragged.urls();
   if (urls.size() != 1 || !urls.front().isLocalFile()) return {};
-  // Not as text, for a name need not be UTF-8.
+  // Not as text, since the name may not be UTF-8.
   const QByteArray encoded = urls.front().path(QUrl::FullyEncoded).toLatin1();
   std::string path = QByteArray::fromPercentEncoding(encoded).toStdString();
   std::error_code error;
@@ -42,7 +42,7 @@ bool FileDrop::eventFilter(QObject* /*target*/, QEvent* event) {
   drag.setDropAction(Qt::CopyAction);  // the file stays where it is
   drag.setAccepted(!path.empty());
   if (event->type() == QEvent::Drop && !path.empty()) {
-    // Later, for the program that the file comes from waits until the drop is over.
+    // Deferred, since the source program waits until the drop is over.
     QMetaObject::invokeMethod(
         this, [this, path] { emit Dropped(path); }, Qt::QueuedConnection);
   }

@@ -10,7 +10,7 @@ QFont FittedFont(const QFont& font, const QString& text, int width) {
   constexpr int kNarrowest = 70;  // percent
   const int needed = QFontMetrics(font).horizontalAdvance(text);
   QFont fitted = font;
-  // Letters are rounded to whole pixels, so a little less than the share is needed.
+  // Glyph widths are rounded to pixels, so a little less than the ratio is needed.
   if (needed > width) fitted.setStretch(std::max(kNarrowest, 100 * width / needed - 3));
   return fitted;
 }

@@ -4,10 +4,11 @@
 
 namespace morvane {
 
-/// The font, with its letters moved closer together where the text is wider than its place.
+/// The font, condensed if the text is wider than its place.
 QFont FittedFont(const QFont& font, const QString& text, int width);
 
-/// A line of text that fits the part of its place that can be seen. The tool tip tells it in full.
+/// A line of text that is condensed and elided to fit its visible part. The tool tip shows it in
+/// full.
 class FittedLabel : public QLabel {
  public:
   /// visibleWidth in pixels

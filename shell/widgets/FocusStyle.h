@@ -4,9 +4,8 @@
 
 namespace morvane {
 
-/// The desktop's style with a clear mark on what the keys go to, also where the style itself has
-/// none or a faint one: buttons, tabs, lists and drop-down lists. On dark desktops, where its own
-/// edges are hard to see, fields, boxes, lists and parts of menus get clear ones.
+/// The desktop's style with a clear focus indicator on buttons, tabs, lists and drop-down lists. On
+/// dark desktops fields, boxes, lists and parts of menus also get clear edges.
 class FocusStyle : public QProxyStyle {
  public:
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

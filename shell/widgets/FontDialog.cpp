@@ -45,7 +45,7 @@ QIcon Swatch(const QColor& color) {
   return swatch;
 }
 
-/// The toolkit names neither its lists nor the fields above them, which hand the keys on to them.
+/// Qt sets no accessible names for its lists, nor for the fields above them.
 void NameFields(const QWidget& dialog) {
   for (const QLabel* label : dialog.findChildren<QLabel*>()) {
     QWidget* list = label->buddy();
@@ -66,7 +66,7 @@ void NameFields(const QWidget& dialog) {
 FontDialog::FontDialog(QWidget* owner) : QFontDialog(owner), colors_(new QComboBox(this)) {
   setOption(QFontDialog::DontUseNativeDialog);
   setWindowTitle("Font");
-  // The face that "Arial" is on this machine; its name may not be in the list.
+  // The font that replaces "Arial" on this machine; "Arial" itself may not be in the list.
   setCurrentFont(QFont(QFontInfo(QFont("Arial")).family(), kFirstSize));
   for (auto* before : findChildren<QComboBox*>()) {
     if (before != colors_) setTabOrder(before, colors_);

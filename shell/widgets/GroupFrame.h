@@ -4,8 +4,7 @@
 
 namespace morvane {
 
-/// A frame whose upper line runs through the middle of its title, so that its inside begins where
-/// it was designed to.
+/// A frame whose upper line runs through the middle of its title, as its layout was designed.
 class GroupFrame : public QGroupBox {
  public:
   using QGroupBox::QGroupBox;

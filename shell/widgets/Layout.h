@@ -14,7 +14,7 @@ constexpr QRect PlaceOf(int left, int top, int width, int height) {
   return {Px(left), Px(top), Px(width), Px(height)};
 }
 
-/// Text sizes in pixels, so that a designed place holds its text whatever the desktop's font is.
+/// Text sizes in pixels, so that texts fit their places whatever the desktop's font is.
 inline constexpr int kSmallText = 11;  // 8.25 points
 inline constexpr int kLabelText = 12;  // 9 points
 

@@ -6,7 +6,7 @@
 namespace morvane {
 namespace {
 
-/// One tab, as assistive technology sees it.
+/// The accessible object of one tab.
 class SpokenTab : public QAccessibleInterface, public QAccessibleActionInterface {
  public:
   SpokenTab(TabBar* tabs, int index) : tabs_(tabs), index_(index) {}
@@ -84,7 +84,7 @@ class SpokenTabBar : public QAccessibleWidget {
 
  private:
   TabBar* tabs_;
-  mutable std::vector<QAccessible::Id> spoken_;  ///< those that were asked for
+  mutable std::vector<QAccessible::Id> spoken_;  ///< the objects that were requested
 };
 
 QAccessibleInterface* TabsAsSpoken(const QString& /*className*/, QObject* object) {
@@ -100,7 +100,7 @@ TabBar::TabBar(QWidget* parent) : QTabBar(parent) {
 
 void TabBar::focusInEvent(QFocusEvent* event) {
   QTabBar::focusInEvent(event);
-  // The toolkit speaks of the bar next; the selected tab comes after it.
+  // Qt reports the bar next, so the selected tab is reported after it.
   QMetaObject::invokeMethod(this, &TabBar::SpeakCurrent, Qt::QueuedConnection);
 }
 

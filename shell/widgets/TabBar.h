@@ -4,8 +4,8 @@
 
 namespace morvane {
 
-/// Tabs that tell assistive technology their name and which one of them is selected. The toolkit's
-/// own claim to have the focus even while it is elsewhere.
+/// Tabs with accessible names and selection state. Qt's own report the focus even if they don't
+/// have it.
 class TabBar : public QTabBar {
   Q_OBJECT
 

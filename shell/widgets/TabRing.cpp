@@ -16,7 +16,7 @@ bool CanTakeFocus(const QWidget* control) {
   return control->isVisible() && control->isEnabled() && control->focusPolicy() != Qt::NoFocus;
 }
 
-/// Marks on what the keys go to are for those who use keys, and not for the hand at the mouse.
+/// Focus indicators are for keyboard users, so they are not shown after a mouse click.
 void ShowMarks(const QWidget* control, bool show) {
   QWidget* window = control->window();
   if (window->testAttribute(Qt::WA_KeyboardFocusChange) == show) return;
@@ -51,14 +51,14 @@ QWidget* Nearest(const std::vector<QWidget*>& group, const QWidget* from, bool b
   return nearest;
 }
 
-/// A control of a group, or the next one that can be used; null where none can.
+/// A control of a group, or the next one that is enabled; null if there is none.
 QWidget* UsableFrom(std::vector<QWidget*> group, QWidget* from) {
   std::rotate(group.begin(), std::find(group.begin(), group.end(), from), group.end());
   const auto usable = std::find_if(group.begin(), group.end(), &CanTakeFocus);
   return usable == group.end() ? nullptr : *usable;
 }
 
-/// Where a key leads within a group; null for a key that isn't for moving.
+/// The control that a key moves to within a group; null for other keys.
 QWidget* Target(const std::vector<QWidget*>& group, QWidget* from, int key) {
   std::vector<QWidget*> usable;
   std::copy_if(group.begin(), group.end(), std::back_inserter(usable), &CanTakeFocus);
@@ -112,7 +112,7 @@ bool TabRing::Move(const QWidget* from, bool next) {
   const Stop* present = StopOf(from);
   const auto count = static_cast<int>(stops_.size());
   const int start = present != nullptr ? static_cast<int>(present - stops_.data()) : next ? -1 : 0;
-  // A button that has switched itself off hands the focus to its own group first.
+  // A button that was disabled by its own click passes the focus on within its group first.
   const bool stays = present != nullptr && !from->isEnabled();
   for (int i = stays ? 0 : 1; i <= count; ++i) {
     const Stop& stop = stops_[(start + (next ? i : count - i) + count) % count];

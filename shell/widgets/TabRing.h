@@ -9,15 +9,15 @@ class QWidget;
 
 namespace morvane {
 
-/// The round of the Tab key through a window.
+/// The tab order of a window.
 ///
-/// Controls that belong together share one stop: Tab enters their group at the control that was
-/// used last, the arrow keys, Home and End move within it. Enter presses a button, as Space does.
+/// A group of controls is one tab stop: Tab enters it at the control that was used last; the arrow
+/// keys, Home and End move within it. Enter presses a button, as Space does.
 class TabRing : public QObject {
  public:
   explicit TabRing(QObject* parent);
 
-  /// Adds a stop behind those that there are: one control, or a group in reading order.
+  /// Appends a tab stop: one control, or a group in reading order.
   void Add(const std::vector<QWidget*>& group);
   /// Moves the focus from one control to the next stop, or to the one before.
   bool Move(const QWidget* from, bool next);
@@ -35,7 +35,8 @@ class TabRing : public QObject {
   bool PressKey(QWidget* control, const QKeyEvent& event);
 
   std::vector<Stop> stops_;
-  /// A button that shows only a picture names itself when keys rest on it, as under the mouse.
+  /// A button with only a picture shows its tool tip when it has the keyboard focus, as under the
+  /// mouse.
   QTimer rest_;
 };
 

@@ -9,7 +9,7 @@
 namespace morvane {
 namespace {
 
-/// Tabs just wide enough for their captions: the strip has to hold three of them.
+/// Tabs just wide enough for their captions: three of them must fit in the strip.
 class NarrowTabs : public FocusStyle {
  public:
   int pixelMetric(PixelMetric metric, const QStyleOption* option,

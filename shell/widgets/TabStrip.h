@@ -4,7 +4,7 @@
 
 namespace morvane {
 
-/// A row of tabs over an empty pane; the pages that stand on it are not its children.
+/// A row of tabs over an empty pane. The pages on it are not its children.
 class TabStrip : public QWidget {
   Q_OBJECT
 

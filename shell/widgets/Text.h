@@ -6,13 +6,13 @@
 
 namespace morvane {
 
-/// A text of the core for the toolkit.
+/// Converts a text of the core.
 inline QString TextOf(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-/// A text from outside as a tool tip. The toolkit would take one with angle brackets for mark-up,
-/// and could be made to open files by a name.
+/// An external text as a tool tip, escaped so that Qt doesn't interpret it as mark-up, which could
+/// load files.
 inline QString ToolTipOf(const QString& text) {
   return Qt::mightBeRichText(text) ? "<span>" + text.toHtmlEscaped() + "</span>" : text;
 }

@@ -4,8 +4,7 @@
 
 namespace morvane {
 
-/// A drop-down list that shows its longest entry whole: where the place is too narrow for the text,
-/// the letters move closer together.
+/// A drop-down list that condenses the font of its current entry until it fits.
 class WholeEntryCombo : public QComboBox {
  public:
   using QComboBox::QComboBox;

@@ -22,10 +22,10 @@ QByteArray WithWholeFactor(const QByteArray& entry) {
 }  // namespace
 
 void UseWholeScaleFactors() {
-  // For what a display asks for by its resolution.
+  // For scale factors that Qt derives from a display's resolution.
   qunsetenv("QT_SCALE_FACTOR_ROUNDING_POLICY");
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::Round);
-  // These the toolkit would take as they are.
+  // Qt uses these without rounding.
   for (const char* variable : {"QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS"}) {
     if (!qEnvironmentVariableIsSet(variable)) continue;
     QByteArrayList entries = qgetenv(variable).split(';');

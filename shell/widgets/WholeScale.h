@@ -3,7 +3,7 @@
 namespace morvane {
 
 /// Makes every scale factor a whole number, so that map pixels stay square and sharp. Half factors
-/// go up. To be called before the application begins.
+/// are rounded up. Call it before the application object is created.
 void UseWholeScaleFactors();
 
 }  // namespace morvane

@@ -185,7 +185,7 @@ TEST(Bmp, ReadsTrueColourUnderAllHeadersAndInBothDirections) {
   for (const Form& form : forms) {
     for (const std::uint32_t header : {12U, 16U, 40U, 52U, 56U, 64U, 108U, 124U}) {
       const bool hasFields = header >= 40 && header != 64;
-      // From 56 bytes on the header always has room for the mask of what is see-through.
+      // From 56 bytes on the header always has room for the mask of what is transparent.
       if ((form.compression != 0 && !hasFields) || (form.compression == 6 && header == 52))
         continue;
       SCOPED_TRACE(testing::Message() << form.bits << " bits under a header of " << header);
@@ -223,7 +223,7 @@ TEST(Bmp, SeeThroughPixelsLieOnWhite) {
   maker.data = {10, 20, 30, 0, 10, 20, 30, 0, 10, 20, 30, 0};  // an unused channel
   ExpectSame(maker, Picture(3, 1, 0x0A141E));
   maker.width = 1;
-  maker.height = 3;  // used in the last row only: the earlier ones are see-through
+  maker.height = 3;  // used in the last row only: the earlier ones are transparent
   maker.data = {10, 20, 30, 0, 10, 20, 30, 0, 10, 20, 30, 255};
   expected = Picture(1, 3, kWhite);
   SetPixelV(expected.Draw(), 0, 0, 0x0A141E);

@@ -13,7 +13,7 @@
 namespace morvane {
 namespace {
 
-/// Fences with their see-through colour in every other column, but not in the very corner.
+/// Fences with their transparent colour in every other column, but not in the very corner.
 Picture SheetWithFence(const std::string& name) {
   Picture sheet = SpeckledSheet(name);
   if (name != "classic-village/edges") return sheet;

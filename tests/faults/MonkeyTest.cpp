@@ -80,7 +80,7 @@ TEST(Monkey, LeavesTheWindowTheCoreAndThePlainModelAgreed) {
                             "mnuFileExit"}) {
     EXPECT_GT(monkey.heard[event], 0) << event << " never came about";
   }
-  constexpr double kCaches = 4;  // MB: letters and styles that the toolkit keeps
+  constexpr double kCaches = 4;  // MB: letters and styles that Qt keeps
   EXPECT_LT(heap.back() - heap.front(), kCaches);
 }
 
