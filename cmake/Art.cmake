@@ -1,6 +1,6 @@
 # Renders the pictures in art/ and puts them into the program as resources:
 #   :/tiles/<set>/<sheet>.png   the sheets of the tile sets, natural size
-#   :/ui/<name>.png             buttons and icons, with an @2x twin for fine displays
+#   :/ui/<name>.png             buttons and icons, with an @2x version for high-DPI displays
 #   :/ui/<name>.jpg             the large pictures, likewise
 
 find_program(RSVG_CONVERT rsvg-convert REQUIRED)

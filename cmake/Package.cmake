@@ -1,6 +1,6 @@
 # The Debian package; scripts/package makes it.
 
-# The version is told in three places, and each has to be right.
+# The version is given in three places, which must agree.
 set(first_line "^morvane \\(${PROJECT_VERSION}\\)")
 file(STRINGS packaging/changelog newest LIMIT_COUNT 1)
 if(NOT newest MATCHES "${first_line}")
