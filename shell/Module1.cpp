@@ -69,6 +69,17 @@ class WhenShown : public QObject {
   std::function<void()> function_;
 };
 
+/// Gives the platform the window and the form that its functions show.
+void Connect(QtPlatform& platform, frmMain& window) {
+  platform.SetWindow(&window, [&window] { window.ShowState(); });
+  platform.SetTextForm([&window](std::string& text) {
+    frmText dialog(text, &window);
+    if (dialog.exec() != QDialog::Accepted) return false;
+    text = dialog.TextRTF();
+    return true;
+  });
+}
+
 /// Opens the map that a file manager passes as the argument; Qt has removed its own options.
 void OpenArgument(frmMain& window, const char* argument) {
   std::error_code folderIsGone;
@@ -103,15 +114,9 @@ int RunMorvane(int argc, char** argv) {
   QtPlatform platform;
   MainForm form(platform, &LoadArtSheet);
   frmMain window(form);
-  platform.SetWindow(&window, [&window] { window.ShowState(); });
-  platform.SetTextForm([&window](std::string& text) {
-    frmText dialog(text, &window);
-    if (dialog.exec() != QDialog::Accepted) return false;
-    text = dialog.TextRTF();
-    return true;
-  });
+  Connect(platform, window);
   window.Prepare();
-  const Termination unaskedEnd(form);
+  const Termination termination(form);
 
   Count();
   const qint64 rest = kShortestSplash - shown.elapsed();
