@@ -45,8 +45,6 @@ Result<ForeignImage> ReadForeignImage(const Bytes& content, const std::atomic<bo
                                       long long mostPixels, const ReducedSize& reduced) {
   using Refused = Result<ForeignImage>;
   StoppableBytes bytes(content, isGivenUp);
-  // In megabytes; a decoder may use up to eight bytes per pixel.
-  QImageReader::setAllocationLimit(static_cast<int>(mostPixels * 8 / 1'000'000));
   QImageReader reader(&bytes);
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);

@@ -21,7 +21,6 @@ using ReducedSize = std::function<QSize(const QSize& size)>;
 /// pictures and those with more pixels than the limit are refused. Ends early once isGivenUp is
 /// set. Only decoders that are faster that way scale the picture.
 Result<ForeignImage> ReadForeignImage(const Bytes& content, const std::atomic<bool>& isGivenUp,
-                                      long long mostPixels = kMostPixels,
-                                      const ReducedSize& reduced = {});
+                                      long long mostPixels, const ReducedSize& reduced = {});
 
 }  // namespace morvane

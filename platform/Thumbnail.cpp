@@ -14,6 +14,9 @@
 namespace morvane {
 namespace {
 
+/// Decoding a larger picture would take too much memory for its thumbnail.
+constexpr long long kMostThumbnailPixels = 25'000'000;
+
 /// A file that can't be read any more once isGivenUp is set.
 class StoppableFile : public ByteSource {
  public:
@@ -82,7 +85,8 @@ Thumbnail ReadForeignThumbnail(ByteSource& file, int zoom, const std::atomic<boo
   Result<Bytes> content = ReadAll(file);
   if (!content.Ok()) return {};
   const auto reduced = [zoom](const QSize& size) { return Reduced(size, kLargeThumbnail * zoom); };
-  Result<ForeignImage> read = ReadForeignImage(content.Value(), isGivenUp, kMostPixels, reduced);
+  Result<ForeignImage> read =
+      ReadForeignImage(content.Value(), isGivenUp, kMostThumbnailPixels, reduced);
   return read.Ok() ? ThumbnailOf(read.Value().image, read.Value().size, zoom) : Thumbnail();
 }
 
@@ -94,7 +98,7 @@ Thumbnail ReadThumbnail(const std::string& path, int zoom, const std::atomic<boo
     if (!opened.Ok()) return {};
     StoppableFile file(*opened.Value(), isGivenUp);
     if (!IsBmp(file)) return ReadForeignThumbnail(file, zoom, isGivenUp);
-    Result<LoadedPicture> picture = ReadBmp(file);
+    Result<LoadedPicture> picture = ReadBmp(file, kMostThumbnailPixels);
     if (!picture.Ok()) return {};
     const QImage image = ImageOver(picture.Value().picture.View());
     return ThumbnailOf(image, image.size(), zoom);

@@ -34,8 +34,8 @@ class BmpDecoder {
   bool metDamage_ = false;
 };
 
-/// Decodes a whole BMP file.
-Result<LoadedPicture> ReadBmp(ByteSource& file);
+/// Decodes a whole BMP file. One with more pixels than the limit is refused.
+Result<LoadedPicture> ReadBmp(ByteSource& file, long long mostPixels = kMostPixels);
 
 /// A picture as an uncompressed BMP file of 24 bits a pixel at 96 dpi. The bytes are generated on
 /// demand.

@@ -158,11 +158,14 @@ Failure BmpDecoder::Decode(const Surface& picture) {
   return read(window_, header_, picture, metDamage_);
 }
 
-Result<LoadedPicture> ReadBmp(ByteSource& file) {
+Result<LoadedPicture> ReadBmp(ByteSource& file, long long mostPixels) {
   BmpDecoder decoder(file);
   Failure failure = decoder.Open();
   if (!failure.empty()) return Result<LoadedPicture>::Failed(std::move(failure));
   const Size size = decoder.PictureSize();
+  if (static_cast<long long>(size.width) * size.height > mostPixels) {
+    return Result<LoadedPicture>::Failed(kTooLarge);
+  }
   Picture picture = Picture::Unpainted(size.width, size.height);
   failure = decoder.Decode(picture.Draw());
   if (!failure.empty()) return Result<LoadedPicture>::Failed(std::move(failure));

@@ -189,6 +189,11 @@ TEST_F(Files, ThumbnailsAreReducedAndKeepWholePixels) {
   EXPECT_EQ(upright.size, QSize(500, 1000));
   EXPECT_EQ(upright.large.size(), QSize(60, 120));
   EXPECT_TRUE(ReadThumbnail(folder.File("b.jpg"), 1, true).size.isEmpty());
+  ASSERT_TRUE(QImage(6000, 5000, QImage::Format_Mono).save("large.bmp"));
+  ASSERT_TRUE(QImage(6000, 5000, QImage::Format_Mono).save("large.png"));
+  for (const char* large : {"large.bmp", "large.png"}) {
+    EXPECT_TRUE(ReadThumbnail(folder.File(large), 1, isGivenUp).size.isEmpty()) << large;
+  }
   ASSERT_EQ(mkfifo("pipe.bmp", 0600), 0);
   EXPECT_TRUE(ReadThumbnail(folder.File("pipe.bmp"), 1, isGivenUp).size.isEmpty());
 }
