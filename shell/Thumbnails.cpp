@@ -14,6 +14,7 @@
 namespace morvane {
 namespace {
 
+/// For each unit of zoom, so that the visible rows fit in the cache on every display.
 constexpr int kMostKilobytes = 8192;
 constexpr std::chrono::milliseconds kPatience(2000);
 
@@ -60,6 +61,7 @@ const Thumbnail* Thumbnails::Of(const std::string& path) const {
 void Thumbnails::Want(std::deque<std::string> paths, int zoom) {
   if (zoom != zoom_) Clear();
   zoom_ = zoom;
+  made_.setMaxCost(kMostKilobytes * zoom);
   wanted_ = std::move(paths);
   const bool isWanted =
       job_ != nullptr && std::find(wanted_.begin(), wanted_.end(), job_->path) != wanted_.end();
