@@ -15,7 +15,7 @@ namespace morvane {
 namespace {
 
 /// For each unit of zoom, so that the visible rows fit in the cache on every display.
-constexpr int kMostKilobytes = 8192;
+constexpr qsizetype kMostKilobytes = 8192;
 constexpr std::chrono::milliseconds kPatience(2000);
 
 /// The current thread, and one that was abandoned and hangs. Once two hang, others would probably
