@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QListWidget>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <filesystem>
 #include <memory>
 
@@ -12,6 +13,7 @@
 #include "bench/Contest.h"
 #include "bench/WorkFolder.h"
 #include "shell/CustomFrame.h"
+#include "shell/Thumbnails.h"
 
 namespace morvane::bench {
 namespace {
@@ -66,19 +68,18 @@ struct Lister {
   }
 };
 
-/// A list of Qt without anything of ours.
-struct PlainList {
-  QWidget window;
-  QListWidget list{&window};
-
-  PlainList() { window.show(); }
-  void List(const WorkFolder& folder, const QStringList& names) {
-    constexpr int kItselfAndParent = 2;
-    Must(EntriesIn(folder) == names.size() + kItselfAndParent, "A folder could not be read");
-    list.clear();
-    list.addItems(names);
-  }
+/// The same frame without thumbnails.
+struct PlainLister : Lister {
+  PlainLister() { files->setItemDelegate(new QStyledItemDelegate(files)); }
 };
+
+/// Reads a folder and fills a list, without anything of ours.
+void ListPlainly(QListWidget& list, const WorkFolder& folder, const QStringList& names) {
+  constexpr int kItselfAndParent = 2;
+  Must(EntriesIn(folder) == names.size() + kItselfAndParent, "A folder could not be read");
+  list.clear();
+  list.addItems(names);
+}
 
 Result NamesIn(QListWidget* list) {
   return [list, text = std::make_shared<QByteArray>()] {
@@ -100,7 +101,12 @@ void Scroll(const QListWidget& list) {
 struct Lists {
   Folders folders;
   Lister lister;
-  PlainList plain;
+  PlainLister plain;
+  QListWidget bare;
+
+  ~Lists() {
+    while (Thumbnails::AreBeingMade()) QCoreApplication::processEvents();
+  }
 };
 
 void AddListing(RatioTable& table, const std::shared_ptr<Lists>& lists) {
@@ -117,10 +123,14 @@ void AddListing(RatioTable& table, const std::shared_ptr<Lists>& lists) {
       .Against(
           "readdir and QListWidget::addItems", AtMost(5.0),
           [lists] {
-            lists->plain.List(lists->folders.empty, {});
-            lists->plain.List(lists->folders.full, lists->folders.names);
+            ListPlainly(lists->bare, lists->folders.empty, {});
+            ListPlainly(lists->bare, lists->folders.full, lists->folders.names);
           },
-          NamesIn(&lists->plain.list));
+          NamesIn(&lists->bare))
+      .Limit("the list without thumbnails", AtMost(1.5), [lists] {
+        lists->plain.List(lists->folders.empty);
+        lists->plain.List(lists->folders.full);
+      });
 }
 
 /// Rests as on a display of 60 frames a second. Thumbnails are made in that time.
@@ -129,7 +139,7 @@ void AddScrolling(RatioTable& table, const std::shared_ptr<Lists>& lists) {
   Contest(table, {.name = "Its list, scrolled by three rows", .pause = kFrame})
       .Ours([lists] { Scroll(*lists->lister.files); })
       .Alone(Within(8e6))
-      .Limit("QListWidget without thumbnails", AtMost(5.0), [lists] { Scroll(lists->plain.list); });
+      .Limit("the list without thumbnails", AtMost(1.5), [lists] { Scroll(*lists->plain.files); });
 }
 
 }  // namespace

@@ -5,7 +5,8 @@
 namespace morvane {
 namespace {
 
-/// Qt doesn't give the name of its platform theme. A theme may also use another's dialogs.
+/// Qt doesn't give the name of its platform theme. The portal's theme loads the desktop's as well,
+/// so both plugins may be loaded.
 bool IsThemeLoaded(const char* plugin) {
   return QPluginLoader(plugin).isLoaded();
 }

@@ -35,6 +35,10 @@ class StoppableBytes : public QIODevice {
   const std::atomic<bool>& isGivenUp_;
 };
 
+bool IsTooLarge(const QSize& size, long long mostPixels) {
+  return qint64{size.width()} * size.height() > mostPixels;
+}
+
 bool IsLaidOnItsSide(const QImageReader& reader) {
   return reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
 }
@@ -53,9 +57,7 @@ Result<ForeignImage> ReadForeignImage(const Bytes& content, const std::atomic<bo
     return Refused::Failed("Drawings of this kind can't be used, only pictures.");
   }
   const QSize claimed = reader.size();
-  if (claimed.isValid() && qint64{claimed.width()} * claimed.height() > mostPixels) {
-    return Refused::Failed(kTooLarge);
-  }
+  if (claimed.isValid() && IsTooLarge(claimed, mostPixels)) return Refused::Failed(kTooLarge);
   const bool isReduced =
       reduced && claimed.isValid() && reader.supportsOption(QImageIOHandler::ScaledSize);
   if (isReduced) reader.setScaledSize(reduced(claimed));
@@ -65,6 +67,8 @@ Result<ForeignImage> ReadForeignImage(const Bytes& content, const std::atomic<bo
     return Refused::Failed(
         "This is not a picture that can be read: " + reader.errorString().toStdString() + ".");
   }
+  // Not every decoder knows the size in advance.
+  if (IsTooLarge(image.size(), mostPixels)) return Refused::Failed(kTooLarge);
   if (damage.WasMet() || !HasEndMarker(content)) {
     return Refused::Failed("The file is incomplete or damaged.");
   }

@@ -1,6 +1,5 @@
 #include "platform/PictureDecoding.h"
 
-#include <QImageReader>
 #include <QPainter>
 #include <atomic>
 #include <future>
@@ -47,8 +46,6 @@ class Decoding {
   }
 
   Result<Picture> Decode() {
-    // In megabytes; a decoder may use up to eight bytes per pixel.
-    QImageReader::setAllocationLimit(static_cast<int>(mostPixels_ * 8 / 1'000'000));
     Result<ForeignImage> read = ReadForeignImage(content_, isGivenUp_, mostPixels_);
     if (!read.Ok()) return Result<Picture>::Failed(read.Reason());
     const QImage& image = read.Value().image;

@@ -127,7 +127,7 @@ std::filesystem::path SystemPath(const QString& shown) {
     const QString shownName = QString::fromStdString(name);
     std::filesystem::path found = name;
     int matches = 0;
-    if (shownName.contains(QChar::ReplacementCharacter) && !exists(path / name, error)) {
+    if (shownName.contains(QChar::ReplacementCharacter)) {
       for (std::filesystem::directory_iterator entry(path, error), end; !error && entry != end;
            entry.increment(error)) {
         const std::filesystem::path candidate = entry->path().filename();
@@ -157,16 +157,20 @@ bool DesktopKeeps(FileDialogMode mode, const QString& names) {
   return !names.contains(QChar::ReplacementCharacter);
 }
 
-/// GTK's patterns are case-sensitive. It shows the description without them.
+/// Desktops' dialogs show the description without the pattern. GTK's patterns are case-sensitive.
 QString FilterFor(const FileDialog& dialog, const QFileDialog& box) {
   const QStringList parts = QString::fromStdString(dialog.Filter).split('|');
-  if (IsQtsOwn(box) || !HasGtkDialogs()) return parts.front();
-  return QString("%1 (%2 %3)")
-      .arg(parts.front().section(" (", 0, 0), parts.back(), parts.back().toUpper());
+  if (IsQtsOwn(box)) return parts.front();
+  QString pattern;
+  for (const QChar& c : parts.back()) {
+    pattern += c.isLetter() ? QString("[%1%2]").arg(c.toLower()).arg(c.toUpper()) : QString(c);
+  }
+  return parts.front().section('(', 0, 0) + '(' + pattern + ')';
 }
 
 /// Runs the dialog at a size that fits its screen. Returns the chosen path; empty after a cancel.
 std::string ChoiceIn(QFileDialog& box) {
+  box.setSupportedSchemes({"file"});
   std::optional<TypedPath> typed;
   if (IsQtsOwn(box)) {
     typed.emplace(box);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QImageReader>
 #include <QStandardPaths>
 #include <filesystem>
 #include <utility>
@@ -37,6 +38,12 @@ QWidget* OwnerAbove(QWidget* window) {
 }
 
 }  // namespace
+
+QtPlatform::QtPlatform() {
+  constexpr long long kMostBytesPerPixel = 8;
+  constexpr int kMegabyte = 1'000'000;
+  QImageReader::setAllocationLimit(static_cast<int>(kMostPixels * kMostBytesPerPixel / kMegabyte));
+}
 
 void QtPlatform::SetWindow(QWidget* window, std::function<void()> showState) {
   window_ = window;

@@ -14,6 +14,9 @@ namespace morvane {
 /// Platform implemented with Qt.
 class QtPlatform : public Platform {
  public:
+  /// Sets the memory limit of Qt's decoders, before any thread uses them.
+  QtPlatform();
+
   /// The main window, once it exists: the owner of all dialogs, and the function that updates it.
   void SetWindow(QWidget* window, std::function<void()> showState);
   /// The form that edits rich text: changes the text and returns whether the user accepted it.

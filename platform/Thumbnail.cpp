@@ -2,7 +2,7 @@
 
 #include <QPainter>
 #include <algorithm>
-#include <new>
+#include <exception>
 #include <utility>
 
 #include "document/PictureFile.h"
@@ -14,10 +14,11 @@
 namespace morvane {
 namespace {
 
-/// Decoding a larger picture would take too much memory for its thumbnail.
-constexpr long long kMostThumbnailPixels = 25'000'000;
+/// Reading and decoding larger ones would take too much memory for a thumbnail.
+constexpr std::size_t kMostFileBytes = 32 << 20;
+constexpr long long kMostPixelsOfFile = 25'000'000;
 
-/// A file that can't be read any more once isGivenUp is set.
+/// A file of which nothing more is read once isGivenUp is set.
 class StoppableFile : public ByteSource {
  public:
   StoppableFile(ByteSource& file, const std::atomic<bool>& isGivenUp)
@@ -58,18 +59,14 @@ QImage Reduced(const QImage& image, int side) {
                               : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-/// The image on white, fitted to a square of the window. Its pixels are as large as on the map or,
-/// if that doesn't fit, enlarged by the largest integer factor that does, since others would blur
-/// them.
+/// The image on white, fitted to a square of the window. A picture that needn't be reduced keeps
+/// its sharp pixels, as large as on the map.
 QImage Fitted(const QImage& image, int side, int zoom) {
-  const QImage reduced = Reduced(image, side * zoom);
-  const QSize size = reduced.size();
-  const int factor = std::clamp(side * zoom / LongestSide(size), 1, zoom);
-  const auto wholePixels = [zoom](int length) { return (length + zoom - 1) / zoom * zoom; };
-  const QSize shown = size * factor;
-  QImage fitted(wholePixels(shown.width()), wholePixels(shown.height()), QImage::Format_RGB32);
+  const QSize size = Reduced(image.size(), side);
+  const auto mode = size == image.size() ? Qt::FastTransformation : Qt::SmoothTransformation;
+  QImage fitted(size * zoom, QImage::Format_RGB32);
   fitted.fill(Qt::white);
-  QPainter(&fitted).drawImage(QRect(QPoint(0, 0), shown), reduced);
+  QPainter(&fitted).drawImage(0, 0, image.scaled(fitted.size(), Qt::IgnoreAspectRatio, mode));
   fitted.setDevicePixelRatio(zoom);
   return fitted;
 }
@@ -81,12 +78,12 @@ Thumbnail ThumbnailOf(const QImage& image, const QSize& size, int zoom) {
 }
 
 Thumbnail ReadForeignThumbnail(ByteSource& file, int zoom, const std::atomic<bool>& isGivenUp) {
-  if (file.Size() > kMostForeignBytes) return {};
+  if (file.Size() > kMostFileBytes) return {};
   Result<Bytes> content = ReadAll(file);
   if (!content.Ok()) return {};
   const auto reduced = [zoom](const QSize& size) { return Reduced(size, kLargeThumbnail * zoom); };
   Result<ForeignImage> read =
-      ReadForeignImage(content.Value(), isGivenUp, kMostThumbnailPixels, reduced);
+      ReadForeignImage(content.Value(), isGivenUp, kMostPixelsOfFile, reduced);
   return read.Ok() ? ThumbnailOf(read.Value().image, read.Value().size, zoom) : Thumbnail();
 }
 
@@ -98,11 +95,12 @@ Thumbnail ReadThumbnail(const std::string& path, int zoom, const std::atomic<boo
     if (!opened.Ok()) return {};
     StoppableFile file(*opened.Value(), isGivenUp);
     if (!IsBmp(file)) return ReadForeignThumbnail(file, zoom, isGivenUp);
-    Result<LoadedPicture> picture = ReadBmp(file, kMostThumbnailPixels);
+    Result<LoadedPicture> picture = ReadBmp(file, kMostPixelsOfFile);
     if (!picture.Ok()) return {};
     const QImage image = ImageOver(picture.Value().picture.View());
     return ThumbnailOf(image, image.size(), zoom);
-  } catch (const std::bad_alloc&) {
+  } catch (const std::exception&) {
+    // Out of memory, or a size that a container can't have.
     return {};
   }
 }

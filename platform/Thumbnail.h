@@ -6,7 +6,7 @@
 
 namespace morvane {
 
-/// Small copies of a picture on white, in physical pixels.
+/// Reduced copies of a picture, on white. Their device pixel ratio is set.
 struct Thumbnail {
   QImage small;  ///< for a row of a list
   QImage large;  ///< for a tool tip
@@ -18,7 +18,8 @@ inline constexpr int kSmallThumbnail = 16;
 inline constexpr int kLargeThumbnail = 120;
 
 /// Makes the thumbnail of a picture file. zoom is the number of physical pixels per logical pixel.
-/// The result is empty if the file can't be used as a tile, or once isGivenUp is set.
+/// Returns an empty one if the file can't be used as a tile, is very large, or if isGivenUp is set
+/// before the end.
 Thumbnail ReadThumbnail(const std::string& path, int zoom, const std::atomic<bool>& isGivenUp);
 
 }  // namespace morvane

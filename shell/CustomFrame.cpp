@@ -48,7 +48,7 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
       dimensions_(new FittedLabel(Px(855), this)),
       folders_(new QListWidget(this)),
       files_(new QListWidget(this)),
-      fileRows_(new FileRows(shownNames_, files_)) {
+      fileRows_(new FileRows(files_)) {
   setObjectName("Frame5");
   setFont(ArialFont(kSmallText));
   setGeometry(PlaceOf(120, 2880, 2295, 4815));
@@ -89,7 +89,8 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   connect(new QShortcut(Qt::Key_Return, folders_, nullptr, nullptr, Qt::WidgetShortcut),
           &QShortcut::activated, this, [this, open] { open(folders_->currentItem()); });
   const auto click = [this](const QListWidgetItem* item) {
-    if (item != nullptr) emit FileClicked(shownNames_[static_cast<std::size_t>(files_->row(item))]);
+    if (item == nullptr) return;
+    emit FileClicked(fileRows_->Names()[static_cast<std::size_t>(files_->row(item))]);
   };
   connect(files_, &QListWidget::itemClicked, this, click);
   connect(new QShortcut(Qt::Key_Return, files_, nullptr, nullptr, Qt::WidgetShortcut),
@@ -97,11 +98,8 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   connect(new FileDrop(files_->viewport()), &FileDrop::Dropped, this,
           [this](const std::string& path) {
             emit FileDropped(path);
-            const auto row =
-                std::find(shownNames_.begin(), shownNames_.end(), path.substr(path.rfind('/') + 1));
-            if (row != shownNames_.end()) {
-              files_->setCurrentRow(static_cast<int>(row - shownNames_.begin()));
-            }
+            const int row = fileRows_->RowOf(path);
+            if (row >= 0) files_->setCurrentRow(row);
           });
 }
 
@@ -173,9 +171,9 @@ void CustomFrame::ShowFiles() {
   const std::vector<std::string>& files = palette_.File1.Files();
   if (shownFiles_ == palette_.File1.Readings()) return;
   shownFiles_ = palette_.File1.Readings();
-  fileRows_->SetFolder(palette_.File1.Path());
-  if (files == shownNames_) return;
-  shownNames_ = files;
+  const bool areNew = files != fileRows_->Names();
+  fileRows_->SetFiles(palette_.File1.Path(), files);
+  if (!areNew) return;
   QStringList names;
   names.reserve(std::ssize(files));
   for (const std::string& name : files) names << TextOf(name);

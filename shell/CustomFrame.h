@@ -55,7 +55,6 @@ class CustomFrame : public GroupFrame {
   int presentDrive_ = 0;  ///< row of the drive that holds the present folder
   int shownFolders_ = 0;  ///< the reading that is on the screen
   int shownFiles_ = 0;
-  std::vector<std::string> shownNames_;  ///< as the system has them, in any encoding
 };
 
 }  // namespace morvane

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QToolTip>
 #include <algorithm>
+#include <utility>
 
 #include "document/Settings.h"
 #include "shell/widgets/Text.h"
@@ -13,8 +14,8 @@
 namespace morvane {
 namespace {
 
-/// Rows that are visible for a shorter time get no thumbnail.
-constexpr std::chrono::milliseconds kRest(30);
+/// The shortest time between two requests for thumbnails.
+constexpr std::chrono::milliseconds kRequestInterval(30);
 
 /// A tool tip with a picture above a line of text, in physical pixels.
 QString PictureToolTip(const QImage& image, const QString& text) {
@@ -31,29 +32,33 @@ QString PictureToolTip(const QImage& image, const QString& text) {
 
 }  // namespace
 
-FileRows::FileRows(const std::vector<std::string>& names, QListView* list)
-    : QStyledItemDelegate(list), names_(names), list_(list) {
+FileRows::FileRows(QListView* list) : QStyledItemDelegate(list), list_(list) {
   want_.setSingleShot(true);
-  want_.setInterval(kRest);
+  want_.setInterval(kRequestInterval);
   connect(&want_, &QTimer::timeout, this, &FileRows::WantRowsInView);
   connect(&thumbnails_, &Thumbnails::Made, this, [this] { list_->viewport()->update(); });
 }
 
-void FileRows::SetFolder(const std::string& folder) {
+void FileRows::SetFiles(const std::string& folder, std::vector<std::string> names) {
   folder_ = WithTrailingBackslash(folder);
+  names_ = std::move(names);
   thumbnails_.Clear();
   list_->viewport()->update();
+}
+
+int FileRows::RowOf(const std::string& path) const {
+  const auto row = std::find_if(names_.begin(), names_.end(),
+                                [&](const std::string& name) { return folder_ + name == path; });
+  return row == names_.end() ? -1 : static_cast<int>(row - names_.begin());
 }
 
 void FileRows::paint(QPainter* painter, const QStyleOptionViewItem& option,
                      const QModelIndex& index) const {
   QStyledItemDelegate::paint(painter, option, index);
   const Thumbnail* thumbnail = thumbnails_.Of(PathOf(index));
-  const bool isShown = thumbnail != nullptr && !thumbnail->size.isEmpty();
-  const bool isMade =
-      thumbnail != nullptr && (!isShown || thumbnail->small.devicePixelRatio() == Zoom());
-  if (!isMade && !want_.isActive()) want_.start();
-  if (!isShown) return;
+  // Requests drop those of rows that have been scrolled out of view.
+  if (!want_.isActive()) want_.start();
+  if (thumbnail == nullptr || thumbnail->size.isEmpty()) return;
   QStyleOptionViewItem full = option;
   initStyleOption(&full, index);
   const QRect room =

@@ -15,11 +15,14 @@ namespace morvane {
 /// picture, or a name that is elided.
 class FileRows : public QStyledItemDelegate {
  public:
-  /// names has one entry for each row, and must outlive this object.
-  FileRows(const std::vector<std::string>& names, QListView* list);
+  explicit FileRows(QListView* list);
 
-  /// Sets the folder of the files, and drops all thumbnails.
-  void SetFolder(const std::string& folder);
+  /// Sets the names of the rows, as the system has them, in any encoding, and their folder. Drops
+  /// all thumbnails.
+  void SetFiles(const std::string& folder, std::vector<std::string> names);
+  const std::vector<std::string>& Names() const { return names_; }
+  /// The row of a file, or -1 if it isn't in the list.
+  int RowOf(const std::string& path) const;
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option,
              const QModelIndex& index) const override;
@@ -35,8 +38,8 @@ class FileRows : public QStyledItemDelegate {
   int Zoom() const;
   void WantRowsInView();
 
-  const std::vector<std::string>& names_;
   QListView* list_;
+  std::vector<std::string> names_;
   std::string folder_;
   Thumbnails thumbnails_;
   mutable QTimer want_;

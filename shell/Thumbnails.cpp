@@ -14,9 +14,9 @@
 namespace morvane {
 namespace {
 
-/// For each unit of zoom, so that the visible rows fit in the cache on every display.
+/// The size of the cache per unit of zoom. If the visible rows didn't fit, they would be decoded
+/// again and again.
 constexpr qsizetype kMostKilobytes = 8192;
-constexpr std::chrono::milliseconds kPatience(2000);
 
 /// The current thread, and one that was abandoned and hangs. Once two hang, others would probably
 /// hang too.
@@ -26,7 +26,7 @@ constexpr int kMostAtWork = 2;
 int atWork = 0;
 
 /// Lowers the priority of the calling thread, so that the window stays responsive.
-void StepBack() {
+void LowerPriority() {
   constexpr int kNiceness = 5;
   setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), kNiceness);
 }
@@ -34,17 +34,26 @@ void StepBack() {
 }  // namespace
 
 struct Thumbnails::Job {
+  Job() = default;
+  Job(const Job&) = delete;
+  Job& operator=(const Job&) = delete;
+  /// Detaches a thread that still runs at the end of the program.
+  ~Job() {
+    if (thread.joinable()) thread.detach();
+  }
+
   std::string path;
   int zoom;
   std::atomic<bool> isGivenUp = false;
   Thumbnail thumbnail;
+  std::thread thread;
 };
 
-Thumbnails::Thumbnails() : made_(kMostKilobytes) {
-  patience_.setSingleShot(true);
-  patience_.setInterval(kPatience);
-  connect(&patience_, &QTimer::timeout, this, [this] {
-    Keep({});
+Thumbnails::Thumbnails(std::chrono::milliseconds timeLimit) : made_(kMostKilobytes) {
+  timeLimit_.setSingleShot(true);
+  timeLimit_.setInterval(timeLimit);
+  connect(&timeLimit_, &QTimer::timeout, this, [this] {
+    Keep({});  // no picture
     StopWaiting();
     MakeNext();
   });
@@ -93,24 +102,27 @@ void Thumbnails::Start(const std::string& path) {
   job->zoom = zoom_;
   // The thread may outlive this object, which is accessed only in the main thread.
   const auto work = [job, self = QPointer(this)] {
-    StepBack();
+    LowerPriority();
     job->thumbnail = ReadThumbnail(job->path, job->zoom, job->isGivenUp);
     QMetaObject::invokeMethod(
         qApp,
         [job, self] {
+          job->thread.join();
           --atWork;
           if (self != nullptr) self->Finish(job);
         },
         Qt::QueuedConnection);
   };
   try {
-    std::thread(work).detach();
+    job->thread = std::thread(work);
   } catch (const std::system_error&) {
+    // No more threads now: a later request tries again.
+    wanted_.clear();
     return;
   }
   ++atWork;
   job_ = job;
-  patience_.start();
+  timeLimit_.start();
 }
 
 void Thumbnails::Finish(const std::shared_ptr<Job>& job) {
@@ -130,7 +142,7 @@ void Thumbnails::Keep(Thumbnail thumbnail) {
 }
 
 void Thumbnails::StopWaiting() {
-  patience_.stop();
+  timeLimit_.stop();
   if (job_ == nullptr) return;
   job_->isGivenUp = true;
   job_.reset();

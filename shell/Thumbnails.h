@@ -2,6 +2,7 @@
 
 #include <QCache>
 #include <QTimer>
+#include <chrono>
 #include <deque>
 #include <memory>
 #include <string>
@@ -16,13 +17,14 @@ class Thumbnails : public QObject {
   Q_OBJECT
 
  public:
-  Thumbnails();
+  /// A picture that takes longer than the limit has no thumbnail.
+  explicit Thumbnails(std::chrono::milliseconds timeLimit = std::chrono::milliseconds(2000));
   Thumbnails(const Thumbnails&) = delete;
   Thumbnails& operator=(const Thumbnails&) = delete;
   ~Thumbnails() override;
 
   /// The thumbnail of a file, or null if none has been made yet. It is empty if the file can't be
-  /// read within two seconds.
+  /// read within the time limit.
   const Thumbnail* Of(const std::string& path) const;
   /// Makes the thumbnails of these files in this order, and drops earlier requests. zoom is the
   /// number of physical pixels per logical pixel.
@@ -48,8 +50,8 @@ class Thumbnails : public QObject {
   QCache<QByteArray, Thumbnail> made_;  ///< by path; costs in kilobytes
   std::deque<std::string> wanted_;
   int zoom_ = 1;
-  std::shared_ptr<Job> job_;  ///< that is waited for
-  QTimer patience_;
+  std::shared_ptr<Job> job_;  ///< the current one; null if none
+  QTimer timeLimit_;
 };
 
 }  // namespace morvane

@@ -12,7 +12,6 @@
 #include "document/PictureFile.h"
 #include "document/picture/Blit.h"
 #include "platform/PictureDecoding.h"
-#include "platform/Thumbnail.h"
 #include "tests/support/FileBytes.h"
 #include "tests/support/FormFixture.h"
 
@@ -153,52 +152,8 @@ TEST_F(Files, OnlyWholeJpegsAndGifsAreOpened) {
   EXPECT_EQ(platform.DecodePicture(holed).Reason(), "The file is incomplete or damaged.");
 }
 
-TEST_F(Files, ThumbnailsAreReducedAndKeepWholePixels) {
-  const std::atomic<bool> isGivenUp = false;
-  QImage picture(20, 10, QImage::Format_ARGB32);
-  for (int x = 0; x < 20; ++x) {
-    for (int y = 0; y < 10; ++y) picture.setPixel(x, y, x == 0 ? 0 : qRgb(x * 9, y * 20, 7));
-  }
-  struct Row {
-    int width, zoom, small, large;  // in pixels of the display
-  };
-  for (const Row& row : {Row{20, 1, 16, 20}, Row{20, 2, 20, 40}, Row{20, 3, 42, 60},
-                         Row{200, 2, 32, 200}, Row{500, 1, 16, 120}, Row{500, 2, 32, 240}}) {
-    const QSize size(row.width, row.width / 2);
-    ASSERT_TRUE(picture.scaled(size).save("a.png"));
-    const Thumbnail thumbnail = ReadThumbnail(folder.File("a.png"), row.zoom, isGivenUp);
-    EXPECT_EQ(thumbnail.size, size);
-    EXPECT_EQ(thumbnail.small.width(), row.small) << row.width << " at " << row.zoom;
-    EXPECT_EQ(thumbnail.large.width(), row.large) << row.width << " at " << row.zoom;
-  }
-  ASSERT_TRUE(picture.save("a.png"));
-  const QImage twice = ReadThumbnail(folder.File("a.png"), 2, isGivenUp).large;
-  for (int x = 0; x < 40; ++x) {
-    for (int y = 0; y < 20; ++y) {
-      ASSERT_EQ(twice.pixel(x, y), x < 2 ? qRgb(255, 255, 255) : picture.pixel(x / 2, y / 2));
-    }
-  }
-  ASSERT_TRUE(picture.scaled(1000, 500).save("b.jpg"));
-  Bytes onItsSide = Read("b.jpg");
-  const Bytes orientation = {0xFF, 0xE1, 0, 34, 'E', 'x', 'i', 'f', 0, 0,    'M', 'M',
-                             0,    42,   0, 0,  0,   8,   0,   1,   1, 0x12, 0,   3,
-                             0,    0,    0, 1,  0,   6,   0,   0,   0, 0,    0,   0};
-  onItsSide.insert(onItsSide.begin() + 2, orientation.begin(), orientation.end());
-  ASSERT_EQ(Replace(folder.File("b.jpg"), onItsSide), "");
-  const Thumbnail upright = ReadThumbnail(folder.File("b.jpg"), 1, isGivenUp);
-  EXPECT_EQ(upright.size, QSize(500, 1000));
-  EXPECT_EQ(upright.large.size(), QSize(60, 120));
-  EXPECT_TRUE(ReadThumbnail(folder.File("b.jpg"), 1, true).size.isEmpty());
-  ASSERT_TRUE(QImage(6000, 5000, QImage::Format_Mono).save("large.bmp"));
-  ASSERT_TRUE(QImage(6000, 5000, QImage::Format_Mono).save("large.png"));
-  for (const char* large : {"large.bmp", "large.png"}) {
-    EXPECT_TRUE(ReadThumbnail(folder.File(large), 1, isGivenUp).size.isEmpty()) << large;
-  }
-  ASSERT_EQ(mkfifo("pipe.bmp", 0600), 0);
-  EXPECT_TRUE(ReadThumbnail(folder.File("pipe.bmp"), 1, isGivenUp).size.isEmpty());
-}
-
 TEST_F(Files, APictureThatTakesTooLongIsGivenUp) {
+  const QtPlatform memoryLimit;
   // Written in digits, a line for each pixel: that takes far longer than is waited for below.
   const std::string header = "P2\n10000 10000\n9\n";
   Bytes slow(header.begin(), header.end());
