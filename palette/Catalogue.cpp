@@ -53,7 +53,7 @@ constexpr std::array<Item, kItemCount> kItems = {{
     {"pbroundtable", "Round Table", 0, 2, 0, 0, {40, 40}},
     {"pbsquaretable", "Square Table", 0, 2, 2, 0, {40, 40}},
     {"pbbenchtable", "Bench Table", 0, 2, 4, 0, {40, 40}},
-    {"pbwoodendesk", "Wooden DesktopSession", 0, 2, 0, 2, {40, 40}},
+    {"pbwoodendesk", "Wooden Desk", 0, 2, 0, 2, {40, 40}},
     {"pbcrates", "Crates", 0, 2, 2, 2, {40, 40}},
     {"pbwoodenbench", "Wooden Bench", 0, 2, 4, 2, {40, 20}},
     {"pbbed", "Bed", 0, 2, 4, 3, {40, 20}},
@@ -108,7 +108,7 @@ constexpr std::array<Item, kItemCount> kItems = {{
     {"pgroundtable", "Round Table", 1, 2, 0, 0, {40, 40}},
     {"pgsquaretable", "Square Table", 1, 2, 2, 0, {40, 40}},
     {"pgbenchtable", "Bench Table", 1, 2, 4, 0, {40, 40}},
-    {"pgdesk", "Wooden DesktopSession", 1, 2, 0, 2, {40, 40}},
+    {"pgdesk", "Wooden Desk", 1, 2, 0, 2, {40, 40}},
     {"pgcrates", "Crates", 1, 2, 2, 2, {40, 40}},
     {"pgwoodenbench", "Wooden Bench", 1, 2, 4, 2, {40, 20}},
     {"pgburnedbench", "Burned Bench", 1, 2, 4, 3, {40, 20}},
@@ -225,41 +225,6 @@ constexpr std::array<Item, kItemCount> kItems = {{
     {"pvvarious-28", "Shrub 2", 3, 3, 5, 7, {20, 20}},
 }};
 
-constexpr Size kWall = {4, 22};
-constexpr Size kFence = {4, 24};
-constexpr Size kDoor = {6, 16};
-constexpr auto kVertical = Direction::Vertical;
-constexpr auto kHorizontal = Direction::Horizontal;
-
-constexpr Size Turned(Size size) {
-  return {size.height, size.width};
-}
-
-constexpr std::array<EdgePicture, kEdgePictureCount> kEdgePictures = {{
-    {"pbwallvertical", 0, Edge::Wall, kVertical, kWall},
-    {"pbwallhorizontal", 0, Edge::Wall, kHorizontal, Turned(kWall)},
-    {"pbdoorvertical", 0, Edge::Door, kVertical, kDoor},
-    {"pbdoorhorizontal", 0, Edge::Door, kHorizontal, Turned(kDoor)},
-    {"pbsecretvertical", 0, Edge::SecretDoor, kVertical, kDoor},
-    {"pbsecrethorizontal", 0, Edge::SecretDoor, kHorizontal, Turned(kDoor)},
-    {"pgwallvertical", 1, Edge::Wall, kVertical, kWall},
-    {"pgwallhorizontal", 1, Edge::Wall, kHorizontal, Turned(kWall)},
-    {"pgdoorvertical", 1, Edge::Door, kVertical, kDoor},
-    {"pgdoorhorizontal", 1, Edge::Door, kHorizontal, Turned(kDoor)},
-    {"pgsecretvertical", 1, Edge::SecretDoor, kVertical, kDoor},
-    {"pgsecrethorizontal", 1, Edge::SecretDoor, kHorizontal, Turned(kDoor)},
-    {"ptwallvertical", 2, Edge::Wall, kVertical, kWall},
-    {"ptwallhorizontal", 2, Edge::Wall, kHorizontal, Turned(kWall)},
-    {"ptdoorvertical", 2, Edge::Door, kVertical, kDoor},
-    {"ptdoorhorizontal", 2, Edge::Door, kHorizontal, Turned(kDoor)},
-    {"ptsecretvertical", 2, Edge::SecretDoor, kVertical, kDoor},
-    {"ptsecrethorizontal", 2, Edge::SecretDoor, kHorizontal, Turned(kDoor)},
-    {"pvwallvertical", 3, Edge::Wall, kVertical, kFence},
-    {"pvwallhorizontal", 3, Edge::Wall, kHorizontal, Turned(kFence)},
-    {"pvdoorvertical", 3, Edge::Door, kVertical, kDoor},
-    {"pvdoorhorizontal", 3, Edge::Door, kHorizontal, Turned(kDoor)},
-}};
-
 }  // namespace
 
 const std::array<TileSet, kBuiltInSets>& TileSets() {
@@ -268,10 +233,6 @@ const std::array<TileSet, kBuiltInSets>& TileSets() {
 
 const std::array<Item, kItemCount>& Items() {
   return kItems;
-}
-
-const std::array<EdgePicture, kEdgePictureCount>& EdgePictures() {
-  return kEdgePictures;
 }
 
 Size StampSize(const Item& item) {
