@@ -5,7 +5,7 @@
 namespace morvane::bench {
 
 void AddCopies(RatioTable& table);
-void AddSeeThroughCopies(RatioTable& table);
+void AddTransparentCopies(RatioTable& table);
 void AddScaling(RatioTable& table);
 void AddTurns(RatioTable& table);
 void AddSnapshots(RatioTable& table);

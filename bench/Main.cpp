@@ -49,7 +49,7 @@ int main(int argc, char** argv) {
 
   morvane::bench::RatioTable table;
   morvane::bench::AddCopies(table);
-  morvane::bench::AddSeeThroughCopies(table);
+  morvane::bench::AddTransparentCopies(table);
   morvane::bench::AddScaling(table);
   morvane::bench::AddTurns(table);
   morvane::bench::AddSnapshots(table);

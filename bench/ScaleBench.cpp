@@ -24,8 +24,8 @@ pixman_transform_t Scaling(Size from, Size to) {
 }
 #endif
 
-Contest AddStretch(RatioTable& table, const std::string& name, const Stage& source,
-                   const Stage& target) {
+void AddStretch(RatioTable& table, const std::string& name, const Stage& source,
+                const Stage& target) {
   Contest contest(table, target.AsWork(name));
   contest.Ours([=] {
     StretchBlt(target.Draw(), 0, 0, target.Width(), target.Height(), source.View(), 0, 0,
@@ -37,7 +37,6 @@ Contest AddStretch(RatioTable& table, const std::string& name, const Stage& sour
   ReadThrough(from, Scaling({source.Width(), source.Height()}, {target.Width(), target.Height()}));
   contest.Against("pixman", AtMost(1.0), [=] { Compose(from, to); });
 #endif
-  return contest;
 }
 
 }  // namespace
@@ -50,12 +49,8 @@ void AddScaling(RatioTable& table) {
 #endif
   const Stage photo(Noise({1000, 800}, 4));
   const Stage small(Noise({60, 48}, 5));
-  const Stage large(Picture(600, 480));
   AddStretch(table, "StretchBlt 1000x800 to 60x48", photo, Stage(Picture(60, 48)));
-
-  const Stage ready(Noise({large.Width(), large.Height()}, 6));
-  AddStretch(table, "StretchBlt 60x48 to 600x480", small, large)
-      .Limit("memcpy of the output", AtMost(1.15), [=] { CopyWhole(large, ready); });
+  AddStretch(table, "StretchBlt 60x48 to 600x480", small, Stage(Picture(600, 480)));
 }
 
 }  // namespace morvane::bench

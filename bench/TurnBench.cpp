@@ -35,7 +35,7 @@ void AddFlip(RatioTable& table, const std::string& name, Transform flip, int sid
   const Stage other(Picture(side, side));
   Contest contest(table, picture.AsWork(name + SquareText(side) + " in place"));
   contest.Ours([=] { FlipInPlace(picture.Draw(), flip); })
-      .Limit("memcpy", AtMost(large ? 0.8 : 2.5), [=] { CopyWhole(other, picture); });
+      .Limit("memcpy", AtMost(large ? 0.8 : 5.0), [=] { CopyWhole(other, picture); });
   if (!large) return;
   // Qt flips in place only what it has allocated.
   const auto image = std::make_shared<QImage>(ImageOver(picture.View()).copy());
@@ -45,17 +45,15 @@ void AddFlip(RatioTable& table, const std::string& name, Transform flip, int sid
 }
 
 void AddTurn(RatioTable& table, const std::string& name, Transform turn, int side) {
-  const bool large = side == kLarge;
   const Stage picture(Noise({side, side}, 9));
   const Stage target(Picture(side, side));
   const int degrees = turn == Transform::RotateRight ? 90 : -90;
   Contest contest(table, target.AsWork(name + SquareText(side)));
   contest.Ours([=] { TurnInto(target.Draw(), picture.View(), turn); });
-  if (large) contest.Limit("memcpy", AtMost(2.0), [=] { CopyWhole(target, picture); });
 
   const auto turned = std::make_shared<QImage>();
   contest.Against(
-      "Qt", Faster(large ? 5 : 2),
+      "Qt", Faster(1.5),
       [=] { *turned = ImageOver(picture.View()).transformed(QTransform().rotate(degrees)); },
       PixelsOf(turned));
 #ifdef MORVANE_BENCH_PIXMAN
