@@ -1,6 +1,5 @@
 #include "platform/Folders.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <mntent.h>
 #include <sys/stat.h>
@@ -9,8 +8,10 @@
 #include <algorithm>
 #include <cctype>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
-#include <string_view>
+#include <sstream>
+#include <system_error>
 
 #include "platform/NaturalOrder.h"
 
@@ -18,54 +19,37 @@ namespace morvane {
 namespace {
 
 struct Close {
-  void operator()(DIR* folder) const { closedir(folder); }
   void operator()(std::FILE* table) const { endmntent(table); }
 };
 
-enum class Kind { File, Folder };
+using Entry = std::filesystem::directory_entry;
 
-/// Whether an entry of a folder is of this type. Links are followed.
-bool Is(Kind kind, int folder, const dirent& entry) {
-  if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK) {
-    return entry.d_type == (kind == Kind::File ? DT_REG : DT_DIR);
-  }
-  struct stat status {};
-  if (fstatat(folder, entry.d_name, &status, 0) != 0) return false;
-  return kind == Kind::File ? S_ISREG(status.st_mode) : S_ISDIR(status.st_mode);
-}
-
-/// The names of the visible entries of one type, in natural order. Uses readdir, since a folder may
-/// have very many entries.
+/// The names of the visible entries that are wanted, in natural order.
 template <typename Wanted>
-std::vector<std::string> NamesIn(const std::string& folder, Kind kind, Wanted wanted) {
+std::vector<std::string> NamesIn(const std::string& folder, Wanted wanted) {
   std::vector<std::string> names;
-  const std::unique_ptr<DIR, Close> open(opendir(folder.c_str()));
-  if (open == nullptr) return names;
-  const int number = dirfd(open.get());
-  while (const dirent* entry = readdir(open.get())) {
-    const std::string_view name = entry->d_name;
-    if (name[0] != '.' && wanted(name) && Is(kind, number, *entry)) names.emplace_back(name);
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const std::string name = entry->path().filename();
+    if (!name.starts_with('.') && wanted(*entry, name)) names.push_back(name);
   }
   SortNaturally(names);
   return names;
 }
 
-/// Whether a name matches one of the patterns "*.a;*.b", case ignored.
-bool Matches(std::string_view name, std::string_view patterns) {
-  const auto equal = [](char one, char other) {
-    return std::tolower(static_cast<unsigned char>(one)) ==
-           std::tolower(static_cast<unsigned char>(other));
-  };
-  while (!patterns.empty()) {
-    const std::size_t end = std::min(patterns.find(';'), patterns.size());
-    const std::string_view ending = patterns.substr(1, end - 1);
-    if (name.size() >= ending.size() &&
-        std::equal(ending.begin(), ending.end(), name.end() - std::ssize(ending), equal)) {
-      return true;
-    }
-    patterns.remove_prefix(std::min(end + 1, patterns.size()));
-  }
-  return false;
+std::string LowerCase(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return text;
+}
+
+/// The endings in a list of patterns "*.a;*.b", in lower case.
+std::vector<std::string> EndingsOf(const std::string& patterns) {
+  std::vector<std::string> endings;
+  std::istringstream list(LowerCase(patterns));
+  for (std::string pattern; std::getline(list, pattern, ';');) endings.push_back(pattern.substr(1));
+  return endings;
 }
 
 }  // namespace
@@ -77,7 +61,10 @@ bool IsReadableFolder(const std::string& path) {
 }
 
 std::vector<std::string> FoldersIn(const std::string& folder) {
-  return NamesIn(folder, Kind::Folder, [](std::string_view /*name*/) { return true; });
+  return NamesIn(folder, [](const Entry& entry, const std::string& /*name*/) {
+    std::error_code error;
+    return entry.is_directory(error);
+  });
 }
 
 std::vector<std::string> MountedVolumes() {
@@ -96,8 +83,14 @@ std::vector<std::string> MountedVolumes() {
 }
 
 std::vector<std::string> MatchingFiles(const std::string& folder, const std::string& pattern) {
-  return NamesIn(folder, Kind::File,
-                 [&pattern](std::string_view name) { return Matches(name, pattern); });
+  const std::vector<std::string> endings = EndingsOf(pattern);
+  return NamesIn(folder, [&endings](const Entry& entry, const std::string& name) {
+    const std::string lower = LowerCase(name);
+    std::error_code error;
+    return entry.is_regular_file(error) &&
+           std::any_of(endings.begin(), endings.end(),
+                       [&lower](const std::string& ending) { return lower.ends_with(ending); });
+  });
 }
 
 }  // namespace morvane

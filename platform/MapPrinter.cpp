@@ -61,11 +61,6 @@ Failure MapPrinter::Print(const PictureView& picture) {
   return handedOver ? Failure() : "The page could not be handed over to the printer.";
 }
 
-void MapPrinter::UseFile(const std::string& path) {
-  Printer().setOutputFormat(QPrinter::PdfFormat);
-  Printer().setOutputFileName(QString::fromStdString(path));
-}
-
 void MapPrinter::ShowSetup(QWidget* owner, const std::string& title) {
   QPrintDialog dialog(&Printer(), owner);
   dialog.setWindowTitle(QString::fromStdString(title));

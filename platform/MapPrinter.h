@@ -21,9 +21,6 @@ class MapPrinter {
   /// Prints one page with the picture at the top left of the printable area.
   Failure Print(const PictureView& picture);
 
-  /// Prints to a PDF file from now on, as if it had been chosen in the setup.
-  void UseFile(const std::string& path);
-
   /// Lets the user choose the printer, or a PDF file in its place.
   void ShowSetup(QWidget* owner, const std::string& title);
 

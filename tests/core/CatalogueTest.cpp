@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <set>
 #include <sstream>
+#include <tuple>
 
 #include "palette/TilePictures.h"
 #include "tests/support/Sample.h"
@@ -42,6 +44,20 @@ TEST(Catalogue, EveryRowIsAsItWasPublished) {
               edge.stored.width, edge.stored.height);
   }
   EXPECT_EQ(edges.Value(), 12568249178469911804U);
+}
+
+TEST(Catalogue, ItemsShareNoCellAndStayOnTheirPage) {
+  std::set<std::tuple<int, int, int, int>> taken;
+  for (const Item& item : Items()) {
+    for (int x = 0; x < item.stored.width / 20; ++x) {
+      for (int y = 0; y < item.stored.height / 20; ++y) {
+        EXPECT_TRUE(taken.insert({item.set, item.page, item.column + x, item.row + y}).second)
+            << item.control;
+        EXPECT_LT(item.column + x, 6) << item.control;
+        EXPECT_LT(item.row + y, item.set == kClassicVillage ? 9 : 7) << item.control;
+      }
+    }
+  }
 }
 
 TEST(Catalogue, StampsOfOneSetAreOnePixelSmallerThanTheirPictures) {

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QPrintDialog>
 #include <QPrinter>
 #include <QProcess>
+#include <QTimer>
 
 #include "document/picture/Blit.h"
 #include "platform/MapPrinter.h"
@@ -21,6 +23,17 @@ QImage Paper(const char* pdf) {
   return pages.isEmpty() ? QImage() : QImage(pages[0]);
 }
 
+/// Chooses a PDF file in the setup dialog.
+void ChooseFile(MapPrinter& printer, const std::string& path) {
+  QTimer::singleShot(0, qApp, [&path] {
+    auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+    dialog->printer()->setOutputFormat(QPrinter::PdfFormat);
+    dialog->printer()->setOutputFileName(QString::fromStdString(path));
+    dialog->reject();
+  });
+  printer.ShowSetup(nullptr, "Print Setup");
+}
+
 /// The picture that a page holds, as it was put there.
 Picture Embedded(const char* pdf) {
   QProcess extract;
@@ -35,7 +48,7 @@ Picture Embedded(const char* pdf) {
 TEST(Print, TheMapLiesAtTheTopLeftOfOnePageInItsNaturalSize) {
   const StartFolder folder;
   MapPrinter printer;
-  printer.UseFile(folder.File("map.pdf"));
+  ChooseFile(printer, folder.File("map.pdf"));
   Picture map(192, 96, 0x0000FF);  // two inches by one
   for (int x = 1; x < 192; x += 2) FillBox(map.Draw(), {x, 1, x + 1, 95}, 0x0000D0);
   ASSERT_EQ(printer.Print(map.View()), "");
@@ -57,7 +70,7 @@ TEST(Print, TheMapLiesAtTheTopLeftOfOnePageInItsNaturalSize) {
 TEST(Print, AMapLargerThanThePaperIsCutOffOnOnePage) {
   const StartFolder folder;
   MapPrinter printer;
-  printer.UseFile(folder.File("map.pdf"));
+  ChooseFile(printer, folder.File("map.pdf"));
   ASSERT_EQ(printer.Print(Picture(2000, 2000, 0x0000FF).View()), "");
   EXPECT_FALSE(Paper("map.pdf").isNull());
 }
@@ -66,9 +79,9 @@ TEST(Print, WithoutAPrinterItNamesPrintSetup) {
   MapPrinter printer;
   const Failure failure = printer.Print(Picture(10, 10).View());
   EXPECT_NE(failure.find("File > Print Setup"), std::string::npos) << failure;
-  printer.UseFile("/proc/no/map.pdf");
+  ChooseFile(printer, "/proc/no/map.pdf");
   EXPECT_NE(printer.Print(Picture(10, 10).View()), "");
-  printer.UseFile("/dev/full");
+  ChooseFile(printer, "/dev/full");
   EXPECT_NE(printer.Print(Picture(10, 10).View()), "");
 }
 
