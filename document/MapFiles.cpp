@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "document/Notice.h"
+#include "document/FailureReport.h"
 #include "document/PictureFile.h"
 #include "document/Rescue.h"
 
@@ -68,7 +68,7 @@ std::string TextOf(const SaveOutcome& outcome) {
   return std::string(kNotSaved) + "\n\n" + outcome.path + "\n\n" + outcome.reason;
 }
 
-void Tell(Document& document, const SaveOutcome& outcome) {
+void ReportOutcome(Document& document, const SaveOutcome& outcome) {
   if (!outcome.reason.empty()) {
     document.platform.MsgBox(TextOf(outcome), BoxStyle::OkExclamation, kProgramName);
   }
@@ -124,11 +124,11 @@ void mnuFileOpen_Click(Document& document) {
 }
 
 void mnuFileSave_Click(Document& document) {
-  Tell(document, document.HasCurrentFile ? Save(document) : SaveAs(document));
+  ReportOutcome(document, document.HasCurrentFile ? Save(document) : SaveAs(document));
 }
 
 void mnuFileSaveAs_Click(Document& document) {
-  Tell(document, SaveAs(document));
+  ReportOutcome(document, SaveAs(document));
 }
 
 bool AskToSave(Document& document) {

@@ -1,6 +1,6 @@
 #include "document/Options.h"
 
-#include "document/Notice.h"
+#include "document/FailureReport.h"
 
 namespace morvane {
 namespace {

@@ -1,6 +1,6 @@
 #include "document/Printing.h"
 
-#include "document/Notice.h"
+#include "document/FailureReport.h"
 
 namespace morvane {
 

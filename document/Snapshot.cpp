@@ -1,6 +1,6 @@
 #include "document/Snapshot.h"
 
-#include "document/Notice.h"
+#include "document/FailureReport.h"
 #include "document/bmp/Bmp.h"
 
 namespace morvane {

@@ -1,6 +1,6 @@
 #include "document/Undo.h"
 
-#include "document/Notice.h"
+#include "document/FailureReport.h"
 #include "document/PictureFile.h"
 #include "document/bmp/Bmp.h"
 

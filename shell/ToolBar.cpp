@@ -11,21 +11,22 @@ namespace {
 struct Button {
   const char* key;   ///< and tool tip; empty for a separator without a key
   const char* icon;  ///< null for a separator
+  const char* command;
 };
 
 constexpr std::array<Button, 12> kButtons = {{
-    {"New", "new"},
-    {"Open", "open"},
-    {"Save", "save"},
-    {"", nullptr},
-    {"Print", "print"},
-    {"", nullptr},
-    {"Undo", "undo"},
-    {"Redo", "redo"},
-    {"sep", nullptr},
-    {"Cut", "cut"},
-    {"Copy", "copy"},
-    {"Paste", "paste"},
+    {"New", "new", "mnuFileNew"},
+    {"Open", "open", "mnuFileOpen"},
+    {"Save", "save", "mnuFileSave"},
+    {"", nullptr, nullptr},
+    {"Print", "print", "mnuFilePrint"},
+    {"", nullptr, nullptr},
+    {"Undo", "undo", "mnuEditUndo"},
+    {"Redo", "redo", "mnuEditRedo"},
+    {"sep", nullptr, nullptr},
+    {"Cut", "cut", "mnuEditCut"},
+    {"Copy", "copy", "mnuEditCopy"},
+    {"Paste", "paste", "mnuEditPaste"},
 }};
 
 }  // namespace
@@ -46,7 +47,7 @@ ToolBar::ToolBar(QWidget* parent) : QToolBar(parent) {
     action->setToolTip(key);
     buttons_.push_back(widgetForAction(action));
     buttons_.back()->setFocusPolicy(Qt::TabFocus);
-    connect(action, &QAction::triggered, this, [this, key] { emit ButtonClicked(key); });
+    connect(action, &QAction::triggered, this, [this, &button] { emit Chosen(button.command); });
     if (key == "Undo") undo_ = action;
   }
 }

@@ -19,7 +19,8 @@ class ToolBar : public QToolBar {
   const std::vector<QWidget*>& Buttons() const { return buttons_; }
 
  signals:
-  void ButtonClicked(const QString& key);
+  /// A button was clicked; the name is that of its menu entry.
+  void Chosen(const QString& name);
 
  private:
   QAction* undo_ = nullptr;

@@ -123,14 +123,7 @@ void frmMain::ReportRescueCopies() {
 void frmMain::ConnectEvents() {
   connect(client_, &ClientArea::Resized, this, &frmMain::Form_Resize);
   connect(menu_, &MainMenu::Chosen, this, &frmMain::RunCommand);
-  connect(tbToolBar_, &ToolBar::ButtonClicked, this, [this](const QString& key) {
-    static const std::map<QString, QString> kCommands = {
-        {"New", "mnuFileNew"},     {"Open", "mnuFileOpen"}, {"Save", "mnuFileSave"},
-        {"Print", "mnuFilePrint"}, {"Undo", "mnuEditUndo"}, {"Redo", "mnuEditRedo"},
-        {"Cut", "mnuEditCut"},     {"Copy", "mnuEditCopy"}, {"Paste", "mnuEditPaste"},
-    };
-    RunCommand(kCommands.at(key));
-  });
+  connect(tbToolBar_, &ToolBar::Chosen, this, &frmMain::RunCommand);
   connect(leftColumn_, &LeftColumn::TileSetChosen, this, Event(&TileSetSelector_Click));
   connect(palette_, &PaletteView::TabClicked, this, Event(&TabStrip_Click));
   connect(palette_, &PaletteView::ItemClicked, this, Event(&Item_Click));

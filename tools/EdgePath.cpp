@@ -5,8 +5,8 @@
 #include "document/Grid.h"
 #include "document/picture/Blit.h"
 #include "tools/Buttons.h"
+#include "tools/CopyToMap.h"
 #include "tools/EdgeSearch.h"
-#include "tools/Placing.h"
 
 namespace morvane {
 namespace {
@@ -55,9 +55,9 @@ void EdgePath(Palette& palette, Gesture gesture, int Button, float X, float Y) {
   }
   if (set == kClassicVillage && edge == Edge::Wall) {
     const Color key = FenceColorKey(picture->View(), side->direction);
-    Place(document, gesture, SnapX, SnapY, size, picture->View(), &key);
+    CopyToMap(document, gesture, SnapX, SnapY, size, picture->View(), &key);
   } else {
-    Place(document, gesture, SnapX, SnapY, size, picture->View());
+    CopyToMap(document, gesture, SnapX, SnapY, size, picture->View());
   }
 }
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "document/picture/Blit.h"
-#include "tools/Placing.h"
+#include "tools/CopyToMap.h"
 
 namespace morvane {
 namespace {
@@ -24,8 +24,8 @@ void StampText(Document& document) {
     document.platform.DrawText(document.TextToInsert, block);
     pbTempText.SetPicture(std::move(block));
     const Color white = kWhite;
-    Place(document, Gesture::Press, document.TextX - kLeftOfPointer, document.TextY - kAbovePointer,
-          pbTempText.ScaleSize(), pbTempText.Image(), &white);
+    CopyToMap(document, Gesture::Press, document.TextX - kLeftOfPointer,
+              document.TextY - kAbovePointer, pbTempText.ScaleSize(), pbTempText.Image(), &white);
     document.Canvas.Refresh();
   }
   document.Canvas.MousePointer = Pointer::Cross;

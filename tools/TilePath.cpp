@@ -2,8 +2,8 @@
 
 #include "document/Grid.h"
 #include "tools/Buttons.h"
+#include "tools/CopyToMap.h"
 #include "tools/GridTests.h"
-#include "tools/Placing.h"
 
 namespace morvane {
 namespace {
@@ -30,10 +30,10 @@ void TilePath(Palette& palette, Gesture gesture, int Button, float X, float Y) {
   if (Button == kLeftButton) {
     const PictureBox& stamp =
         palette.TileSetSelector.ListIndex == kCustomSet ? palette.Custom : palette.Picture1;
-    Place(document, gesture, SnapX, SnapY, stamp.ScaleSize(), stamp.Image());
+    CopyToMap(document, gesture, SnapX, SnapY, stamp.ScaleSize(), stamp.Image());
   } else if (isErase) {
-    Place(document, gesture, SnapX, SnapY, {palette.Shape1.Width, palette.Shape1.Height},
-          document.pbclear.Image());
+    CopyToMap(document, gesture, SnapX, SnapY, {palette.Shape1.Width, palette.Shape1.Height},
+              document.pbclear.Image());
   }
 }
 

@@ -80,9 +80,7 @@ class TestSession : public QObject {
   void HearWindow() {
     Hear<ClientArea>(&ClientArea::Resized, [this] { Resize(); });
     Hear<MainMenu>(&MainMenu::Chosen, [this](const QString& name) { Command(name); });
-    Hear<ToolBar>(&ToolBar::ButtonClicked, [this](const QString& key) {
-      Command((key == "Undo" ? "mnuEdit" : "mnuFile") + key);
-    });
+    Hear<ToolBar>(&ToolBar::Chosen, [this](const QString& name) { Command(name); });
     Hear<HoverReset>(&HoverReset::Moved, [this] { outlineShows_ = false; });
   }
 

@@ -7,7 +7,7 @@ namespace morvane {
 
 /// Copies a rectangle of pixels from the top left of a source onto the map. A press takes the
 /// snapshot for Undo first. Source pixels of the colour key, if there is one, are left out.
-void Place(Document& document, Gesture gesture, int SnapX, int SnapY, Size size,
-           const PictureView& source, const Color* transparent = nullptr);
+void CopyToMap(Document& document, Gesture gesture, int SnapX, int SnapY, Size size,
+               const PictureView& source, const Color* transparent = nullptr);
 
 }  // namespace morvane

@@ -1,12 +1,12 @@
-#include "tools/Placing.h"
+#include "tools/CopyToMap.h"
 
 #include "document/Snapshot.h"
 #include "document/picture/Blit.h"
 
 namespace morvane {
 
-void Place(Document& document, Gesture gesture, int SnapX, int SnapY, Size size,
-           const PictureView& source, const Color* transparent) {
+void CopyToMap(Document& document, Gesture gesture, int SnapX, int SnapY, Size size,
+               const PictureView& source, const Color* transparent) {
   if (gesture == Gesture::Press) TakeSnapshot(document);
   const Surface map = document.Canvas.hDC();
   if (transparent == nullptr) {

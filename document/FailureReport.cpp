@@ -1,4 +1,4 @@
-#include "document/Notice.h"
+#include "document/FailureReport.h"
 
 namespace morvane {
 
