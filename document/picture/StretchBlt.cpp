@@ -1,4 +1,5 @@
-#include <cstdint>
+#include <algorithm>
+#include <cstddef>
 #include <vector>
 
 #include "document/picture/Blit.h"
@@ -6,9 +7,14 @@
 namespace morvane {
 namespace {
 
-/// The source pixel nearest to the middle of a target pixel, along one side of a scaled copy.
-int Nearest(int at, int size, int sourceSize) {
-  return static_cast<int>((std::int64_t{at} * 2 + 1) * sourceSize / (std::int64_t{size} * 2));
+/// Along one side of a scaled copy: the source pixels nearest to the middles of target pixels. With
+/// sides of pictures, the floating-point division is never rounded up to the next pixel.
+std::vector<int> Nearest(int begin, int end, int size, int sourceSize) {
+  std::vector<int> indices(static_cast<std::size_t>(end - begin));
+  for (int& index : indices) {
+    index = static_cast<int>((2.0 * begin++ + 1) * sourceSize / (2.0 * size));
+  }
+  return indices;
 }
 
 }  // namespace
@@ -19,15 +25,17 @@ void StretchBlt(const Surface& target, int x, int y, int width, int height,
   const Rect rect = Rect{x, y, x + width, y + height}.Intersected(target.Bounds());
   const Rect from = Rect{sourceX, sourceY, sourceX + sourceWidth, sourceY + sourceHeight};
   if (rect.IsEmpty() || from.IsEmpty() || from != from.Intersected(source.Bounds())) return;
-  std::vector<int> columns;
-  columns.reserve(static_cast<std::size_t>(rect.Width()));
-  for (int column = rect.left; column < rect.right; ++column) {
-    columns.push_back(sourceX + Nearest(column - x, width, sourceWidth));
-  }
-  for (int row = rect.top; row < rect.bottom; ++row) {
-    const Pixel* sourceRow = source.Row(sourceY + Nearest(row - y, height, sourceHeight));
-    Pixel* to = target.Row(row) + rect.left;
-    for (const int column : columns) *to++ = sourceRow[column];
+  const std::vector<int> columns = Nearest(rect.left - x, rect.right - x, width, sourceWidth);
+  const std::vector<int> rows = Nearest(rect.top - y, rect.bottom - y, height, sourceHeight);
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    Pixel* to = target.Row(rect.top + static_cast<int>(i)) + rect.left;
+    const Pixel* sourceRow = source.Row(sourceY + rows[i]) + sourceX;
+    if (i > 0 && rows[i] == rows[i - 1]) {
+      std::copy_n(to - target.stride, columns.size(), to);
+    } else {
+      std::transform(columns.begin(), columns.end(), to,
+                     [=](int column) { return sourceRow[column]; });
+    }
   }
   target.NoteDamage(rect);
 }

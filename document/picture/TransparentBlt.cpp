@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "document/picture/Blit.h"
 #include "document/picture/ClipCopy.h"
 #include "document/picture/PixelVector.h"
@@ -5,21 +7,26 @@
 namespace morvane {
 namespace {
 
-/// Copies pixels of a row from `begin` on, as many as fill whole vectors, except those of the
-/// colour key. Returns the index of the first pixel that is left.
+/// Copies rows at least one vector wide, except the pixels of the colour key. The last vector of a
+/// row may overlap the one before, which changes nothing.
 template <typename Vector>
-inline int CopyKeyed(Pixel* to, const Pixel* from, int begin, int width, Pixel key) {
+inline void CopyKeyed(const Surface& target, const Rect& rect, const PictureView& source,
+                      int sourceX, int sourceY, Pixel key) {
   constexpr int kStep = kPixelsOf<Vector>;
   const Vector keys = Vector{} + key;
-  for (; begin <= width - kStep; begin += kStep) {
-    Vector old;
-    Vector copied;
-    LoadPixels(old, to + begin);
-    LoadPixels(copied, from + begin);
-    copied = copied == keys ? old : copied;
-    StorePixels(to + begin, copied);
+  for (int row = 0; row < rect.Height(); ++row) {
+    Pixel* to = target.Row(rect.top + row) + rect.left;
+    const Pixel* from = source.Row(sourceY + row) + sourceX;
+    for (int x = 0; x < rect.Width(); x += kStep) {
+      const int at = std::min(x, rect.Width() - kStep);
+      Vector old;
+      Vector copied;
+      LoadPixels(old, to + at);
+      LoadPixels(copied, from + at);
+      copied = copied == keys ? old : copied;
+      StorePixels(to + at, copied);
+    }
   }
-  return begin;
 }
 
 }  // namespace
@@ -30,12 +37,14 @@ MORVANE_WIDE void TransparentBlt(const Surface& target, int x, int y, int width,
   const Rect rect = ClipCopy(target, {x, y, x + width, y + height}, source, sourceX, sourceY);
   if (rect.IsEmpty()) return;
   const Pixel key = PixelOf(transparent);
-  for (int row = rect.top; row < rect.bottom; ++row) {
-    Pixel* to = target.Row(row) + rect.left;
-    const Pixel* from = source.Row(row - y + sourceY) + rect.left - x + sourceX;
-    int done = CopyKeyed<PixelVector>(to, from, 0, rect.Width(), key);
-    done = CopyKeyed<HalfVector>(to, from, done, rect.Width(), key);
-    CopyKeyed<Pixel>(to, from, done, rect.Width(), key);
+  const int fromX = rect.left - x + sourceX;
+  const int fromY = rect.top - y + sourceY;
+  if (rect.Width() >= kPixelsOf<PixelVector>) {
+    CopyKeyed<PixelVector>(target, rect, source, fromX, fromY, key);
+  } else if (rect.Width() >= kPixelsOf<HalfVector>) {
+    CopyKeyed<HalfVector>(target, rect, source, fromX, fromY, key);
+  } else {
+    CopyKeyed<Pixel>(target, rect, source, fromX, fromY, key);
   }
   target.NoteDamage(rect);
 }
