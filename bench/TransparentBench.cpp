@@ -35,7 +35,7 @@ Contest AddPasting(RatioTable& table, const std::string& name, const Pasting& pa
       TransparentBlt(target, at.x, at.y, source.width, source.height, source, 0, 0, key);
     }
   });
-  contest.Limit("row memcpy", AtMost(2.5), [map = map, piece = piece, places = places] {
+  contest.Limit("row memcpy", AtMost(4.0), [map = map, piece = piece, places = places] {
     const Surface target = map.Draw();
     const PictureView source = piece.View();
     for (const Place& at : places) CopyRows(target, at, source);

@@ -35,7 +35,7 @@ void AddFlip(RatioTable& table, const std::string& name, Transform flip, int sid
   const Stage other(Picture(side, side));
   Contest contest(table, picture.AsWork(name + SquareText(side) + " in place"));
   contest.Ours([=] { FlipInPlace(picture.Draw(), flip); })
-      .Limit("memcpy", AtMost(large ? 0.8 : 5.0), [=] { CopyWhole(other, picture); });
+      .Limit("memcpy", AtMost(large ? 0.8 : 8.0), [=] { CopyWhole(other, picture); });
   if (!large) return;
   // Qt flips in place only what it has allocated.
   const auto image = std::make_shared<QImage>(ImageOver(picture.View()).copy());
