@@ -7,13 +7,13 @@
 
 namespace morvane::bench {
 
-/// The real platform with a user who says yes to everything.
+/// The real platform, whose message boxes are answered with Yes.
 class YesPlatform : public QtPlatform {
  public:
   Answer MsgBox(const std::string&, BoxStyle, const std::string&) override { return Answer::Yes; }
 };
 
-/// A platform that counts the snapshots it is given and keeps none.
+/// A platform that counts snapshots and discards them.
 class CountingPlatform : public FakePlatform {
  public:
   Failure WriteSnapshot(ByteSource&) override {
@@ -22,7 +22,7 @@ class CountingPlatform : public FakePlatform {
   }
 };
 
-/// The editor with its real art and no window, and a map of any size that isn't wiped.
+/// The editor without a window, with its real art and a map of any size.
 template <class Desktop>
 struct BenchEditor {
   explicit BenchEditor(Size map) {

@@ -10,7 +10,7 @@ namespace morvane::bench {
 
 using CairoSurface = std::shared_ptr<cairo_surface_t>;
 
-/// The pixels of a picture as cairo's surface, not copied; they must outlive it.
+/// A cairo surface over the pixels of a picture, which must outlive it.
 inline CairoSurface CairoOver(const Surface& surface) {
   cairo_surface_t* over = cairo_image_surface_create_for_data(
       reinterpret_cast<unsigned char*>(surface.pixels), CAIRO_FORMAT_RGB24, surface.width,
@@ -18,7 +18,7 @@ inline CairoSurface CairoOver(const Surface& surface) {
   return {over, cairo_surface_destroy};
 }
 
-/// Paints a square surface turned by a quarter over another.
+/// Paints a square surface, turned by 90 degrees, over another one.
 inline void PaintTurned(const CairoSurface& target, const CairoSurface& source, bool right,
                         int side) {
   cairo_matrix_t turn;

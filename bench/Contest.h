@@ -15,31 +15,30 @@
 
 namespace morvane::bench {
 
-/// What a run has made, to be compared.
+/// The output of a run, for the comparison.
 using Result = std::function<std::span<const std::byte>()>;
 
-/// Processor time leaves out what other programs take; a work that waits needs the clock's.
+/// Processor time excludes other programs. Operations that wait are measured in wall-clock time.
 enum class Clock { Processor, Wall };
 
-/// A work that Morvane and others do, each from the same start.
+/// An operation that Morvane and its peers do with the same input.
 struct Work {
   std::string name;
-  int pieces = 1;                         ///< that one run works through
-  std::function<void()> reset = nullptr;  ///< restores the start before a comparison
-  Result result = nullptr;                ///< where the result of a run lies
+  int pieces = 1;                         ///< processed by one run
+  std::function<void()> reset = nullptr;  ///< restores the input before a comparison
+  Result result = nullptr;                ///< returns the output of a run
   Clock clock = Clock::Processor;
-  /// Rest before each run, as between two presses of a hand; no part of the time, which is the
-  /// clock's.
+  /// Pause before each run, as between two clicks. It isn't included in the wall-clock time.
   std::chrono::milliseconds pause{0};
 };
 
-/// Adds a work's sides to the measurement and its ratios to the table. Every run is called many
-/// times in a row without a reset between.
+/// Registers Morvane and its peers for an operation, and adds their ratios to the table. A run is
+/// called many times in a row without a reset.
 class Contest {
  public:
   Contest(RatioTable& table, Work work) : table_(table), work_(std::move(work)) {}
 
-  /// Our side; comes first.
+  /// Morvane's implementation. Comes first.
   template <class Run>
   Contest& Ours(Run run) {
     ours_ = Make(run, work_.result);
@@ -47,21 +46,21 @@ class Contest {
     return *this;
   }
 
-  /// A peer that must make the same, in the same place unless another is given. A difference ends
-  /// the program with a message.
+  /// A peer that must have the same output, in the same place unless another is given. If it
+  /// differs, the program ends with a message.
   template <class Run>
   Contest& Against(const std::string& peer, Target target, Run run, const Result& result = {}) {
     Compare(peer, Make(run, result ? result : work_.result));
     return Limit(peer, target, run);
   }
 
-  /// A limit to our own time, beside nobody's.
+  /// A limit to our own time, without a peer.
   Contest& Alone(Target target) {
     table_.Add(Row{work_.name, {}, target, work_.pieces});
     return *this;
   }
 
-  /// Something to be measured beside that makes another result.
+  /// A peer with different output, which isn't compared.
   template <class Run>
   Contest& Limit(const std::string& peer, Target target, Run run) {
     table_.Add(Row{work_.name, peer, target, work_.pieces});
@@ -72,7 +71,7 @@ class Contest {
  private:
   using Bytes = std::vector<std::byte>;
 
-  /// Runs once from the start; empty where the work names no result.
+  /// Runs once from the initial state. Empty if the operation has no output to compare.
   Bytes Make(const std::function<void()>& run, const Result& result) const;
   void Compare(const std::string& peer, const Bytes& theirs) const;
 

@@ -22,12 +22,12 @@ namespace {
 constexpr Size kLargeMap{1432, 1168};
 constexpr std::chrono::milliseconds kBetweenPresses{60};
 
-/// A map and a place to put files.
+/// A map and a folder for its files.
 struct FileStage {
   explicit FileStage(Size size) : map(Noise(size, 20)) {}
 
   std::size_t FileBytes() const { return BmpEncoder(map.View()).Size(); }
-  /// The bytes of its file, ready in memory.
+  /// The bytes of its file in memory.
   std::shared_ptr<Bytes> ReadyBytes() const {
     BmpEncoder encoder(map.View());
     return std::make_shared<Bytes>(ReadAll(encoder).Value());
@@ -37,7 +37,7 @@ struct FileStage {
   std::shared_ptr<WorkFolder> folder = std::make_shared<WorkFolder>();
 };
 
-/// What an independent reader finds in a file.
+/// The picture in a file, read by Qt.
 Result DecodedFile(const std::string& path) {
   return [path, image = std::make_shared<QImage>()] {
     Must(image->load(QString::fromStdString(path), "BMP"), "A picture could not be read back");
@@ -47,7 +47,7 @@ Result DecodedFile(const std::string& path) {
   };
 }
 
-/// A file that is held open until nobody needs it.
+/// An open file that is closed with its last owner.
 std::shared_ptr<const int> HeldOpen(const std::string& path) {
   const int file = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
   Must(file >= 0, "A file could not be opened");
@@ -70,7 +70,7 @@ void WriteSnapshot(SnapshotFile& snapshot, const PictureView& picture) {
   Must(snapshot.Write(encoder).empty(), "A snapshot could not be written");
 }
 
-/// A snapshot that lies in the stage's folder.
+/// A snapshot in the benchmark's folder.
 std::shared_ptr<SnapshotFile> SnapshotOf(const FileStage& stage) {
   auto snapshot = std::make_shared<SnapshotFile>();
   stage.folder->Enter();
@@ -79,7 +79,7 @@ std::shared_ptr<SnapshotFile> SnapshotOf(const FileStage& stage) {
   return snapshot;
 }
 
-/// A copy as Qt would hold a picture of 24 bits.
+/// A copy in Qt's format of 24 bits.
 QImage PackedCopy(const PictureView& picture) {
   return ImageOver(picture).convertToFormat(QImage::Format_RGB888);
 }
@@ -120,7 +120,8 @@ void AddSnapshotRead(RatioTable& table) {
         auto file = snapshot->Read();
         Must(file.Ok(), "The snapshot could not be opened");
         BmpDecoder decoder(*file.Value());
-        Must(snapshot->IsUntouched() && decoder.Open().empty() && TryToRead(*file.Value()).empty(),
+        Must(snapshot->IsUntouched() && decoder.Open().empty() &&
+                 CheckReadable(*file.Value()).empty(),
              "The snapshot is not as it was");
         Must(decoder.Decode(read->Draw()).empty(), "The snapshot could not be read");
       })
@@ -139,7 +140,7 @@ void AddSnapshotRead(RatioTable& table) {
           });
 }
 
-/// Each size of map beside the one before it.
+/// Compares each map size with the one before it.
 void AddSnapshotGrowth(RatioTable& table) {
   constexpr double kAboveLinear = 1.1;  // for each doubling
   const std::vector<Size> sizes = {kMap, kLargeMap, {2864, 2336}, {7680, 4320}};
@@ -162,9 +163,9 @@ void AddSnapshotGrowth(RatioTable& table) {
 }  // namespace
 
 void AddSnapshots(RatioTable& table) {
-  table.Note("Files lie beside the program, on " + WorkFolder().FileSystem() +
-             ". Works with files are timed by the clock, all others by the processor. The limit of "
-             "a growing snapshot is 1.1 x above linear for each doubling of its bytes.");
+  table.Note("The files are on " + WorkFolder().FileSystem() +
+             ". File operations are measured in wall-clock time, all others in processor time. A "
+             "snapshot may take 1.1 times more than linear time for each doubling of its size.");
   AddSnapshotWrite(table);
   AddSnapshotRead(table);
   AddSnapshotGrowth(table);

@@ -13,15 +13,14 @@
 #include "bench/Contest.h"
 #include "bench/WorkFolder.h"
 #include "shell/CustomFrame.h"
-#include "shell/Thumbnails.h"
+#include "shell/ThumbnailCache.h"
 
 namespace morvane::bench {
 namespace {
 
 constexpr int kPictures = 10'000;
 
-/// A folder full of pictures of 4 megapixels and their names in the order of a list, and an empty
-/// folder.
+/// A folder of pictures of 4 megapixels with their names in natural order, and an empty folder.
 struct Folders {
   Folders() {
     QImage picture(2000, 2000, QImage::Format_RGB32);
@@ -49,7 +48,7 @@ int EntriesIn(const WorkFolder& folder) {
   return entries;
 }
 
-/// The frame of the custom tiles in a window, on the real disk.
+/// The frame of the custom tiles in a window, with real files.
 struct Lister {
   BenchEditor<YesPlatform> editor{{615, 483}};
   QWidget window;
@@ -73,7 +72,7 @@ struct PlainLister : Lister {
   PlainLister() { files->setItemDelegate(new QStyledItemDelegate(files)); }
 };
 
-/// Reads a folder and fills a list, without anything of ours.
+/// Reads a folder and fills a list with Qt alone.
 void ListPlainly(QListWidget& list, const WorkFolder& folder, const QStringList& names) {
   constexpr int kItselfAndParent = 2;
   Must(EntriesIn(folder) == names.size() + kItselfAndParent, "A folder could not be read");
@@ -89,7 +88,7 @@ Result NamesIn(QListWidget* list) {
   };
 }
 
-/// Scrolls by the three rows of a step of the mouse wheel, from the start again at the end.
+/// Scrolls by three rows, as a step of the mouse wheel does, and starts again at the end.
 void Scroll(const QListWidget& list) {
   constexpr int kRows = 3;
   QScrollBar* bar = list.verticalScrollBar();
@@ -105,12 +104,12 @@ struct Lists {
   QListWidget bare;
 
   ~Lists() {
-    while (Thumbnails::AreBeingMade()) QCoreApplication::processEvents();
+    while (ThumbnailCache::AreBeingMade()) QCoreApplication::processEvents();
   }
 };
 
 void AddListing(RatioTable& table, const std::shared_ptr<Lists>& lists) {
-  // The empty folder comes first, for a list that already shows a folder isn't filled again.
+  // The list is filled only if the folder changes, so an empty folder is shown in between.
   Work work{.name = "A folder of 10,000 pictures, listed",
             .result = NamesIn(lists->lister.files),
             .clock = Clock::Wall};
@@ -133,7 +132,7 @@ void AddListing(RatioTable& table, const std::shared_ptr<Lists>& lists) {
       });
 }
 
-/// Rests as on a display of 60 frames a second. Thumbnails are made in that time.
+/// Waits for the next of 60 frames a second. Thumbnails are made in that time.
 void AddScrolling(RatioTable& table, const std::shared_ptr<Lists>& lists) {
   constexpr std::chrono::milliseconds kFrame(16);
   Contest(table, {.name = "Its list, scrolled by three rows", .pause = kFrame})

@@ -1,5 +1,5 @@
-// Measures Morvane's work beside the plain copying of memory and files and beside other libraries,
-// and prints one table of ratios.
+// Compares Morvane's operations with copies of memory and files and with other libraries, and
+// prints one table of ratios.
 
 #include <QApplication>
 #include <array>
@@ -12,7 +12,7 @@
 namespace {
 
 void NotePeers(morvane::bench::RatioTable& table) {
-  std::string peers = std::string("Peers that are installed: Qt ") + qVersion();
+  std::string peers = std::string("Installed peers: Qt ") + qVersion();
 #ifdef MORVANE_BENCH_PIXMAN
   peers += ", pixman " MORVANE_BENCH_PIXMAN;
 #endif
@@ -27,17 +27,17 @@ void NotePeers(morvane::bench::RatioTable& table) {
 
 void NoteMethod(morvane::bench::RatioTable& table) {
   table.Note(
-      "Times are medians for one piece. The sides take turns in random order. Before anything is "
-      "timed, each peer's pixels are compared with ours and must be the same; only memcpy beside a "
-      "work that is more than a copy makes other pixels.");
+      "Times are medians for one piece, measured in random order. Before that, the output of each "
+      "peer is compared with ours and must be the same, except where memcpy is a limit for an "
+      "operation that does more than copy.");
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
-  // Sides take turns in random order, so that a busy moment of the machine hits all alike.
-  // Arguments that follow win over these.
+  // The order is random, so that a busy moment of the machine affects all alike. Arguments of the
+  // command line override these.
   std::array<char, 48> interleaving{"--benchmark_enable_random_interleaving=true"};
   std::array<char, 32> repetitions{"--benchmark_repetitions=11"};
   std::array<char, 32> minTime{"--benchmark_min_time=0.05"};
@@ -61,7 +61,7 @@ int main(int argc, char** argv) {
   NoteMethod(table);
   NotePeers(table);
   benchmark::RunSpecifiedBenchmarks(&table);
-  // What the sides hold, windows and files, goes before the application does.
+  // Windows and files of the benchmarks must be destroyed before the application.
   benchmark::ClearRegisteredBenchmarks();
   return EXIT_SUCCESS;
 }

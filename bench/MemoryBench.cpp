@@ -1,26 +1,26 @@
 #include "bench/BenchEditor.h"
 #include "bench/Benches.h"
+#include "bench/HeapWatch.h"
 #include "bench/Stage.h"
 #include "bench/WorkFolder.h"
 #include "document/MapFiles.h"
 #include "document/Snapshot.h"
 #include "document/Undo.h"
 #include "document/picture/Blit.h"
-#include "tests/support/HeapWatch.h"
 
 namespace morvane::bench {
 namespace {
 
 constexpr Size kHugeMap{3840, 2160};
 constexpr std::ptrdiff_t kChunk = kChunkBytes;
-/// Paths, names and what the file classes keep beside the chunk.
+/// Paths, names and members of the file classes.
 constexpr std::ptrdiff_t kSmallThings = std::ptrdiff_t{16} << 10U;
 
 std::string KibText(std::ptrdiff_t bytes) {
   return std::to_string((bytes + 1023) / 1024) + " KiB";
 }
 
-/// Runs once and counts how much more than before was held at most.
+/// Runs once and adds the peak of additional memory.
 template <class Run>
 void AddPeak(RatioTable& table, const std::string& name, std::ptrdiff_t limit, Run run) {
   std::ptrdiff_t peak = 0;

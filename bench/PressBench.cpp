@@ -2,12 +2,12 @@
 
 #include "bench/BenchEditor.h"
 #include "bench/Benches.h"
+#include "bench/HeapWatch.h"
 #include "bench/Stage.h"
 #include "bench/WorkFolder.h"
 #include "document/Grid.h"
 #include "document/picture/Blit.h"
 #include "palette/TileSelection.h"
-#include "tests/support/HeapWatch.h"
 #include "tools/Buttons.h"
 #include "tools/CanvasMouse.h"
 
@@ -33,7 +33,7 @@ void PressAll(Editor& editor, const std::vector<Place>& cells) {
   }
 }
 
-/// Moves pixel by pixel, a slow hand's way across the cells.
+/// Moves pixel by pixel across the cells.
 void MoveAlong(Editor& editor, int button) {
   for (int x = 50; x < 50 + kMoves; ++x) {
     const int y = x / 4 + 40;
@@ -41,7 +41,7 @@ void MoveAlong(Editor& editor, int button) {
   }
 }
 
-/// Counts what a gesture takes from the heap. It must have painted or moved something.
+/// Counts the allocations of a gesture, which must have painted or moved something.
 template <class Gesture>
 void AddAllocations(RatioTable& table, const std::string& work, Editor& editor, Gesture gesture) {
   const Picture before(editor.document.Canvas.Image());
@@ -96,7 +96,7 @@ void AddMoves(RatioTable& table) {
   }
 }
 
-/// The same way of stamps on a map of any size.
+/// The same stamps on a map of any size.
 void AddBlit(RatioTable& table) {
   const Stage designed(Noise(kMap, 1));
   const Stage larger(Noise({7680, 4320}, 1));

@@ -23,7 +23,7 @@ std::string YesNo(bool met) {
   return met ? "yes" : "no";
 }
 
-/// The cells of ratio, target and whether it is met.
+/// The cells for the ratio, the target and whether it is met.
 std::string Verdict(const Target& target, double ours, double peers) {
   const bool faster = target.kind == Target::Kind::Faster;
   const double ratio = faster ? peers / ours : ours / peers;
@@ -34,7 +34,7 @@ std::string Verdict(const Target& target, double ours, double peers) {
          Rounded(target.limit, decimals) + unit + " | " + YesNo(met);
 }
 
-/// The same for our time of one piece alone.
+/// The same for a limit to our own time.
 std::string VerdictAlone(const Target& target, double ours) {
   if (target.kind == Target::Kind::Within) {
     return "| at most " + TimeText(target.limit) + " | " + YesNo(ours <= target.limit);
@@ -69,7 +69,7 @@ bool RatioTable::ReportContext(const Context& context) {
 
 void RatioTable::ReportRuns(const std::vector<Run>& runs) {
   for (const Run& run : runs) {
-    // The median follows the runs that it's of; with a single run there is none.
+    // A single run has no median.
     if (run.run_type == Run::RT_Aggregate && run.aggregate_name != "median") continue;
     const bool wall = !run.run_name.time_type.empty();
     medians_[run.run_name.function_name] =
@@ -79,7 +79,7 @@ void RatioTable::ReportRuns(const std::vector<Run>& runs) {
 
 void RatioTable::Finalize() {
   std::ostream& out = GetOutputStream();
-  out << "| Work | Morvane | Against | Its time | Ratio | Target | Met |\n"
+  out << "| Operation | Morvane | Compared with | Its time | Ratio | Target | Met |\n"
       << "|---|---:|---|---:|---:|---:|---|\n";
   for (const Row& row : rows_) PrintRow(row);
   for (const Count& count : counts_) {

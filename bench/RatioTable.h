@@ -8,42 +8,42 @@
 
 namespace morvane::bench {
 
-/// What a time or a ratio of times ought to be.
+/// The target for a time or a ratio of times.
 struct Target {
   enum class Kind { AtMost, Faster, Within, Rate };
   Kind kind;
   double limit;
 };
 
-/// Our time is at most that many times the other's.
+/// Our time is at most this multiple of the peer's.
 constexpr Target AtMost(double times) {
   return {Target::Kind::AtMost, times};
 }
 
-/// The other's time is at least that many times ours.
+/// The peer's time is at least this multiple of ours.
 constexpr Target Faster(double times) {
   return {Target::Kind::Faster, times};
 }
 
-/// Our time alone, for one piece, is at most that long.
+/// Our time for one piece is at most this.
 constexpr Target Within(double nanoseconds) {
   return {Target::Kind::Within, nanoseconds};
 }
 
-/// We alone work through at least so many pieces a second.
+/// We process at least this many pieces per second.
 constexpr Target AtLeast(double aSecond) {
   return {Target::Kind::Rate, aSecond};
 }
 
-/// One line of the table: our time for a work beside a peer's time for the same.
+/// One row of the table: our time and a peer's time for an operation.
 struct Row {
   std::string work;
-  std::string peer;  ///< empty where the target is about our time alone
+  std::string peer;  ///< empty if the target is for our time alone
   Target target;
-  int pieces;  ///< that a run works through; the time shown is that of one
+  int pieces;  ///< processed by a run; the table shows the time of one
 };
 
-/// One line about something that was counted, not timed.
+/// One row with a count instead of a time.
 struct Count {
   std::string work;
   std::string counted;
@@ -51,19 +51,19 @@ struct Count {
   bool met;
 };
 
-/// The name a side is measured under; a work's sides share its name, so that one filter takes all.
+/// The name of a benchmark. It begins with the operation, so that a filter selects all peers.
 std::string SideName(const std::string& work, const std::string& who);
 
-/// Who Morvane is called among the sides.
+/// Morvane's name among the peers.
 inline constexpr const char* kOurs = "Morvane";
 
-/// Gathers the medians of all sides and prints them as one Markdown table of ratios at the end.
+/// Collects all medians and prints a Markdown table of ratios at the end.
 class RatioTable : public benchmark::BenchmarkReporter {
  public:
   void Add(Row row);
-  /// Comes behind the lines with times.
+  /// Adds a row after those with times.
   void Add(Count count);
-  /// Prints a sentence below the table.
+  /// Adds a sentence below the table.
   void Note(std::string sentence);
 
   bool ReportContext(const Context& context) override;
@@ -76,7 +76,7 @@ class RatioTable : public benchmark::BenchmarkReporter {
   std::vector<Row> rows_;
   std::vector<Count> counts_;
   std::vector<std::string> notes_;
-  std::map<std::string, double> medians_;  ///< nanoseconds by the name of the side
+  std::map<std::string, double> medians_;  ///< in nanoseconds, by the name of the benchmark
 };
 
 }  // namespace morvane::bench

@@ -9,9 +9,9 @@ namespace morvane::bench {
 namespace {
 
 #ifdef MORVANE_BENCH_PIXMAN
-/// How pixman reads a source to take the same pixels as we do. It looks at the centre of each
-/// target pixel, in 1/65536, and on an edge takes the pixel before; steps are rounded up and begin
-/// a little further, so that a centre on an edge takes the pixel behind it, as ours does.
+/// The transform with which pixman selects the same pixels as StretchBlt. pixman samples the centre
+/// of each target pixel in units of 1/65536, and on an edge selects the pixel before it. Rounding
+/// up the step and adding a small offset selects the pixel after it, as StretchBlt does.
 pixman_transform_t Scaling(Size from, Size to) {
   const auto step = [](int source, int target) {
     return static_cast<pixman_fixed_t>((65536LL * source + target - 1) / target);

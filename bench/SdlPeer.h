@@ -10,7 +10,7 @@ namespace morvane::bench {
 
 using SdlSurface = std::shared_ptr<SDL_Surface>;
 
-/// The pixels of a picture as SDL's surface, not copied; they must outlive it.
+/// An SDL surface over the pixels of a picture, which must outlive it.
 inline SdlSurface SdlOver(const Surface& surface) {
   SDL_Surface* over = SDL_CreateRGBSurfaceWithFormatFrom(
       surface.pixels, surface.width, surface.height, 32,

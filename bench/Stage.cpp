@@ -16,7 +16,7 @@ std::size_t Stage::Bytes() const {
 
 Work Stage::AsWork(const std::string& name, int pieces) const {
   const auto start = std::make_shared<const Picture>(*picture);
-  // The pixels stay where they are: sides keep pointers to them.
+  // The pixels must not be reallocated, since the benchmarks keep pointers to them.
   const auto reset = [start, picture = picture, bytes = Bytes()] {
     std::memcpy(picture->Row(0), start->View().pixels, bytes);
   };

@@ -17,7 +17,7 @@ struct Place {
   int y;
 };
 
-/// A picture in memory that all sides of a contest use, so that none has the better place.
+/// A picture in memory that all peers use, so that its alignment is the same for all.
 struct Stage {
   explicit Stage(Picture start);
 
@@ -26,13 +26,13 @@ struct Stage {
   int Width() const { return picture->Width(); }
   int Height() const { return picture->Height(); }
   std::size_t Bytes() const;
-  /// A work whose result is this picture.
+  /// An operation whose output is this picture.
   Work AsWork(const std::string& name, int pieces = 1) const;
 
   std::shared_ptr<Picture> picture;
 };
 
-/// Such as "20x20".
+/// Text such as "20x20".
 std::string SizeText(Size size);
 
 /// A picture of random colours, the same in every run of the program.
@@ -41,10 +41,10 @@ Picture Noise(Size size, unsigned seed);
 /// All cells of the map where a rectangle of that size fits.
 std::vector<Place> Cells(Size size);
 
-/// Copies a rectangle row by row, uncut: what no copy of rows can beat.
+/// Copies a rectangle row by row without clipping: the lower bound for copies.
 void CopyRows(const Surface& target, Place place, const PictureView& source);
 
-/// Copies all pixels in one go.
+/// Copies all pixels with one memcpy.
 void CopyWhole(const Stage& target, const Stage& source);
 
 /// The pixels of a picture that has no gap between its rows.

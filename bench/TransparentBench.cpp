@@ -54,7 +54,7 @@ Contest AddPasting(RatioTable& table, const std::string& name, const Pasting& pa
   return contest;
 }
 
-/// A piece of a fence: posts of 2 pixels and gaps of 2 along its length.
+/// A piece of fence: posts of 2 pixels and gaps of 2.
 Pasting Fence(Size size) {
   constexpr Color kGap = kWhite;
   Picture piece = Noise(size, 7);
@@ -94,7 +94,7 @@ void RequireText(const Picture& page) {
   std::exit(EXIT_FAILURE);
 }
 
-/// Where the picture isn't white.
+/// The region of the picture that isn't white.
 QBitmap MaskOf(const QImage& picture) {
   return QBitmap::fromImage(picture.createMaskFromColor(PixelOf(kWhite), Qt::MaskInColor));
 }

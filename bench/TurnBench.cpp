@@ -37,7 +37,7 @@ void AddFlip(RatioTable& table, const std::string& name, Transform flip, int sid
   contest.Ours([=] { FlipInPlace(picture.Draw(), flip); })
       .Limit("memcpy", AtMost(large ? 0.8 : 8.0), [=] { CopyWhole(other, picture); });
   if (!large) return;
-  // Qt flips in place only what it has allocated.
+  // Qt flips in place only images that own their pixels.
   const auto image = std::make_shared<QImage>(ImageOver(picture.View()).copy());
   const bool horizontal = flip == Transform::FlipHorizontal;
   contest.Against(

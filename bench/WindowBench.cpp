@@ -41,14 +41,14 @@ struct Window {
     QCoreApplication::processEvents();
   }
 
-  /// Moves pixel by pixel; what a move changes is painted before the next comes.
+  /// Moves pixel by pixel. Each move is painted before the next one.
   void MoveAlong(Qt::MouseButtons held) const {
     for (int x = 50; x < 50 + kMoves; ++x) {
       const QPoint place(x, x / 4 + 40);
       QCoreApplication::postEvent(
           canvas, new QMouseEvent(QEvent::MouseMove, place, canvas->mapToGlobal(place),
                                   Qt::NoButton, held, Qt::NoModifier));
-      // The repaint that the move asked for comes in a round of its own.
+      // The repaint is a posted event.
       QCoreApplication::processEvents();
       QCoreApplication::processEvents();
     }

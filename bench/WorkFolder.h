@@ -6,21 +6,21 @@
 
 namespace morvane::bench {
 
-/// A folder beside the program, so on the disk that it was built on, for as long as it is held.
+/// A temporary folder on the disk of the program, deleted with this object.
 class WorkFolder {
  public:
   WorkFolder();
   std::string File(const char* name) const;
   /// The name of its kind of file system.
   std::string FileSystem() const;
-  /// Makes it the current directory.
+  /// Enters it.
   void Enter() const;
 
  private:
   QTemporaryDir folder_;
 };
 
-/// Ends the program with a message if something on the disk didn't go as it had to.
+/// Ends the program with a message if an operation on files failed.
 void Must(bool done, const char* what);
 
 }  // namespace morvane::bench

@@ -19,7 +19,7 @@ set(MORVANE_ICONS
 )
 set(MORVANE_JPEGS splash about)
 
-# Renders one sheet into the file `out` below the build's art folder. Options tell the size.
+# Renders one sheet into the file `out` in the art folder of the build. Options set the size.
 function(morvane_render svg out)
   set(png ${CMAKE_BINARY_DIR}/art/${out})
   get_filename_component(folder ${png} DIRECTORY)
@@ -58,7 +58,7 @@ function(morvane_add_art target)
     list(APPEND files ui/${picture}.jpg ui/${picture}@2x.jpg)
   endforeach()
   list(TRANSFORM files PREPEND ${CMAKE_BINARY_DIR}/art/)
-  # The first format of resources keeps no times, so that the same pictures give the same program.
+  # Format version 1 stores no times, so that builds are reproducible.
   qt_add_resources(${target} art PREFIX "/" BASE ${CMAKE_BINARY_DIR}/art FILES ${files}
                    OPTIONS --format-version 1)
 endfunction()

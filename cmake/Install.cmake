@@ -1,13 +1,14 @@
-# What is installed: the program, what a desktop needs to find it, and its pages.
+# Installs the program, its desktop files and its documentation.
 
 include(GNUInstallDirs)
 find_program(GZIP gzip REQUIRED)
 
-# The name of the program among all programs of a desktop.
+# The application ID.
 set(MORVANE_APP_ID org.morvane.Morvane)
 set(MORVANE_ICON_SIZES 16 24 32 48 64 128 256)
 
-# Packs a file of packaging/ as the file `out` below the build's pages folder, without its time.
+# Compresses a file of packaging/ into the file `out` in the pages folder of the build, without its
+# time.
 function(morvane_pack page out)
   set(packed ${CMAKE_BINARY_DIR}/pages/${out})
   add_custom_command(OUTPUT ${packed}.gz
@@ -41,5 +42,5 @@ install(FILES ${CMAKE_BINARY_DIR}/pages/morvane.1.gz DESTINATION ${CMAKE_INSTALL
 install(FILES ${CMAKE_BINARY_DIR}/pages/changelog.gz packaging/copyright
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/morvane)
 
-# All that is installed and nothing else, without the tests.
+# Builds everything that is installed, without the tests.
 add_custom_target(installable ALL DEPENDS morvane ${made})

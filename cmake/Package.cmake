@@ -1,6 +1,6 @@
-# The Debian package; scripts/package makes it.
+# The Debian package, built by scripts/package.
 
-# The version is given in three places, which must agree.
+# The version is in three files, which must agree.
 set(first_line "^morvane \\(${PROJECT_VERSION}\\)")
 file(STRINGS packaging/changelog newest LIMIT_COUNT 1)
 if(NOT newest MATCHES "${first_line}")
@@ -26,8 +26,7 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
-# The libraries are found by themselves; not so the letters of the window and of its dialogs, and
-# the plugin for desktops without X.
+# Libraries are found automatically, but not the fonts of the window and the Wayland plugin.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-dejavu-core, fonts-liberation")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-wayland)

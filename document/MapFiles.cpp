@@ -131,14 +131,9 @@ void mnuFileSaveAs_Click(Document& document) {
   ReportOutcome(document, SaveAs(document));
 }
 
-bool AskToSave(Document& document) {
-  const Answer answer = document.platform.MsgBox("Do you want to save your map?",
-                                                 BoxStyle::YesNoCancelQuestion, "Save?");
-  if (answer == Answer::Yes) {
-    SaveOutcome outcome = document.HasCurrentFile ? Save(document) : SaveAs(document);
-    if (!outcome.isSaved) Rescue(document, std::move(outcome));
-  }
-  return answer == Answer::Cancel;
+void SaveAtExit(Document& document) {
+  SaveOutcome outcome = document.HasCurrentFile ? Save(document) : SaveAs(document);
+  if (!outcome.isSaved) Rescue(document, std::move(outcome));
 }
 
 }  // namespace morvane

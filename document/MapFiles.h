@@ -21,7 +21,7 @@ void mnuFileSave_Click(Document& document);
 /// File > Save As.
 void mnuFileSaveAs_Click(Document& document);
 
-/// Asks the exit question. Returns whether the window stays open.
-bool AskToSave(Document& document);
+/// Saves the map before the window closes, as a rescue copy if it can't be saved as a file.
+void SaveAtExit(Document& document);
 
 }  // namespace morvane

@@ -16,7 +16,7 @@ namespace {
 }
 
 Result<LoadedPicture> DecodeForeign(Platform& platform, ByteSource& content) {
-  if (content.Size() > kMostForeignBytes) return Result<LoadedPicture>::Failed(kTooLargeFile);
+  if (content.Size() > kMaxForeignBytes) return Result<LoadedPicture>::Failed(kTooLargeFile);
   Result<Bytes> bytes = ReadAll(content);
   if (!bytes.Ok()) return Result<LoadedPicture>::Failed(bytes.Reason());
   Result<Picture> picture = platform.DecodePicture(std::move(bytes.Value()));

@@ -11,7 +11,7 @@ namespace morvane {
 
 /// The largest file of a format other than BMP that is read. Such a file is loaded into memory as a
 /// whole.
-inline constexpr std::size_t kMostForeignBytes = 256'000'000;
+inline constexpr std::size_t kMaxForeignBytes = 256'000'000;
 
 /// Runs a function that loads a picture. Running out of memory becomes a failure like any other.
 Failure CatchOutOfMemory(const std::function<Failure()>& load);

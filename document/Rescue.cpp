@@ -26,10 +26,10 @@ std::string RescueName(std::time_t painted) {
 /// Writes a file to the first rescue folder that accepts it, under a name that is new there.
 std::string PlaceRescueFile(Platform& platform, std::time_t painted,
                             const std::function<NewFileOutcome(const std::string& path)>& place) {
-  constexpr int kMostNames = 100;
+  constexpr int kMaxNames = 100;
   for (const std::string& folder : platform.RescueFolders()) {
     const std::string stem = WithTrailingBackslash(folder) + RescueName(painted);
-    for (int i = 1; i <= kMostNames; ++i) {
+    for (int i = 1; i <= kMaxNames; ++i) {
       std::string path = stem + (i == 1 ? "" : " (" + std::to_string(i) + ")") + ".bmp";
       const NewFileOutcome placing = place(path);
       if (placing == NewFileOutcome::Done) return path;

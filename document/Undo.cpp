@@ -17,7 +17,7 @@ Failure RestoreSnapshot(Document& document) {
   if (!failure.empty()) return failure;
   const Size size = decoder.PictureSize();
   if (document.platform.IsSnapshotUntouched()) {
-    failure = TryToRead(*snapshot.Value());
+    failure = CheckReadable(*snapshot.Value());
     if (!failure.empty()) return failure;
     const auto image = document.Canvas.OverwriteImage(size);
     if (image) return decoder.Decode(*image);

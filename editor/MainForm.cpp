@@ -45,9 +45,11 @@ void MainForm::mnuViewStatusBar_Click() {
 
 bool MainForm::Form_Unload() {
   isAsking_ = true;
-  const bool isCancelled = AskToSave(document);
+  const Answer answer = document.platform.MsgBox("Do you want to save your map?",
+                                                 BoxStyle::YesNoCancelQuestion, "Save?");
+  if (answer == Answer::Yes) SaveAtExit(document);
   isAsking_ = false;
-  return isCancelled;
+  return answer == Answer::Cancel;
 }
 
 void MainForm::EndRun() {

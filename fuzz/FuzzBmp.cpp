@@ -6,10 +6,10 @@
 namespace morvane {
 namespace {
 
-/// Writing and reading larger ones again takes time and shows nothing new.
-constexpr int kMostWritten = 1 << 18;
+/// Larger pictures are not written again, which would take too long.
+constexpr int kMaxWrittenPixels = 1 << 18;
 
-constexpr const char* kBroken = "The disk is broken.";
+constexpr const char* kBroken = "Input/output error";
 
 /// A file that can't be read at one place.
 class BrokenSource : public ByteSource {
@@ -19,7 +19,7 @@ class BrokenSource : public ByteSource {
 
   std::size_t Size() const override { return source_.Size(); }
   Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override {
-    Require(place + buffer.size() <= Size(), "nobody asks for bytes beyond the end");
+    Require(place + buffer.size() <= Size(), "no read goes beyond the end");
     const bool hit = place <= broken_ && broken_ < place + buffer.size();
     return hit ? Failure(kBroken) : source_.ReadAt(place, buffer);
   }
@@ -31,8 +31,8 @@ class BrokenSource : public ByteSource {
 
 void WriteAndReadAgain(const Picture& picture) {
   Result<Picture> again = ReadBmp(WriteBmp(picture.View()));
-  Require(again.Ok(), "what is written can be read");
-  Require(again.Value() == picture, "what is written comes back");
+  Require(again.Ok(), "a written file can be read");
+  Require(again.Value() == picture, "the written picture is read back");
 }
 
 void ReadBroken(std::span<const std::uint8_t> bytes, std::size_t place,
@@ -41,17 +41,17 @@ void ReadBroken(std::span<const std::uint8_t> bytes, std::size_t place,
   Result<LoadedPicture> read = ReadBmp(file);
   if (read.Ok()) {
     Require(whole.Ok() && read.Value().picture == whole.Value().picture,
-            "a place that isn't needed does no harm");
+            "a byte that isn't needed doesn't matter");
   } else {
     Require(read.Reason() == kBroken || (!whole.Ok() && read.Reason() == whole.Reason()),
-            "a failure gives its own reason");
+            "a failed read is the reason");
   }
 }
 
 }  // namespace
 }  // namespace morvane
 
-/// Any bytes as a BMP file. The last two choose where a second reading fails.
+/// The input is a BMP file. Its last two bytes select where a second read fails.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace morvane;
   const std::span bytes(data, size);
@@ -63,6 +63,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!picture.Ok()) return 0;
   const Picture& read = picture.Value().picture;
   Require(read.Width() > 0 && read.Height() > 0, "a picture has a size");
-  if (read.Width() * read.Height() <= kMostWritten) WriteAndReadAgain(read);
+  if (read.Width() * read.Height() <= kMaxWrittenPixels) WriteAndReadAgain(read);
   return 0;
 }

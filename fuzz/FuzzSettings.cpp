@@ -7,66 +7,45 @@
 namespace morvane {
 namespace {
 
-struct Key {
-  const char* section;
-  const char* key;
-};
+using Key = std::pair<const char*, const char*>;
 
 constexpr std::array<Key, 5> kKeys = {
     {{"Map", "Dir"}, {"Custom", "Dir"}, {"Color", "Canvas"}, {"Color", "Grid"}, {"Map", "Grid"}}};
 
 std::string ValueOf(const std::string& text, const Key& key) {
-  return FindProfileValue(text, key.section, key.key, "none\n");
+  return FindProfileValue(text, key.first, key.second, "none\n");
 }
 
-/// All lines with their breaks.
-std::vector<std::string> LinesOf(const std::string& text) {
-  std::vector<std::string> lines;
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t end = std::min(text.find('\n', at), text.size() - 1) + 1;
-    lines.push_back(text.substr(at, end - at));
-    at = end;
-  }
-  return lines;
-}
-
-/// Whether at most one line became another one, or all are still there and some were put between.
-bool LinesSurvive(const std::string& before, const std::string& after) {
-  std::vector<std::string> old = LinesOf(before);
-  const std::vector<std::string> now = LinesOf(after);
-  if (now.size() < old.size()) return false;
-  const std::size_t added = now.size() - old.size();
-  // A last line without a break gets one before others are put behind it.
-  if (added > 0 && !old.empty() && !old.back().ends_with('\n') && after.starts_with(before)) {
-    old.back() += after.substr(before.size()).starts_with("\r\n") ? "\r\n" : "\n";
-  }
-  const auto first = static_cast<std::size_t>(
-      std::mismatch(old.begin(), old.end(), now.begin()).first - old.begin());
-  const auto last = static_cast<std::size_t>(
-      std::mismatch(old.rbegin(), old.rend(), now.rbegin()).first - old.rbegin());
-  return first + last + (added == 0 ? 1 : 0) >= old.size();
+/// The text that is left of both after their common start and end.
+std::string Replaced(const std::string& before, const std::string& after) {
+  const auto start = std::mismatch(before.begin(), before.end(), after.begin(), after.end()).first;
+  const auto end = std::mismatch(before.rbegin(), std::make_reverse_iterator(start), after.rbegin(),
+                                 after.rend())
+                       .first.base();
+  return {start, std::max(start, end)};
 }
 
 void SetValue(const std::string& text, const Key& key, const std::string& value) {
-  Result<std::string> changed = WithProfileValue(text, key.section, key.key, value);
+  Result<std::string> changed = WithProfileValue(text, key.first, key.second, value);
   if (!changed.Ok()) {
     Require(!changed.Reason().empty(), "a refusal has a reason");
     Require(value.find_first_of(std::string_view("\r\n\0", 3)) != std::string::npos,
-            "a line is never refused");
+            "a value of one line is never refused");
     return;
   }
-  Require(ValueOf(changed.Value(), key) == value, "a value that was written comes back");
-  Require(LinesSurvive(text, changed.Value()), "all other lines survive");
+  Require(ValueOf(changed.Value(), key) == value, "the written value is read back");
+  Require(Replaced(text, changed.Value()).find('\n') == std::string::npos,
+          "at most one line changes");
   for (const Key& other : kKeys) {
-    if (&other == &key) continue;
-    Require(ValueOf(changed.Value(), other) == ValueOf(text, other), "other values stay");
+    Require(other == key || ValueOf(changed.Value(), other) == ValueOf(text, other),
+            "other values don't change");
   }
 }
 
 }  // namespace
 }  // namespace morvane
 
-/// The first byte chooses the key, the second says how many bytes of a value follow; all others are
+/// The first byte selects the key, the second is the length of the value that follows. The rest is
 /// the settings file.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace morvane;
@@ -76,6 +55,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string text = all.substr(valueSize);
   SetValue(text, kKeys[data[0] % kKeys.size()], all.substr(0, valueSize));
   const std::string cut = CutText(text, data[1]);
-  Require(text.starts_with(cut) && cut.size() <= data[1], "a cut text is the start of it");
+  Require(text.starts_with(cut) && cut.size() <= data[1], "a truncated text is the start of it");
   return 0;
 }

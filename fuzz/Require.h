@@ -5,10 +5,10 @@
 
 namespace morvane {
 
-/// Ends the run as a fault that the fuzzer keeps.
-inline void Require(bool holds, const char* law) {
+/// Aborts, so that the fuzzer reports the input.
+inline void Require(bool holds, const char* rule) {
   if (holds) return;
-  std::fprintf(stderr, "Doesn't hold: %s\n", law);
+  std::fprintf(stderr, "Violated: %s\n", rule);
   std::abort();
 }
 

@@ -17,7 +17,7 @@ enum TileSetNumber : int {
 };
 
 inline constexpr int kBuiltInSets = 4;
-inline constexpr int kMostPages = 3;
+inline constexpr int kMaxPages = 3;
 inline constexpr int kItemCount = 184;
 inline constexpr int kEdgePictureCount = 22;
 
@@ -34,7 +34,7 @@ struct TileSet {
   std::string_view tabStrip;
   std::string_view frame;  ///< the array of its page frames
   int pageCount;
-  std::array<Page, kMostPages> pages;
+  std::array<Page, kMaxPages> pages;
 };
 
 /// One thing to paint with: a box on a page of the palette.

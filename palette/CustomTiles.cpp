@@ -10,11 +10,11 @@
 namespace morvane {
 namespace {
 
-constexpr int kMostPreview = 60;
+constexpr int kMaxPreview = 60;
 
 int Scaled(int side, int otherSide) {
   // Halves are rounded to even, as everywhere in the system.
-  return std::max(1, static_cast<int>(std::nearbyint(double{kMostPreview} * side / otherSide)));
+  return std::max(1, static_cast<int>(std::nearbyint(double{kMaxPreview} * side / otherSide)));
 }
 
 void ShowPreview(Palette& palette) {
@@ -87,9 +87,9 @@ void ShowStoredFolder(Palette& palette) {
 
 Size PreviewSize(Size picture) {
   const auto [W, H] = picture;
-  if (W <= kMostPreview && H <= kMostPreview) return picture;
-  if (W > kMostPreview && W > H) return {kMostPreview, Scaled(H, W)};
-  return {Scaled(W, H), kMostPreview};
+  if (W <= kMaxPreview && H <= kMaxPreview) return picture;
+  if (W > kMaxPreview && W > H) return {kMaxPreview, Scaled(H, W)};
+  return {Scaled(W, H), kMaxPreview};
 }
 
 }  // namespace morvane

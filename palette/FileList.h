@@ -12,7 +12,7 @@ class ListedFolder {
  public:
   const std::string& Path() const { return path_; }
   /// Counts how often the folder was read. While it stays the same, so does the list.
-  int Readings() const { return readings_; }
+  int ReadCount() const { return readCount_; }
 
   /// Shows another folder. If it can't be read, returns false and keeps the list.
   bool SetPath(Platform& platform, const std::string& path);
@@ -26,14 +26,14 @@ class ListedFolder {
     if (isRead_ || platform_ == nullptr) return;
     read(*platform_);
     isRead_ = true;
-    ++readings_;
+    ++readCount_;
   }
 
  private:
   Platform* platform_ = nullptr;
   std::string path_;
   mutable bool isRead_ = false;
-  mutable int readings_ = 0;
+  mutable int readCount_ = 0;
 };
 
 /// The list of custom pictures in a folder.

@@ -17,7 +17,7 @@ namespace {
 Failure CheckRegularFile(const struct stat& file) {
   if (S_ISDIR(file.st_mode)) return "This is a folder, not a file.";
   if (!S_ISREG(file.st_mode)) return "This is not a normal file.";
-  return file.st_size > kMostFileBytes ? kTooLargeFile : Failure();
+  return file.st_size > kMaxFileBytes ? kTooLargeFile : Failure();
 }
 
 class NormalFile : public ByteSource {
@@ -49,10 +49,10 @@ class NormalFile : public ByteSource {
 };
 
 /// The path with symbolic links resolved, whether the target exists or not.
-std::filesystem::path WhereLinksLead(std::filesystem::path path) {
-  constexpr int kMostLinks = 40;
+std::filesystem::path ResolveLinks(std::filesystem::path path) {
+  constexpr int kMaxLinks = 40;
   std::error_code error;
-  for (int i = 0; i < kMostLinks && std::filesystem::is_symlink(path, error); ++i) {
+  for (int i = 0; i < kMaxLinks && std::filesystem::is_symlink(path, error); ++i) {
     path = path.parent_path() / std::filesystem::read_symlink(path, error);
   }
   return path;
@@ -79,7 +79,7 @@ Result<std::unique_ptr<ByteSource>> OpenRegularFile(const std::string& path) {
 }
 
 Failure ReplaceFile(const std::string& path, ByteSource& content) {
-  const std::filesystem::path target = WhereLinksLead(path);
+  const std::filesystem::path target = ResolveLinks(path);
   struct stat old {};
   const bool exists = stat(target.c_str(), &old) == 0;
   if (!exists && errno != ENOENT) return ErrnoMessage();
@@ -95,7 +95,7 @@ Failure ReplaceFile(const std::string& path, ByteSource& content) {
   TemporaryFile file(folder.Number());
   // Nobody else may read it until it has its final mode.
   Failure failure = file.Create(name, exists ? 0600 : 0666);
-  if (failure.empty() && exists) file.TakeAfter(old);
+  if (failure.empty() && exists) file.CopyAttributes(old);
   if (failure.empty()) failure = file.Fill(content, {});
   if (failure.empty()) failure = file.Flush();
   if (failure.empty()) failure = file.RenameTo(name);

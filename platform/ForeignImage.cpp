@@ -14,8 +14,8 @@ namespace {
 /// decoders access its memory directly.
 class StoppableBytes : public QIODevice {
  public:
-  StoppableBytes(const Bytes& content, const std::atomic<bool>& isGivenUp)
-      : content_(content), isGivenUp_(isGivenUp) {
+  StoppableBytes(const Bytes& content, const std::atomic<bool>& isCanceled)
+      : content_(content), isCanceled_(isCanceled) {
     open(ReadOnly | Unbuffered);
   }
 
@@ -23,7 +23,7 @@ class StoppableBytes : public QIODevice {
 
  protected:
   qint64 readData(char* data, qint64 most) override {
-    if (isGivenUp_) return -1;
+    if (isCanceled_) return -1;
     const qint64 count = std::clamp<qint64>(size() - pos(), 0, most);
     std::copy_n(content_.begin() + pos(), count, data);
     return count;
@@ -32,11 +32,11 @@ class StoppableBytes : public QIODevice {
 
  private:
   const Bytes& content_;
-  const std::atomic<bool>& isGivenUp_;
+  const std::atomic<bool>& isCanceled_;
 };
 
-bool IsTooLarge(const QSize& size, long long mostPixels) {
-  return qint64{size.width()} * size.height() > mostPixels;
+bool IsTooLarge(const QSize& size, long long maxPixels) {
+  return qint64{size.width()} * size.height() > maxPixels;
 }
 
 bool IsLaidOnItsSide(const QImageReader& reader) {
@@ -45,10 +45,10 @@ bool IsLaidOnItsSide(const QImageReader& reader) {
 
 }  // namespace
 
-Result<ForeignImage> ReadForeignImage(const Bytes& content, const std::atomic<bool>& isGivenUp,
-                                      long long mostPixels, const ReducedSize& reduced) {
+Result<ForeignImage> ReadForeignImage(const Bytes& content, const std::atomic<bool>& isCanceled,
+                                      long long maxPixels, const ReducedSize& reduced) {
   using Refused = Result<ForeignImage>;
-  StoppableBytes bytes(content, isGivenUp);
+  StoppableBytes bytes(content, isCanceled);
   QImageReader reader(&bytes);
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
@@ -57,7 +57,7 @@ Result<ForeignImage> ReadForeignImage(const Bytes& content, const std::atomic<bo
     return Refused::Failed("Drawings of this kind can't be used, only pictures.");
   }
   const QSize claimed = reader.size();
-  if (claimed.isValid() && IsTooLarge(claimed, mostPixels)) return Refused::Failed(kTooLarge);
+  if (claimed.isValid() && IsTooLarge(claimed, maxPixels)) return Refused::Failed(kTooLarge);
   const bool isReduced =
       reduced && claimed.isValid() && reader.supportsOption(QImageIOHandler::ScaledSize);
   if (isReduced) reader.setScaledSize(reduced(claimed));
@@ -68,8 +68,8 @@ Result<ForeignImage> ReadForeignImage(const Bytes& content, const std::atomic<bo
         "This is not a picture that can be read: " + reader.errorString().toStdString() + ".");
   }
   // Not every decoder knows the size in advance.
-  if (IsTooLarge(image.size(), mostPixels)) return Refused::Failed(kTooLarge);
-  if (damage.WasMet() || !HasEndMarker(content)) {
+  if (IsTooLarge(image.size(), maxPixels)) return Refused::Failed(kTooLarge);
+  if (damage.HasFoundDamage() || !HasEndMarker(content)) {
     return Refused::Failed("The file is incomplete or damaged.");
   }
   if (!isReduced) return ForeignImage{image, image.size()};

@@ -18,9 +18,9 @@ struct ForeignImage {
 using ReducedSize = std::function<QSize(const QSize& size)>;
 
 /// Decodes a picture of any format but BMP with Qt's decoders, turned upright. Drawings, damaged
-/// pictures and those with more pixels than the limit are refused. Ends early once isGivenUp is
+/// pictures and those with more pixels than the limit are refused. Ends early once isCanceled is
 /// set. Only decoders that are faster that way scale the picture.
-Result<ForeignImage> ReadForeignImage(const Bytes& content, const std::atomic<bool>& isGivenUp,
-                                      long long mostPixels, const ReducedSize& reduced = {});
+Result<ForeignImage> ReadForeignImage(const Bytes& content, const std::atomic<bool>& isCanceled,
+                                      long long maxPixels, const ReducedSize& reduced = {});
 
 }  // namespace morvane

@@ -23,7 +23,7 @@ std::atomic<bool> isLogWanted = true;
 
 void HandleMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
   if (listener != nullptr && qstrcmp(context.category, kDecoder) == 0) {
-    listener->Hear(qPrintable(text));
+    listener->Receive(qPrintable(text));
     if (!isLogWanted) return;
   }
   nextHandler(type, context, text);
@@ -62,10 +62,11 @@ JpegWarnings::~JpegWarnings() {
   listener = nullptr;
 }
 
-void JpegWarnings::Hear(const char* line) {
-  wasMet_ = wasMet_ || std::any_of(kDamage.begin(), kDamage.end(), [line](const char* damage) {
-              return std::strstr(line, damage) != nullptr;
-            });
+void JpegWarnings::Receive(const char* line) {
+  hasFoundDamage_ =
+      hasFoundDamage_ || std::any_of(kDamage.begin(), kDamage.end(), [line](const char* damage) {
+        return std::strstr(line, damage) != nullptr;
+      });
 }
 
 }  // namespace morvane

@@ -15,12 +15,12 @@ class JpegWarnings {
   /// no handler is installed.
   static void Install();
 
-  bool WasMet() const { return wasMet_; }
+  bool HasFoundDamage() const { return hasFoundDamage_; }
   /// Receives a line of the decoder's log.
-  void Hear(const char* line);
+  void Receive(const char* line);
 
  private:
-  bool wasMet_ = false;
+  bool hasFoundDamage_ = false;
 };
 
 }  // namespace morvane

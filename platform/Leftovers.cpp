@@ -23,7 +23,7 @@ class LeftoverFile : public Leftover {
   }
 
   bool IsOpen() const { return file_.IsOpen(); }
-  bool IsPlausible() const { return status_.st_size > 0 && status_.st_size <= kMostFileBytes; }
+  bool IsPlausible() const { return status_.st_size > 0 && status_.st_size <= kMaxFileBytes; }
 
   std::size_t Size() const override { return static_cast<std::size_t>(status_.st_size); }
   Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override {

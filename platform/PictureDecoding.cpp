@@ -16,7 +16,7 @@ namespace morvane {
 namespace {
 
 /// The number of running decoders, abandoned or not.
-std::atomic<int>& AtWork() {
+std::atomic<int>& RunningDecoders() {
   static std::atomic<int> count = 0;
   return count;
 }
@@ -24,15 +24,15 @@ std::atomic<int>& AtWork() {
 /// A picture that is decoded in another thread.
 class Decoding {
  public:
-  Decoding(Bytes content, long long mostPixels)
-      : content_(std::move(content)), mostPixels_(mostPixels) {}
+  Decoding(Bytes content, long long maxPixels)
+      : content_(std::move(content)), mostPixels_(maxPixels) {}
 
   std::future<Result<Picture>> Outcome() { return outcome_.get_future(); }
-  void GiveUp() { isGivenUp_ = true; }
+  void Cancel() { isCanceled_ = true; }
 
   void Run() {
     Result<Picture> picture = DecodeWithinMemory();
-    --AtWork();
+    --RunningDecoders();
     outcome_.set_value(std::move(picture));
   }
 
@@ -46,7 +46,7 @@ class Decoding {
   }
 
   Result<Picture> Decode() {
-    Result<ForeignImage> read = ReadForeignImage(content_, isGivenUp_, mostPixels_);
+    Result<ForeignImage> read = ReadForeignImage(content_, isCanceled_, mostPixels_);
     if (!read.Ok()) return Result<Picture>::Failed(read.Reason());
     const QImage& image = read.Value().image;
     Picture picture(image.width(), image.height());
@@ -59,7 +59,7 @@ class Decoding {
 
   Bytes content_;
   long long mostPixels_;
-  std::atomic<bool> isGivenUp_ = false;
+  std::atomic<bool> isCanceled_ = false;
   std::promise<Result<Picture>> outcome_;
 };
 
@@ -72,11 +72,11 @@ Result<Picture> DecodeForeignPicture(Bytes content, DecodingLimits limits) {
   const auto decoding = std::make_shared<Decoding>(std::move(content), limits.pixels);
   std::future<Result<Picture>> outcome = decoding->Outcome();
   std::thread thread;
-  ++AtWork();
+  ++RunningDecoders();
   try {
     thread = std::thread([decoding] { decoding->Run(); });
   } catch (const std::system_error&) {
-    --AtWork();
+    --RunningDecoders();
     return Result<Picture>::Failed("There is not enough memory for this picture.");
   }
   if (outcome.wait_for(limits.time) == std::future_status::ready) {
@@ -84,12 +84,12 @@ Result<Picture> DecodeForeignPicture(Bytes content, DecodingLimits limits) {
     return outcome.get();
   }
   thread.detach();
-  decoding->GiveUp();
+  decoding->Cancel();
   return Result<Picture>::Failed("The picture takes too long to decode.");
 }
 
 bool IsStillDecoding() {
-  return AtWork() > 0;
+  return RunningDecoders() > 0;
 }
 
 }  // namespace morvane

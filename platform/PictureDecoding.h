@@ -8,7 +8,7 @@
 namespace morvane {
 
 struct DecodingLimits {
-  long long pixels = kMostPixels;
+  long long pixels = kMaxPixels;
   std::chrono::milliseconds time{2000};
 };
 

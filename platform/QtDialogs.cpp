@@ -55,7 +55,7 @@ void AddAccessKeys(const QMessageBox& box) {
   if (auto* cancel = box.button(QMessageBox::Cancel)) cancel->setText("&Cancel");
 }
 
-QAbstractButton& AcceptButtonOf(const QFileDialog& box) {
+QAbstractButton& AcceptButton(const QFileDialog& box) {
   const auto* row = box.findChild<QDialogButtonBox*>("buttonBox");
   const QList<QAbstractButton*> buttons = row->buttons();
   return **std::find_if(buttons.begin(), buttons.end(), [row](QAbstractButton* button) {
@@ -73,7 +73,7 @@ class TypedPath : public QObject {
       : QObject(&box),
         name_(*box.findChild<QLineEdit*>("fileNameEdit")),
         list_(*box.findChild<QListView*>("listView")),
-        accept_(AcceptButtonOf(box)) {
+        accept_(AcceptButton(box)) {
     accept_.installEventFilter(this);
     connect(&name_, &QLineEdit::textChanged, this, &TypedPath::Unmark);
     // Deferred, since the dialog may accept it itself.
@@ -169,7 +169,7 @@ QString FilterFor(const FileDialog& dialog, const QFileDialog& box) {
 }
 
 /// Runs the dialog at a size that fits its screen. Returns the chosen path; empty after a cancel.
-std::string ChoiceIn(QFileDialog& box) {
+std::string SelectedPath(QFileDialog& box) {
   box.setSupportedSchemes({"file"});
   std::optional<TypedPath> typed;
   if (IsQtsOwn(box)) {
@@ -224,7 +224,7 @@ std::string AskForFile(QWidget* owner, const FileDialog& dialog, FileDialogMode 
   const bool saves = mode == FileDialogMode::Save;
   box.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   if (!preset.isEmpty()) box.selectFile(preset);
-  return ChoiceIn(box);
+  return SelectedPath(box);
 }
 
 std::string AskForFolder(QWidget* owner, const std::string& title) {
@@ -232,7 +232,7 @@ std::string AskForFolder(QWidget* owner, const std::string& title) {
   box.setOption(QFileDialog::DontUseNativeDialog, HasPortalDialogs());
   box.setOption(QFileDialog::ShowDirsOnly);
   box.setFileMode(QFileDialog::Directory);
-  return ChoiceIn(box);
+  return SelectedPath(box);
 }
 
 void AskForColor(QWidget* owner, std::uint32_t& color) {

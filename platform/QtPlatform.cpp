@@ -20,12 +20,12 @@ namespace morvane {
 namespace {
 
 /// The largest settings file that is read into memory.
-constexpr std::size_t kMostTextBytes = 16'000'000;
+constexpr std::size_t kMaxTextBytes = 16'000'000;
 
 Result<std::string> ReadText(const std::string& path) {
   Result<std::unique_ptr<ByteSource>> file = OpenRegularFile(path);
   if (!file.Ok()) return Result<std::string>::Failed(file.Reason());
-  if (file.Value()->Size() > kMostTextBytes) return Result<std::string>::Failed(kTooLargeFile);
+  if (file.Value()->Size() > kMaxTextBytes) return Result<std::string>::Failed(kTooLargeFile);
   Result<Bytes> bytes = ReadAll(*file.Value());
   if (!bytes.Ok()) return Result<std::string>::Failed(bytes.Reason());
   return std::string(bytes.Value().begin(), bytes.Value().end());
@@ -40,9 +40,9 @@ QWidget* OwnerAbove(QWidget* window) {
 }  // namespace
 
 QtPlatform::QtPlatform() {
-  constexpr long long kMostBytesPerPixel = 8;
+  constexpr long long kMaxBytesPerPixel = 8;
   constexpr int kMegabyte = 1'000'000;
-  QImageReader::setAllocationLimit(static_cast<int>(kMostPixels * kMostBytesPerPixel / kMegabyte));
+  QImageReader::setAllocationLimit(static_cast<int>(kMaxPixels * kMaxBytesPerPixel / kMegabyte));
 }
 
 void QtPlatform::SetWindow(QWidget* window, std::function<void()> showState) {

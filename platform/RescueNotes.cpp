@@ -37,11 +37,11 @@ void ForEachNote(Visit visit) {
 }  // namespace
 
 void WriteRescueNote(const std::string& path) {
-  constexpr int kMostNotes = 100;
+  constexpr int kMaxNotes = 100;
   for (const std::string& folder : PrivateFolders()) {
     if (!MakePrivateFolder(folder).IsOpen()) continue;
     std::error_code error = std::make_error_code(std::errc::file_exists);
-    for (int i = 1; error == std::errc::file_exists && i <= kMostNotes; ++i) {
+    for (int i = 1; error == std::errc::file_exists && i <= kMaxNotes; ++i) {
       std::filesystem::create_symlink(path, folder + '/' + kNote + std::to_string(i), error);
     }
     if (!error) return;

@@ -95,12 +95,12 @@ Failure SnapshotFile::Place::OpenInCurrentDirectory() {
 }
 
 Failure SnapshotFile::Place::OpenInPrivateFolder(const std::string& folder) {
-  constexpr int kMostNames = 100;
+  constexpr int kMaxNames = 100;
   folderPath_ = folder;
   folder_ = MakePrivateFolder(folder);
   isPrivate_ = true;
   Failure failure = folder_.IsOpen() ? Failure() : Reason();
-  for (int i = 1; folder_.IsOpen() && !IsOpen() && i <= kMostNames; ++i) {
+  for (int i = 1; folder_.IsOpen() && !IsOpen() && i <= kMaxNames; ++i) {
     name_ = kSnapshotName + ('.' + std::to_string(i));
     // An existing file belongs to another run.
     failure = Open(O_CREAT | O_EXCL);

@@ -11,7 +11,7 @@
 namespace morvane {
 namespace {
 
-constexpr int kMostNames = 100;
+constexpr int kMaxNames = 100;
 
 /// On failure returns false and sets errno.
 bool FlushToDisk(int file) {
@@ -28,7 +28,7 @@ TemporaryFile::~TemporaryFile() {
 }
 
 Failure TemporaryFile::Create(const std::string& wishedName, mode_t mode) {
-  for (int i = 1; i <= kMostNames; ++i) {
+  for (int i = 1; i <= kMaxNames; ++i) {
     const std::string name = ".morvane-save-" + std::to_string(i);
     if (name == wishedName) continue;
     RemoveIfStale(name);
@@ -58,7 +58,7 @@ void TemporaryFile::RemoveIfStale(const std::string& name) const {
   if (OpenAndLockOurs(folder_, name).IsOpen()) unlinkat(folder_, name.c_str(), 0);
 }
 
-void TemporaryFile::TakeAfter(const struct stat& other) {
+void TemporaryFile::CopyAttributes(const struct stat& other) {
   const int file = file_.Number();
   const bool hasGroup =
       fchown(file, other.st_uid, other.st_gid) == 0 || fchown(file, -1, other.st_gid) == 0;

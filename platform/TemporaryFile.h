@@ -25,7 +25,7 @@ class TemporaryFile {
   /// itself.
   Failure Create(const std::string& wishedName, mode_t mode);
   /// Copies owner, group and mode of another file, as far as the system permits.
-  void TakeAfter(const struct stat& other);
+  void CopyAttributes(const struct stat& other);
   /// Writes all the content, through a buffer.
   Failure Fill(ByteSource& content, const ChunkBuffer& buffer);
   /// Flushes the content to the disk.

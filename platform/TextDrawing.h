@@ -11,7 +11,7 @@ inline constexpr int kDotsPerMetre = 3780;
 
 /// The largest font size in pixels: the height of the picture that text is drawn on. Much larger
 /// fonts overflow the coordinates of a long text, and its layout never ends.
-inline constexpr int kMaxLetterHeight = 349;
+inline constexpr int kMaxFontSize = 349;
 
 /// A document that loads nothing: pictures and style sheets in its text are ignored.
 class ClosedDocument : public QTextDocument {

@@ -15,21 +15,21 @@ namespace morvane {
 namespace {
 
 /// Reading and decoding larger ones would take too much memory for a thumbnail.
-constexpr std::size_t kMostFileBytes = 32 << 20;
-constexpr long long kMostPixelsOfFile = 25'000'000;
+constexpr std::size_t kMaxFileBytes = 32 << 20;
+constexpr long long kMaxFilePixels = 25'000'000;
 
-/// A file of which nothing more is read once isGivenUp is set.
+/// A file of which nothing more is read once isCanceled is set.
 class StoppableFile : public ByteSource {
  public:
-  StoppableFile(ByteSource& file, const std::atomic<bool>& isGivenUp)
-      : file_(file), isGivenUp_(isGivenUp) {}
+  StoppableFile(ByteSource& file, const std::atomic<bool>& isCanceled)
+      : file_(file), isCanceled_(isCanceled) {}
 
   std::size_t Size() const override { return file_.Size(); }
 
   Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override {
     Failure failure;
     while (failure.empty() && !buffer.empty()) {
-      if (isGivenUp_) return "The picture was given up.";
+      if (isCanceled_) return "Decoding was canceled.";
       const std::size_t count = std::min(buffer.size(), kChunkBytes);
       failure = file_.ReadAt(place, buffer.first(count));
       place += count;
@@ -40,7 +40,7 @@ class StoppableFile : public ByteSource {
 
  private:
   ByteSource& file_;
-  const std::atomic<bool>& isGivenUp_;
+  const std::atomic<bool>& isCanceled_;
 };
 
 int LongestSide(const QSize& size) {
@@ -77,25 +77,25 @@ Thumbnail ThumbnailOf(const QImage& image, const QSize& size, int zoom) {
   return {Fitted(reduced, kSmallThumbnail, zoom), Fitted(reduced, kLargeThumbnail, zoom), size};
 }
 
-Thumbnail ReadForeignThumbnail(ByteSource& file, int zoom, const std::atomic<bool>& isGivenUp) {
-  if (file.Size() > kMostFileBytes) return {};
+Thumbnail ReadForeignThumbnail(ByteSource& file, int zoom, const std::atomic<bool>& isCanceled) {
+  if (file.Size() > kMaxFileBytes) return {};
   Result<Bytes> content = ReadAll(file);
   if (!content.Ok()) return {};
   const auto reduced = [zoom](const QSize& size) { return Reduced(size, kLargeThumbnail * zoom); };
   Result<ForeignImage> read =
-      ReadForeignImage(content.Value(), isGivenUp, kMostPixelsOfFile, reduced);
+      ReadForeignImage(content.Value(), isCanceled, kMaxFilePixels, reduced);
   return read.Ok() ? ThumbnailOf(read.Value().image, read.Value().size, zoom) : Thumbnail();
 }
 
 }  // namespace
 
-Thumbnail ReadThumbnail(const std::string& path, int zoom, const std::atomic<bool>& isGivenUp) {
+Thumbnail ReadThumbnail(const std::string& path, int zoom, const std::atomic<bool>& isCanceled) {
   try {
     Result<std::unique_ptr<ByteSource>> opened = OpenRegularFile(path);
     if (!opened.Ok()) return {};
-    StoppableFile file(*opened.Value(), isGivenUp);
-    if (!IsBmp(file)) return ReadForeignThumbnail(file, zoom, isGivenUp);
-    Result<LoadedPicture> picture = ReadBmp(file, kMostPixelsOfFile);
+    StoppableFile file(*opened.Value(), isCanceled);
+    if (!IsBmp(file)) return ReadForeignThumbnail(file, zoom, isCanceled);
+    Result<LoadedPicture> picture = ReadBmp(file, kMaxFilePixels);
     if (!picture.Ok()) return {};
     const QImage image = ImageOver(picture.Value().picture.View());
     return ThumbnailOf(image, image.size(), zoom);

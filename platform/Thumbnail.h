@@ -18,8 +18,8 @@ inline constexpr int kSmallThumbnail = 16;
 inline constexpr int kLargeThumbnail = 120;
 
 /// Makes the thumbnail of a picture file. zoom is the number of physical pixels per logical pixel.
-/// Returns an empty one if the file can't be used as a tile, is very large, or if isGivenUp is set
+/// Returns an empty one if the file can't be used as a tile, is very large, or if isCanceled is set
 /// before the end.
-Thumbnail ReadThumbnail(const std::string& path, int zoom, const std::atomic<bool>& isGivenUp);
+Thumbnail ReadThumbnail(const std::string& path, int zoom, const std::atomic<bool>& isCanceled);
 
 }  // namespace morvane

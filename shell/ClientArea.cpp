@@ -22,7 +22,7 @@ constexpr std::array<QLine, 6> kLines = {
 
 void ClientArea::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  for (const QLine& line : kLines) DrawSharpLine(painter, line, QuietLine(palette()));
+  for (const QLine& line : kLines) DrawSharpLine(painter, line, SubtleLineColor(palette()));
 }
 
 void ClientArea::resizeEvent(QResizeEvent* /*event*/) {

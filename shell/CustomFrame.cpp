@@ -54,7 +54,7 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   setGeometry(PlaceOf(120, 2880, 2295, 4815));
   drive_->setObjectName("Drive1");
   drive_->setAccessibleName("Drive");
-  SpeakEntry(drive_);
+  AnnounceEntry(drive_);
   // Qt takes the accessible name of a drop-down list only from its label. There is no room for a
   // visible one.
   auto* label = new QLabel("Drive", this);
@@ -145,8 +145,8 @@ void CustomFrame::ShowDrive() {
 
 void CustomFrame::ShowFolders() {
   const std::vector<FolderList::Row>& rows = palette_.Dir1.Rows();
-  if (shownFolders_ == palette_.Dir1.Readings()) return;
-  shownFolders_ = palette_.Dir1.Readings();
+  if (shownFolders_ == palette_.Dir1.ReadCount()) return;
+  shownFolders_ = palette_.Dir1.ReadCount();
   ShowDrive();
   folders_->clear();
   const QIcon open = style()->standardIcon(QStyle::SP_DirOpenIcon);
@@ -169,8 +169,8 @@ void CustomFrame::ShowFolders() {
 
 void CustomFrame::ShowFiles() {
   const std::vector<std::string>& files = palette_.File1.Files();
-  if (shownFiles_ == palette_.File1.Readings()) return;
-  shownFiles_ = palette_.File1.Readings();
+  if (shownFiles_ == palette_.File1.ReadCount()) return;
+  shownFiles_ = palette_.File1.ReadCount();
   const bool areNew = files != fileRows_->Names();
   fileRows_->SetFiles(palette_.File1.Path(), files);
   if (!areNew) return;

@@ -33,10 +33,11 @@ QString PictureToolTip(const QImage& image, const QString& text) {
 }  // namespace
 
 FileRows::FileRows(QListView* list) : QStyledItemDelegate(list), list_(list) {
-  want_.setSingleShot(true);
-  want_.setInterval(kRequestInterval);
-  connect(&want_, &QTimer::timeout, this, &FileRows::WantRowsInView);
-  connect(&thumbnails_, &Thumbnails::Made, this, [this] { list_->viewport()->update(); });
+  requestTimer_.setSingleShot(true);
+  requestTimer_.setInterval(kRequestInterval);
+  connect(&requestTimer_, &QTimer::timeout, this, &FileRows::RequestVisibleRows);
+  connect(&thumbnails_, &ThumbnailCache::ThumbnailReady, this,
+          [this] { list_->viewport()->update(); });
 }
 
 void FileRows::SetFiles(const std::string& folder, std::vector<std::string> names) {
@@ -57,7 +58,7 @@ void FileRows::paint(QPainter* painter, const QStyleOptionViewItem& option,
   QStyledItemDelegate::paint(painter, option, index);
   const Thumbnail* thumbnail = thumbnails_.Of(PathOf(index));
   // Requests drop those of rows that have been scrolled out of view.
-  if (!want_.isActive()) want_.start();
+  if (!requestTimer_.isActive()) requestTimer_.start();
   if (thumbnail == nullptr || thumbnail->size.isEmpty()) return;
   QStyleOptionViewItem full = option;
   initStyleOption(&full, index);
@@ -102,7 +103,7 @@ int FileRows::Zoom() const {
   return std::max(1, qRound(list_->devicePixelRatioF()));
 }
 
-void FileRows::WantRowsInView() {
+void FileRows::RequestVisibleRows() {
   std::deque<std::string> paths;
   const QRect view = list_->viewport()->rect();
   QModelIndex index = list_->indexAt(view.topLeft());
@@ -110,7 +111,7 @@ void FileRows::WantRowsInView() {
     paths.push_back(PathOf(index));
     index = index.siblingAtRow(index.row() + 1);
   }
-  thumbnails_.Want(std::move(paths), Zoom());
+  thumbnails_.Request(std::move(paths), Zoom());
 }
 
 }  // namespace morvane

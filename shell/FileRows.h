@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/Thumbnails.h"
+#include "shell/ThumbnailCache.h"
 
 class QListView;
 
@@ -36,13 +36,13 @@ class FileRows : public QStyledItemDelegate {
   std::string PathOf(const QModelIndex& index) const;
   /// Physical pixels per logical pixel on the current display.
   int Zoom() const;
-  void WantRowsInView();
+  void RequestVisibleRows();
 
   QListView* list_;
   std::vector<std::string> names_;
   std::string folder_;
-  Thumbnails thumbnails_;
-  mutable QTimer want_;
+  ThumbnailCache thumbnails_;
+  mutable QTimer requestTimer_;
 };
 
 }  // namespace morvane

@@ -6,11 +6,11 @@
 namespace morvane {
 
 void HoverReset::Watch(QWidget* control) {
-  WatchAlone(control);
-  for (QWidget* held : control->findChildren<QWidget*>()) WatchAlone(held);
+  WatchWithoutChildren(control);
+  for (QWidget* held : control->findChildren<QWidget*>()) WatchWithoutChildren(held);
 }
 
-void HoverReset::WatchAlone(QWidget* control) {
+void HoverReset::WatchWithoutChildren(QWidget* control) {
   control->setMouseTracking(true);
   control->installEventFilter(this);
 }

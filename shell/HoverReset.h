@@ -16,7 +16,7 @@ class HoverReset : public QObject {
   /// Watches a control with its children.
   void Watch(QWidget* control);
   /// Watches a control alone, without its children.
-  void WatchAlone(QWidget* control);
+  void WatchWithoutChildren(QWidget* control);
 
  signals:
   void Moved();

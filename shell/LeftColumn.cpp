@@ -90,7 +90,7 @@ void LeftColumn::AddTileSetRow(QWidget* window) {
   tileSet_ = new WholeEntryCombo(window);
   label->setBuddy(tileSet_);
   tileSet_->setAccessibleName("Tileset");
-  SpeakEntry(tileSet_);
+  AnnounceEntry(tileSet_);
   tileSet_->setObjectName("TileSetSelector");
   tileSet_->setFont(ArialFont(kSmallText));
   tileSet_->setGeometry(PlaceOf(750, 2445, 1650, 330));

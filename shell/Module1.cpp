@@ -1,10 +1,8 @@
 #include "shell/Module1.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QLoggingCategory>
 #include <QSettings>
-#include <QThread>
 #include <QTimer>
 #include <QWindow>
 #include <csignal>
@@ -20,7 +18,7 @@
 #include "platform/QtPlatform.h"
 #include "shell/ArtSheets.h"
 #include "shell/Termination.h"
-#include "shell/Thumbnails.h"
+#include "shell/ThumbnailCache.h"
 #include "shell/frmMain.h"
 #include "shell/frmSplash.h"
 #include "shell/frmText.h"
@@ -31,7 +29,6 @@ namespace morvane {
 namespace {
 
 constexpr int kCount = 3000000;
-constexpr qint64 kShortestSplash = 400;  // ms; loading is too fast for the splash to be seen
 
 void Count() {
   for (volatile int i = 1; i <= kCount;) {
@@ -106,8 +103,6 @@ int RunMorvane(int argc, char** argv) {
   auto* splash = new frmSplash;
   splash->setAttribute(Qt::WA_DeleteOnClose);
   splash->ShowAtOnce();
-  QElapsedTimer shown;
-  shown.start();
 
   QApplication::setWindowIcon(LoadIcon("morvane"));
   ClearDialogHistory();
@@ -119,9 +114,7 @@ int RunMorvane(int argc, char** argv) {
   const Termination termination(form);
 
   Count();
-  const qint64 rest = kShortestSplash - shown.elapsed();
-  if (rest > 0) QThread::msleep(static_cast<unsigned long>(rest));
-  splash->close();
+  splash->CloseWhenSeen();
   window.show();
   new WhenShown(window, [&] {
     window.ReportRescueCopies();
@@ -129,7 +122,7 @@ int RunMorvane(int argc, char** argv) {
   });
   const int status = QApplication::exec();
   // Static objects must not be destroyed while an abandoned decoder still runs.
-  if (IsStillDecoding() || Thumbnails::AreBeingMade()) std::_Exit(status);
+  if (IsStillDecoding() || ThumbnailCache::AreBeingMade()) std::_Exit(status);
   return status;
 }
 

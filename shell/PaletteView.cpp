@@ -19,7 +19,7 @@ constexpr int kStripTop = 2880;
 /// Designed sizes in twips, by set and page.
 constexpr std::array<Size, kBuiltInSets> kStripSizes = {
     {{2310, 3135}, {2295, 3135}, {2310, 3135}, {2310, 3855}}};
-constexpr std::array<std::array<Size, kMostPages>, kBuiltInSets> kFrameSizes = {{
+constexpr std::array<std::array<Size, kMaxPages>, kBuiltInSets> kFrameSizes = {{
     {{{2130, 2475}, {2175, 2535}, {2175, 2535}}},
     {{{2130, 2535}, {2130, 2535}, {2130, 2535}}},
     {{{2130, 2415}, {}, {}}},

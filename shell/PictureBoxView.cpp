@@ -27,7 +27,7 @@ void PictureBoxView::paintEvent(QPaintEvent* event) {
 }
 
 void PictureBoxView::resizeEvent(QResizeEvent* /*event*/) {
-  setAccessibleDescription(SpokenSize(contentsRect().size()));
+  setAccessibleDescription(SizeDescription(contentsRect().size()));
 }
 
 void PaintPicture(QPainter& painter, const PictureView& picture, const QPoint& origin,

@@ -13,7 +13,7 @@ namespace morvane {
 namespace {
 
 /// Qt would need minutes for longer or deeper mark-up; its plain text is used instead.
-constexpr qsizetype kMostMarkup = 50'000;
+constexpr qsizetype kMaxMarkup = 50'000;
 constexpr int kDeepestMarkup = 10;
 
 /// The mark-up with table cells replaced by paragraphs. No table is kept, and Qt would need minutes
@@ -53,7 +53,7 @@ bool RichTextBox::canInsertFromMimeData(const QMimeData* source) const {
 void RichTextBox::insertFromMimeData(const QMimeData* source) {
   const QString markup = source->hasHtml() ? source->html() : QString();
   textCursor().removeSelectedText();
-  if (markup.isEmpty() || markup.size() > kMostMarkup || IsDeep(markup)) {
+  if (markup.isEmpty() || markup.size() > kMaxMarkup || IsDeep(markup)) {
     insertPlainText(TextLimits(*document()).Take(source->text(), currentCharFormat()));
     return;
   }

@@ -40,10 +40,10 @@ void WriteToPipe(char byte) {
 }
 
 void PassSignal(int number) {
-  constexpr unsigned kPatience = 30;  // s
+  constexpr unsigned kTimeout = 30;  // s
   const int error = errno;
   // Ends a program that hangs and doesn't read the pipe.
-  alarm(kPatience);
+  alarm(kTimeout);
   WriteToPipe(static_cast<char>(number));
   errno = error;
 }
@@ -110,14 +110,14 @@ void WatchGtk() {
 /// the main thread has saved the map. The process also ends if Qt would wait for another compositor
 /// (QT_WAYLAND_RECONNECT): if none came, the map would be lost.
 void EndByLostCompositor() {
-  constexpr unsigned long kPatience = 5;  // s
+  constexpr unsigned long kTimeout = 5;  // s
   if (runningForm == nullptr) return;
   if (QThread::currentThread() == qApp->thread()) {
     runningForm->RescueAtTermination();
     std::_Exit(EXIT_FAILURE);
   } else {
     WriteToPipe(kDisplayLost);
-    QThread::sleep(kPatience);
+    QThread::sleep(kTimeout);
   }
 }
 

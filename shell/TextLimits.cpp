@@ -10,14 +10,14 @@ namespace {
 
 constexpr double kPointsPerPixel = 72.0 / 96;
 /// In pixels. Smaller characters count as this size.
-constexpr double kSmallLetters = 16;
+constexpr double kSmallFontSize = 16;
 /// The sum of the sizes of all characters: enough for 10,000 small ones, several times what fits on
 /// the map.
-constexpr double kMostHeight = 10'000 * kSmallLetters;
+constexpr double kMaxTotalSize = 10'000 * kSmallFontSize;
 /// The number of format changes.
-constexpr int kMostRuns = 500;
+constexpr int kMaxRuns = 500;
 /// The number of different fonts; each is looked up again for every script in the text.
-constexpr qsizetype kMostFonts = 64;
+constexpr qsizetype kMaxFonts = 64;
 
 constexpr std::array kFontProperties = {QTextFormat::FontFamilies, QTextFormat::FontPointSize,
                                         QTextFormat::FontPixelSize, QTextFormat::FontWeight,
@@ -29,24 +29,24 @@ void CopyProperty(QTextFormat::Property property, const QTextCharFormat& from,
 }
 
 // A pasted size may not be a number.
-double LimitedPoints(double points, double mostPixels) {
-  const double most = std::min<double>(mostPixels, kMaxLetterHeight) * kPointsPerPixel;
+double LimitedPoints(double points, double maxPixels) {
+  const double most = std::min<double>(maxPixels, kMaxFontSize) * kPointsPerPixel;
   return points <= most ? points : most;
 }
 
 void LimitSize(QTextCharFormat& format) {
   if (format.hasProperty(QTextFormat::FontPointSize)) {
-    format.setFontPointSize(LimitedPoints(format.fontPointSize(), kMaxLetterHeight));
+    format.setFontPointSize(LimitedPoints(format.fontPointSize(), kMaxFontSize));
   }
   if (format.hasProperty(QTextFormat::FontPixelSize)) {
     const int pixels = format.intProperty(QTextFormat::FontPixelSize);
-    format.setProperty(QTextFormat::FontPixelSize, std::min(pixels, kMaxLetterHeight));
+    format.setProperty(QTextFormat::FontPixelSize, std::min(pixels, kMaxFontSize));
   }
 }
 
 /// The size that one character counts as, in pixels.
 double HeightOf(const QTextCharFormat& format) {
-  return std::max({kSmallLetters, format.fontPointSize() / kPointsPerPixel,
+  return std::max({kSmallFontSize, format.fontPointSize() / kPointsPerPixel,
                    double(format.intProperty(QTextFormat::FontPixelSize))});
 }
 
@@ -64,7 +64,7 @@ QString FontKey(const QTextCharFormat& format) {
 }  // namespace
 
 TextLimits::TextLimits(const QTextDocument& document)
-    : height_(kMostHeight - document.blockCount() * kSmallLetters) {
+    : height_(kMaxTotalSize - document.blockCount() * kSmallFontSize) {
   for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
     for (auto part = block.begin(); !part.atEnd(); ++part) {
       const QTextCharFormat format = part.fragment().charFormat();
@@ -75,19 +75,19 @@ TextLimits::TextLimits(const QTextDocument& document)
   }
 }
 
-qsizetype TextLimits::Letters(const QTextCharFormat& format) const {
+qsizetype TextLimits::FittingLength(const QTextCharFormat& format) const {
   return std::max<qsizetype>(0, static_cast<qsizetype>(height_ / HeightOf(format)));
 }
 
 QString TextLimits::Take(const QString& text, const QTextCharFormat& format) {
-  QString taken = text.left(Letters(format));
+  QString taken = text.left(FittingLength(format));
   height_ -= static_cast<double>(taken.size()) * HeightOf(format);
   return taken;
 }
 
 QTextCharFormat TextLimits::Fit(const QTextCharFormat& pasted) {
   QTextCharFormat kept;
-  if (++runs_ > kMostRuns) return kept;
+  if (++runs_ > kMaxRuns) return kept;
   for (const QTextFormat::Property property : kFontProperties) {
     CopyProperty(property, pasted, kept);
   }
@@ -104,12 +104,12 @@ QTextCharFormat TextLimits::Fit(const QTextCharFormat& pasted) {
 }
 
 double TextLimits::FittingPointSize(double points, const QTextDocument& document) {
-  return LimitedPoints(points, kMostHeight / document.characterCount());
+  return LimitedPoints(points, kMaxTotalSize / document.characterCount());
 }
 
 bool TextLimits::HasFont(const QTextCharFormat& format) {
   const QString key = FontKey(format);
-  if (!fonts_.contains(key) && fonts_.size() >= kMostFonts) return false;
+  if (!fonts_.contains(key) && fonts_.size() >= kMaxFonts) return false;
   fonts_.insert(key);
   return true;
 }

@@ -16,7 +16,7 @@ class TextLimits {
   /// Counts what the document already contains.
   explicit TextLimits(const QTextDocument& document);
 
-  bool IsFull() const { return Letters({}) == 0; }
+  bool IsFull() const { return FittingLength({}) == 0; }
   /// Returns and counts the beginning of a text that is within the limits. Large characters count
   /// more than small ones.
   QString Take(const QString& text, const QTextCharFormat& format);
@@ -29,7 +29,7 @@ class TextLimits {
   static double FittingPointSize(double points, const QTextDocument& document);
 
  private:
-  qsizetype Letters(const QTextCharFormat& format) const;
+  qsizetype FittingLength(const QTextCharFormat& format) const;
   bool HasFont(const QTextCharFormat& format);
 
   double height_;

@@ -38,7 +38,7 @@ TileBox::TileBox(const Item& item, const Picture& picture, QWidget* page)
   setToolTip(TextOf(item.caption) + ", " + CellsOf(item.stored));
   setAccessibleName(TextOf(item.caption));
   const Size stamp = StampSize(item);
-  setAccessibleDescription(SpokenSize({stamp.width, stamp.height}));
+  setAccessibleDescription(SizeDescription({stamp.width, stamp.height}));
   setFocusPolicy(Qt::TabFocus);
   setAttribute(Qt::WA_Hover);
 }

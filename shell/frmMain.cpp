@@ -14,8 +14,8 @@
 #include "document/Rescue.h"
 #include "document/Undo.h"
 #include "palette/CustomTiles.h"
+#include "palette/FlipAndRotate.h"
 #include "palette/PalettePages.h"
-#include "palette/StampTurn.h"
 #include "palette/TileSelection.h"
 #include "platform/ScreenRoom.h"
 #include "shell/CanvasView.h"
@@ -155,10 +155,10 @@ void frmMain::WatchHover() {
     }
   }
   auto* reset = new HoverReset(this);
-  reset->WatchAlone(client_);
+  reset->WatchWithoutChildren(client_);
   reset->Watch(tbToolBar_);
   reset->Watch(sbStatusBar_);
-  reset->WatchAlone(frame5_);
+  reset->WatchWithoutChildren(frame5_);
   reset->Watch(frame5_->File1());
   for (TabStrip* strip : palette_->Strips()) reset->Watch(strip);
   connect(reset, &HoverReset::Moved, this, [this] {

@@ -1,9 +1,9 @@
 #include "shell/frmSplash.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QPainter>
 #include <QScreen>
+#include <QThread>
 #include <QWindow>
 
 #include "shell/ArtSheets.h"
@@ -21,15 +21,23 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindow
 }
 
 void frmSplash::ShowAtOnce() {
-  constexpr qint64 kLongestWait = 1000;  // ms, for a window system that never reports it
+  constexpr qint64 kTimeout = 1000;  // ms, for a window system that never reports it
   show();
   QElapsedTimer waited;
   waited.start();
-  while (!windowHandle()->isExposed() && waited.elapsed() < kLongestWait) {
+  while (!windowHandle()->isExposed() && waited.elapsed() < kTimeout) {
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 10);
   }
   repaint();
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  shown_.start();
+}
+
+void frmSplash::CloseWhenSeen() {
+  constexpr qint64 kShortest = 400;  // ms; loading takes less
+  const qint64 rest = kShortest - shown_.elapsed();
+  if (rest > 0) QThread::msleep(static_cast<unsigned long>(rest));
+  close();
 }
 
 void frmSplash::paintEvent(QPaintEvent* /*event*/) {

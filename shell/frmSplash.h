@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QWidget>
 
 namespace morvane {
@@ -13,12 +14,15 @@ class frmSplash : public QWidget {
 
   /// Shows the window and waits until it is visible, without handling user events.
   void ShowAtOnce();
+  /// Waits until the window has been visible long enough, and closes it.
+  void CloseWhenSeen();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
   QPixmap picture_;
+  QElapsedTimer shown_;  ///< since the window became visible
 };
 
 }  // namespace morvane

@@ -1,7 +1,7 @@
 #include "tools/CanvasKeyboard.h"
 
 #include "document/MapFiles.h"
-#include "palette/StampTurn.h"
+#include "palette/FlipAndRotate.h"
 #include "tools/ToolModes.h"
 
 namespace morvane {

@@ -2,10 +2,10 @@
 
 #include "document/Grid.h"
 #include "document/Undo.h"
-#include "tools/EdgePath.h"
 #include "tools/GridTests.h"
+#include "tools/PaintTile.h"
 #include "tools/TextInsertion.h"
-#include "tools/TilePath.h"
+#include "tools/WallsAndDoors.h"
 
 namespace morvane {
 namespace {
@@ -13,9 +13,9 @@ namespace {
 /// Paints with the tool of the current mode.
 void Paint(Palette& palette, Gesture gesture, int Button, float X, float Y) {
   if (palette.CurrentMode() == Mode::Tile) {
-    TilePath(palette, gesture, Button, X, Y);
+    PaintTile(palette, gesture, Button, X, Y);
   } else {
-    EdgePath(palette, gesture, Button, X, Y);
+    PaintEdge(palette, gesture, Button, X, Y);
   }
 }
 

@@ -1,4 +1,4 @@
-// The least that Morvane's window could cost: the same menus, tool bar and status bar, empty.
+// A window with Morvane's menus, tool bar and status bar but without contents, for comparison.
 
 #include <QApplication>
 #include <QMainWindow>

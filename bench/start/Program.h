@@ -9,7 +9,7 @@
 
 namespace start_bench {
 
-/// A program that runs in an empty folder of its own until this goes.
+/// A program that runs in an empty folder during the lifetime of this object.
 class Program {
  public:
   explicit Program(const std::string& path);
@@ -18,7 +18,7 @@ class Program {
   ~Program();
 
   Clock::time_point Started() const { return started_; }
-  /// Memory that it holds, in kB.
+  /// Its resident memory in kB.
   long Resident() const;
 
  private:

@@ -1,5 +1,5 @@
-// Starts Morvane and the bare window in turns and prints what their starts took, as rows of the
-// table of scripts/bench.
+// Starts Morvane and the bare window alternately and prints their start times as rows of the table
+// of scripts/bench.
 
 #include <algorithm>
 #include <cstdio>
@@ -82,7 +82,7 @@ void Run(int starts) {
   WindowWatch watch;
   Series ours;
   Series bare;
-  // The first start of each reads the libraries from disk.
+  // Warm-up: the first start reads the libraries from disk.
   Series unused;
   StartBare(watch, unused);
   StartMorvane(watch, unused);

@@ -9,7 +9,7 @@ namespace start_bench {
 namespace {
 
 constexpr std::chrono::microseconds kPause(200);
-constexpr std::chrono::seconds kLongestWait(20);
+constexpr std::chrono::seconds kTimeout(20);
 
 struct Free {
   void operator()(void* reply) const { std::free(reply); }
@@ -33,7 +33,7 @@ WindowWatch::WindowWatch() : connection_(xcb_connect(nullptr, nullptr)) {
 }
 
 Appearance WindowWatch::NextWindow(int leastWidth) {
-  const Clock::time_point latest = Clock::now() + kLongestWait;
+  const Clock::time_point latest = Clock::now() + kTimeout;
   Appearance found;
   while (Clock::now() < latest) {
     if (found.window != 0 && IsPainted(found.window, found.width, found.height - 8)) {
@@ -56,7 +56,7 @@ Appearance WindowWatch::NextWindow(int leastWidth) {
 }
 
 bool WindowWatch::IsPainted(xcb_window_t window, int width, int row) {
-  // Qt's windows have no background: until they are painted, the black screen shows through.
+  // Qt's windows have no background, so the screen stays black until they are painted.
   const Owned<xcb_get_image_reply_t> image(xcb_get_image_reply(
       connection_.get(),
       xcb_get_image(connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0,

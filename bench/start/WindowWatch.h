@@ -10,21 +10,21 @@ namespace start_bench {
 
 using Clock = std::chrono::steady_clock;
 
-/// A window that came up, and when.
+/// A window that appeared, and when.
 struct Appearance {
   xcb_window_t window = 0;
   int width = 0;
   int height = 0;
-  Clock::time_point painted;  ///< mapped, and its first picture on the screen
+  Clock::time_point painted;  ///< mapped and painted
 };
 
 /// Watches the screen of the display that DISPLAY names. No other client may draw on it.
 class WindowWatch {
  public:
-  /// Exits with a message where there is no such display.
+  /// Exits with a message if there is no such display.
   WindowWatch();
 
-  /// Waits until a window comes up that is at least so wide, and until it is painted.
+  /// Waits until a window of at least this width has appeared and is painted.
   Appearance NextWindow(int leastWidth);
 
  private:

@@ -25,17 +25,17 @@ class BmpDecoder {
   /// Decodes into a picture of that size. After a failure its pixels are undefined.
   Failure Decode(const Surface& picture);
   /// Whether runs left the picture, or indices the palette.
-  bool MetDamage() const { return metDamage_; }
+  bool HasFoundDamage() const { return hasFoundDamage_; }
 
  private:
   ByteSource& file_;
   ByteWindow window_;
   BmpHeader header_;
-  bool metDamage_ = false;
+  bool hasFoundDamage_ = false;
 };
 
 /// Decodes a whole BMP file. One with more pixels than the limit is refused.
-Result<LoadedPicture> ReadBmp(ByteSource& file, long long mostPixels = kMostPixels);
+Result<LoadedPicture> ReadBmp(ByteSource& file, long long maxPixels = kMaxPixels);
 
 /// A picture as an uncompressed BMP file of 24 bits a pixel at 96 dpi. The bytes are generated on
 /// demand.

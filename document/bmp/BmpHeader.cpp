@@ -76,7 +76,7 @@ class HeaderReader {
     header_.topDown = height < 0;
     height = std::abs(height);
     if (width <= 0 || height == 0) return "The picture has no size.";
-    if (width * height > kMostPixels) return kTooLarge;
+    if (width * height > kMaxPixels) return kTooLarge;
     header_.width = static_cast<int>(width);
     header_.height = static_cast<int>(height);
     constexpr std::array<int, 7> kDepths = {1, 2, 4, 8, 16, 24, 32};

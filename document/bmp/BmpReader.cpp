@@ -74,7 +74,7 @@ class RowReader {
   void Read(const std::uint8_t* bytes) {
     Pixel* to = RowOf(done_++);
     if (header_.bits <= 8) {
-      metDamage_ |= ReadIndexRow(bytes, header_, to) >= header_.colors;
+      hasFoundDamage_ |= ReadIndexRow(bytes, header_, to) >= header_.colors;
     } else if (header_.bits == 24) {
       UnpackPixels(to, bytes, header_.width);
     } else if (header_.bits == 16) {
@@ -83,7 +83,7 @@ class RowReader {
       ReadFields<32>(bytes, to);
     }
   }
-  bool MetDamage() const { return metDamage_; }
+  bool HasFoundDamage() const { return hasFoundDamage_; }
 
  private:
   Pixel* RowOf(int number) const {
@@ -109,18 +109,18 @@ class RowReader {
   Surface target_;
   int done_ = 0;  ///< rows
   bool alphaCounts_ = false;
-  bool metDamage_ = false;
+  bool hasFoundDamage_ = false;
 };
 
 Failure ReadRows(ByteWindow& file, const BmpHeader& header, const Surface& picture,
-                 bool& metDamage) {
+                 bool& hasFoundDamage) {
   RowReader rows(header, picture);
   for (int row = 0; row < header.height; ++row) {
     if (!file.Show(header.RowBytes())) return file.Reason();
     rows.Read(file.Data());
     file.Take(header.RowBytes());
   }
-  metDamage = rows.MetDamage();
+  hasFoundDamage = rows.HasFoundDamage();
   return {};
 }
 
@@ -155,21 +155,21 @@ Failure BmpDecoder::Open() {
 
 Failure BmpDecoder::Decode(const Surface& picture) {
   const auto read = header_.compression == BmpCompression::None ? &ReadRows : &ReadBmpRuns;
-  return read(window_, header_, picture, metDamage_);
+  return read(window_, header_, picture, hasFoundDamage_);
 }
 
-Result<LoadedPicture> ReadBmp(ByteSource& file, long long mostPixels) {
+Result<LoadedPicture> ReadBmp(ByteSource& file, long long maxPixels) {
   BmpDecoder decoder(file);
   Failure failure = decoder.Open();
   if (!failure.empty()) return Result<LoadedPicture>::Failed(std::move(failure));
   const Size size = decoder.PictureSize();
-  if (static_cast<long long>(size.width) * size.height > mostPixels) {
+  if (static_cast<long long>(size.width) * size.height > maxPixels) {
     return Result<LoadedPicture>::Failed(kTooLarge);
   }
   Picture picture = Picture::Unpainted(size.width, size.height);
   failure = decoder.Decode(picture.Draw());
   if (!failure.empty()) return Result<LoadedPicture>::Failed(std::move(failure));
-  return LoadedPicture{std::move(picture), decoder.MetDamage()};
+  return LoadedPicture{std::move(picture), decoder.HasFoundDamage()};
 }
 
 }  // namespace morvane

@@ -15,7 +15,7 @@ class RunReader {
   RunReader(ByteWindow& file, const BmpHeader& header, const Surface& picture)
       : file_(file), header_(header), target_(picture), y_(header.height - 1) {}
 
-  bool MetDamage() const { return metDamage_; }
+  bool HasFoundDamage() const { return hasFoundDamage_; }
 
   Failure Read() {
     const Pixel background = header_.palette.empty() ? PixelOf(0) : header_.palette[0];
@@ -46,18 +46,18 @@ class RunReader {
     const unsigned room = y_ < 0 ? 0 : static_cast<unsigned>(header_.width - x_);
     // Some programs fill up the last byte of a row of half bytes.
     const bool isFilled = header_.compression == BmpCompression::Rle4 && room % 2 == 1;
-    if (count > room + (isFilled ? 1 : 0)) metDamage_ = true;
+    if (count > room + (isFilled ? 1 : 0)) hasFoundDamage_ = true;
     return std::min(count, room);
   }
 
   void Skip(int columns, int rows) {
-    metDamage_ = metDamage_ || x_ + columns > header_.width || y_ - rows < -1;
+    hasFoundDamage_ = hasFoundDamage_ || x_ + columns > header_.width || y_ - rows < -1;
     x_ = std::min(x_ + columns, header_.width);
     y_ = std::max(y_ - rows, -1);
   }
 
   Pixel ColorOfIndex(unsigned index) {
-    metDamage_ |= index >= header_.colors;
+    hasFoundDamage_ |= index >= header_.colors;
     return header_.palette[index];
   }
 
@@ -131,16 +131,16 @@ class RunReader {
   int x_ = 0;
   int y_;
   bool ended_ = false;
-  bool metDamage_ = false;
+  bool hasFoundDamage_ = false;
 };
 
 }  // namespace
 
 Failure ReadBmpRuns(ByteWindow& file, const BmpHeader& header, const Surface& picture,
-                    bool& metDamage) {
+                    bool& hasFoundDamage) {
   RunReader reader(file, header, picture);
   Failure failure = reader.Read();
-  metDamage = reader.MetDamage();
+  hasFoundDamage = reader.HasFoundDamage();
   return failure;
 }
 

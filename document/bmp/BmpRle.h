@@ -10,6 +10,6 @@ namespace morvane {
 /// size. Pixels that no run reaches keep palette entry 0. Tells whether runs or jumps lead out of
 /// the picture, or indices out of the palette.
 Failure ReadBmpRuns(ByteWindow& file, const BmpHeader& header, const Surface& picture,
-                    bool& metDamage);
+                    bool& hasFoundDamage);
 
 }  // namespace morvane

@@ -22,7 +22,7 @@ Result<Bytes> ReadAll(ByteSource& source) {
   return failure.empty() ? Result<Bytes>(std::move(bytes)) : Result<Bytes>::Failed(failure);
 }
 
-Failure TryToRead(ByteSource& source) {
+Failure CheckReadable(ByteSource& source) {
   Bytes buffer(std::min(kWindowBytes, source.Size()));
   Failure failure;
   for (std::size_t place = 0; place < source.Size() && failure.empty(); place += buffer.size()) {

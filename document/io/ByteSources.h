@@ -29,7 +29,7 @@ class ByteSource {
 inline constexpr std::size_t kChunkBytes = std::size_t{256} << 10U;
 
 /// No map needs a larger file.
-inline constexpr long long kMostFileBytes = 420'000'000;
+inline constexpr long long kMaxFileBytes = 420'000'000;
 inline constexpr const char* kTooLargeFile = "The file is too large.";
 
 /// Bytes in memory, not owned.
@@ -48,7 +48,7 @@ class MemorySource : public ByteSource {
 Result<Bytes> ReadAll(ByteSource& source);
 
 /// Reads all bytes once and discards them. Returns why some can't be read.
-Failure TryToRead(ByteSource& source);
+Failure CheckReadable(ByteSource& source);
 
 /// Reads a source sequentially through a small buffer.
 class ByteWindow {

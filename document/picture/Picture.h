@@ -9,7 +9,7 @@
 namespace morvane {
 
 /// Pictures with more pixels are refused: they would take all memory before one is looked at.
-inline constexpr long long kMostPixels = 100'000'000;
+inline constexpr long long kMaxPixels = 100'000'000;
 inline constexpr const char* kTooLarge = "The picture is too large.";
 
 /// Pixels to read, not owned.

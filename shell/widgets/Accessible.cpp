@@ -24,11 +24,11 @@ void SetRole(QWidget* control, QAccessible::Role role) {
   control->setProperty(kRole, static_cast<int>(role));
 }
 
-QString SpokenSize(const QSize& size) {
+QString SizeDescription(const QSize& size) {
   return QString("%1 x %2 pixels").arg(size.width()).arg(size.height());
 }
 
-void SpeakEntry(QComboBox* list) {
+void AnnounceEntry(QComboBox* list) {
   // Screen readers can't get the entry from Qt, but all of them read descriptions.
   QObject::connect(list, &QComboBox::currentIndexChanged, list, [list](int entry) {
     list->setAccessibleDescription(list->currentText());

@@ -14,10 +14,10 @@ namespace morvane {
 void SetRole(QWidget* control, QAccessible::Role role);
 
 /// A size as it is spoken: "40 x 20 pixels".
-QString SpokenSize(const QSize& size);
+QString SizeDescription(const QSize& size);
 
 /// Makes screen readers speak the current entry of a drop-down list, and each new choice.
-void SpeakEntry(QComboBox* list);
+void AnnounceEntry(QComboBox* list);
 
 /// Makes screen readers speak the new text of a control.
 void Announce(QWidget* control, const QString& text);

@@ -37,7 +37,7 @@ void FocusStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
   const bool isField = (element == PE_PanelLineEdit && !option->state.testFlag(State_HasFocus)) ||
                        element == PE_IndicatorCheckBox;
   if ((isList || isField) && IsDark(option->palette)) {
-    DrawSharpBox(*painter, option->rect, QuietLine(option->palette));
+    DrawSharpBox(*painter, option->rect, SubtleLineColor(option->palette));
   }
   if (!HasKeys(*option)) return;
   if (element == PE_FrameFocusRect && qobject_cast<const QToolButton*>(widget) != nullptr) {
@@ -63,7 +63,7 @@ void FocusStyle::drawControl(ControlElement element, const QStyleOption* option,
       IsDark(entry->palette)) {
     const int y = entry->rect.center().y();
     DrawSharpLine(*painter, {entry->rect.left() + 5, y, entry->rect.right() - 5, y},
-                  QuietLine(entry->palette));
+                  SubtleLineColor(entry->palette));
   }
   if (!HasKeys(*option)) return;
   if (element == CE_TabBarTabLabel) {

@@ -72,7 +72,7 @@ FontDialog::FontDialog(QWidget* owner) : QFontDialog(owner), colors_(new QComboB
     if (before != colors_) setTabOrder(before, colors_);
   }
   colors_->setObjectName("Color");
-  SpeakEntry(colors_);
+  AnnounceEntry(colors_);
   colors_->setIconSize({24, 12});
   for (const NamedColor& row : kColors) {
     colors_->addItem(Swatch(QColor::fromRgb(row.color)), row.name, QColor::fromRgb(row.color));

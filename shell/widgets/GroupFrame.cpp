@@ -17,7 +17,7 @@ void GroupFrame::paintEvent(QPaintEvent* /*event*/) {
   painter.drawText(text, Qt::AlignCenter, title().trimmed());
   painter.setClipRegion(QRegion(rect()) - text.adjusted(-kGap, 0, kGap, 0));
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QuietLine(palette()));
+  painter.setPen(SubtleLineColor(palette()));
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, middle + 0.5, -0.5, -0.5), 2, 2);
 }
 

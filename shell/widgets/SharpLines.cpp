@@ -36,12 +36,12 @@ void DrawSunkenBorder(QPainter& painter, const QRect& box, const QPalette& palet
              palette.color(QPalette::Midlight));
 }
 
-QColor QuietLine(const QPalette& palette) {
-  constexpr int kShare = 77;  // percent of the ground
+QColor SubtleLineColor(const QPalette& palette) {
+  constexpr int kPercent = 77;  // percent of the ground
   const QColor ground = palette.color(QPalette::Window);
   const QColor text = palette.color(QPalette::WindowText);
   const auto mixed = [](int one, int other) {
-    return (one * kShare + other * (100 - kShare)) / 100;
+    return (one * kPercent + other * (100 - kPercent)) / 100;
   };
   return {mixed(ground.red(), text.red()), mixed(ground.green(), text.green()),
           mixed(ground.blue(), text.blue())};

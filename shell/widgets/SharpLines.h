@@ -20,6 +20,6 @@ void DrawSharpBox(QPainter& painter, const QRect& box, const QColor& color);
 void DrawSunkenBorder(QPainter& painter, const QRect& box, const QPalette& palette);
 
 /// A subdued line colour that is visible on light and dark windows.
-QColor QuietLine(const QPalette& palette);
+QColor SubtleLineColor(const QPalette& palette);
 
 }  // namespace morvane

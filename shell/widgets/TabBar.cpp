@@ -7,9 +7,9 @@ namespace morvane {
 namespace {
 
 /// The accessible object of one tab.
-class SpokenTab : public QAccessibleInterface, public QAccessibleActionInterface {
+class AccessibleTab : public QAccessibleInterface, public QAccessibleActionInterface {
  public:
-  SpokenTab(TabBar* tabs, int index) : tabs_(tabs), index_(index) {}
+  AccessibleTab(TabBar* tabs, int index) : tabs_(tabs), index_(index) {}
 
   bool isValid() const override { return index_ < tabs_->count(); }
   QObject* object() const override { return nullptr; }
@@ -51,23 +51,24 @@ class SpokenTab : public QAccessibleInterface, public QAccessibleActionInterface
   int index_;
 };
 
-class SpokenTabBar : public QAccessibleWidget {
+class AccessibleTabBar : public QAccessibleWidget {
  public:
-  explicit SpokenTabBar(TabBar* tabs)
+  explicit AccessibleTabBar(TabBar* tabs)
       : QAccessibleWidget(tabs, QAccessible::PageTabList), tabs_(tabs) {}
-  SpokenTabBar(const SpokenTabBar&) = delete;
-  SpokenTabBar& operator=(const SpokenTabBar&) = delete;
-  ~SpokenTabBar() override {
-    for (const QAccessible::Id tab : spoken_) QAccessible::deleteAccessibleInterface(tab);
+  AccessibleTabBar(const AccessibleTabBar&) = delete;
+  AccessibleTabBar& operator=(const AccessibleTabBar&) = delete;
+  ~AccessibleTabBar() override {
+    for (const QAccessible::Id tab : requestedIds_) QAccessible::deleteAccessibleInterface(tab);
   }
 
   int childCount() const override { return tabs_->count(); }
   QAccessibleInterface* child(int index) const override {
     if (index < 0 || index >= childCount()) return nullptr;
-    for (int i = static_cast<int>(spoken_.size()); i <= index; ++i) {
-      spoken_.push_back(QAccessible::registerAccessibleInterface(new SpokenTab(tabs_, i)));
+    for (int i = static_cast<int>(requestedIds_.size()); i <= index; ++i) {
+      requestedIds_.push_back(
+          QAccessible::registerAccessibleInterface(new AccessibleTab(tabs_, i)));
     }
-    return QAccessible::accessibleInterface(spoken_[index]);
+    return QAccessible::accessibleInterface(requestedIds_[index]);
   }
   QAccessibleInterface* childAt(int x, int y) const override {
     for (int i = 0; i < childCount(); ++i) {
@@ -84,12 +85,12 @@ class SpokenTabBar : public QAccessibleWidget {
 
  private:
   TabBar* tabs_;
-  mutable std::vector<QAccessible::Id> spoken_;  ///< the objects that were requested
+  mutable std::vector<QAccessible::Id> requestedIds_;  ///< the objects that were requested
 };
 
 QAccessibleInterface* TabsAsSpoken(const QString& /*className*/, QObject* object) {
   auto* tabs = qobject_cast<TabBar*>(object);
-  return tabs != nullptr ? new SpokenTabBar(tabs) : nullptr;
+  return tabs != nullptr ? new AccessibleTabBar(tabs) : nullptr;
 }
 
 }  // namespace
@@ -101,10 +102,10 @@ TabBar::TabBar(QWidget* parent) : QTabBar(parent) {
 void TabBar::focusInEvent(QFocusEvent* event) {
   QTabBar::focusInEvent(event);
   // Qt reports the bar next, so the selected tab is reported after it.
-  QMetaObject::invokeMethod(this, &TabBar::SpeakCurrent, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(this, &TabBar::ReportSelectedTab, Qt::QueuedConnection);
 }
 
-void TabBar::SpeakCurrent() {
+void TabBar::ReportSelectedTab() {
   if (!hasFocus()) return;
   QAccessibleEvent focus(this, QAccessible::Focus);
   focus.setChild(currentIndex());

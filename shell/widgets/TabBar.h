@@ -16,7 +16,7 @@ class TabBar : public QTabBar {
   void focusInEvent(QFocusEvent* event) override;
 
  private:
-  void SpeakCurrent();
+  void ReportSelectedTab();
 };
 
 }  // namespace morvane

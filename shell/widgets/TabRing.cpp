@@ -28,7 +28,7 @@ void Focus(QWidget* control, bool next = true) {
   control->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
 }
 
-bool ByKey(Qt::FocusReason reason) {
+bool IsByKeyboard(Qt::FocusReason reason) {
   return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
 }
 
@@ -52,7 +52,7 @@ QWidget* Nearest(const std::vector<QWidget*>& group, const QWidget* from, bool b
 }
 
 /// A control of a group, or the next one that is enabled; null if there is none.
-QWidget* UsableFrom(std::vector<QWidget*> group, QWidget* from) {
+QWidget* NextUsable(std::vector<QWidget*> group, QWidget* from) {
   std::rotate(group.begin(), std::find(group.begin(), group.end(), from), group.end());
   const auto usable = std::find_if(group.begin(), group.end(), &CanTakeFocus);
   return usable == group.end() ? nullptr : *usable;
@@ -116,7 +116,7 @@ bool TabRing::Move(const QWidget* from, bool next) {
   const bool stays = present != nullptr && !from->isEnabled();
   for (int i = stays ? 0 : 1; i <= count; ++i) {
     const Stop& stop = stops_[(start + (next ? i : count - i) + count) % count];
-    QWidget* target = UsableFrom(stop.group, stop.last);
+    QWidget* target = NextUsable(stop.group, stop.last);
     if (target == nullptr) continue;
     Focus(target, next);
     return true;
@@ -145,7 +145,7 @@ bool TabRing::eventFilter(QObject* watched, QEvent* event) {
   auto* control = qobject_cast<QWidget*>(watched);
   switch (event->type()) {
     case QEvent::FocusIn:
-      if (ByKey(static_cast<QFocusEvent*>(event)->reason())) rest_.start();
+      if (IsByKeyboard(static_cast<QFocusEvent*>(event)->reason())) rest_.start();
       StopOf(control)->last = control;
       return false;
     case QEvent::FocusOut:

@@ -1,4 +1,4 @@
-#include "tools/TilePath.h"
+#include "tools/PaintTile.h"
 
 #include "document/Grid.h"
 #include "tools/Buttons.h"
@@ -19,7 +19,7 @@ int Snap(float v, int extent) {
 
 }  // namespace
 
-void TilePath(Palette& palette, Gesture gesture, int Button, float X, float Y) {
+void PaintTile(Palette& palette, Gesture gesture, int Button, float X, float Y) {
   Document& document = palette.document;
   const int SnapX = Snap(X, document.Canvas.Width());
   const int SnapY = Snap(Y, document.Canvas.Height());

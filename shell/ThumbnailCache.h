@@ -13,22 +13,22 @@ namespace morvane {
 
 /// The thumbnails of picture files. They are made in other threads, one at a time, and kept in a
 /// small cache.
-class Thumbnails : public QObject {
+class ThumbnailCache : public QObject {
   Q_OBJECT
 
  public:
   /// A picture that takes longer than the limit has no thumbnail.
-  explicit Thumbnails(std::chrono::milliseconds timeLimit = std::chrono::milliseconds(2000));
-  Thumbnails(const Thumbnails&) = delete;
-  Thumbnails& operator=(const Thumbnails&) = delete;
-  ~Thumbnails() override;
+  explicit ThumbnailCache(std::chrono::milliseconds timeLimit = std::chrono::milliseconds(2000));
+  ThumbnailCache(const ThumbnailCache&) = delete;
+  ThumbnailCache& operator=(const ThumbnailCache&) = delete;
+  ~ThumbnailCache() override;
 
   /// The thumbnail of a file, or null if none has been made yet. It is empty if the file can't be
   /// read within the time limit.
   const Thumbnail* Of(const std::string& path) const;
   /// Makes the thumbnails of these files in this order, and drops earlier requests. zoom is the
   /// number of physical pixels per logical pixel.
-  void Want(std::deque<std::string> paths, int zoom);
+  void Request(std::deque<std::string> paths, int zoom);
   /// Drops all thumbnails, because the files may have changed.
   void Clear();
 
@@ -36,7 +36,7 @@ class Thumbnails : public QObject {
   static bool AreBeingMade();
 
  signals:
-  void Made();
+  void ThumbnailReady();
 
  private:
   struct Job;
@@ -48,7 +48,7 @@ class Thumbnails : public QObject {
   void StopWaiting();
 
   QCache<QByteArray, Thumbnail> made_;  ///< by path; costs in kilobytes
-  std::deque<std::string> wanted_;
+  std::deque<std::string> requested_;
   int zoom_ = 1;
   std::shared_ptr<Job> job_;  ///< the current one; null if none
   QTimer timeLimit_;

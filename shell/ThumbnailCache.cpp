@@ -1,4 +1,4 @@
-#include "shell/Thumbnails.h"
+#include "shell/ThumbnailCache.h"
 
 #include <sys/resource.h>
 #include <unistd.h>
@@ -16,14 +16,14 @@ namespace {
 
 /// The size of the cache per unit of zoom. If the visible rows didn't fit, they would be decoded
 /// again and again.
-constexpr qsizetype kMostKilobytes = 8192;
+constexpr qsizetype kMaxKilobytes = 8192;
 
 /// The current thread, and one that was abandoned and hangs. Once two hang, others would probably
 /// hang too.
-constexpr int kMostAtWork = 2;
+constexpr int kMaxThreads = 2;
 
 /// The number of threads that have not reported their end yet.
-int atWork = 0;
+int running = 0;
 
 /// Lowers the priority of the calling thread, so that the window stays responsive.
 void LowerPriority() {
@@ -33,7 +33,7 @@ void LowerPriority() {
 
 }  // namespace
 
-struct Thumbnails::Job {
+struct ThumbnailCache::Job {
   Job() = default;
   Job(const Job&) = delete;
   Job& operator=(const Job&) = delete;
@@ -44,12 +44,12 @@ struct Thumbnails::Job {
 
   std::string path;
   int zoom;
-  std::atomic<bool> isGivenUp = false;
+  std::atomic<bool> isCanceled = false;
   Thumbnail thumbnail;
   std::thread thread;
 };
 
-Thumbnails::Thumbnails(std::chrono::milliseconds timeLimit) : made_(kMostKilobytes) {
+ThumbnailCache::ThumbnailCache(std::chrono::milliseconds timeLimit) : made_(kMaxKilobytes) {
   timeLimit_.setSingleShot(true);
   timeLimit_.setInterval(timeLimit);
   connect(&timeLimit_, &QTimer::timeout, this, [this] {
@@ -59,56 +59,56 @@ Thumbnails::Thumbnails(std::chrono::milliseconds timeLimit) : made_(kMostKilobyt
   });
 }
 
-Thumbnails::~Thumbnails() {
+ThumbnailCache::~ThumbnailCache() {
   StopWaiting();
 }
 
-const Thumbnail* Thumbnails::Of(const std::string& path) const {
+const Thumbnail* ThumbnailCache::Of(const std::string& path) const {
   return made_.object(QByteArray::fromStdString(path));
 }
 
-void Thumbnails::Want(std::deque<std::string> paths, int zoom) {
+void ThumbnailCache::Request(std::deque<std::string> paths, int zoom) {
   if (zoom != zoom_) Clear();
   zoom_ = zoom;
-  made_.setMaxCost(kMostKilobytes * zoom);
-  wanted_ = std::move(paths);
-  const bool isWanted =
-      job_ != nullptr && std::find(wanted_.begin(), wanted_.end(), job_->path) != wanted_.end();
+  made_.setMaxCost(kMaxKilobytes * zoom);
+  requested_ = std::move(paths);
+  const bool isWanted = job_ != nullptr && std::find(requested_.begin(), requested_.end(),
+                                                     job_->path) != requested_.end();
   if (!isWanted) StopWaiting();
   MakeNext();
 }
 
-void Thumbnails::Clear() {
+void ThumbnailCache::Clear() {
   made_.clear();
-  wanted_.clear();
+  requested_.clear();
   StopWaiting();
 }
 
-bool Thumbnails::AreBeingMade() {
-  return atWork > 0;
+bool ThumbnailCache::AreBeingMade() {
+  return running > 0;
 }
 
-void Thumbnails::MakeNext() {
-  while (job_ == nullptr && atWork < kMostAtWork && !wanted_.empty()) {
-    const std::string path = std::move(wanted_.front());
-    wanted_.pop_front();
+void ThumbnailCache::MakeNext() {
+  while (job_ == nullptr && running < kMaxThreads && !requested_.empty()) {
+    const std::string path = std::move(requested_.front());
+    requested_.pop_front();
     if (Of(path) == nullptr) Start(path);
   }
 }
 
-void Thumbnails::Start(const std::string& path) {
+void ThumbnailCache::Start(const std::string& path) {
   const auto job = std::make_shared<Job>();
   job->path = path;
   job->zoom = zoom_;
   // The thread may outlive this object, which is accessed only in the main thread.
   const auto work = [job, self = QPointer(this)] {
     LowerPriority();
-    job->thumbnail = ReadThumbnail(job->path, job->zoom, job->isGivenUp);
+    job->thumbnail = ReadThumbnail(job->path, job->zoom, job->isCanceled);
     QMetaObject::invokeMethod(
         qApp,
         [job, self] {
           job->thread.join();
-          --atWork;
+          --running;
           if (self != nullptr) self->Finish(job);
         },
         Qt::QueuedConnection);
@@ -117,34 +117,34 @@ void Thumbnails::Start(const std::string& path) {
     job->thread = std::thread(work);
   } catch (const std::system_error&) {
     // No more threads now: a later request tries again.
-    wanted_.clear();
+    requested_.clear();
     return;
   }
-  ++atWork;
+  ++running;
   job_ = job;
   timeLimit_.start();
 }
 
-void Thumbnails::Finish(const std::shared_ptr<Job>& job) {
+void ThumbnailCache::Finish(const std::shared_ptr<Job>& job) {
   if (job == job_) {
     Keep(std::move(job->thumbnail));
     StopWaiting();
-    emit Made();
+    emit ThumbnailReady();
   }
   MakeNext();
 }
 
-void Thumbnails::Keep(Thumbnail thumbnail) {
+void ThumbnailCache::Keep(Thumbnail thumbnail) {
   constexpr qsizetype kKilobyte = 1024;
   const qsizetype bytes = thumbnail.small.sizeInBytes() + thumbnail.large.sizeInBytes();
   made_.insert(QByteArray::fromStdString(job_->path), new Thumbnail(std::move(thumbnail)),
                1 + bytes / kKilobyte);
 }
 
-void Thumbnails::StopWaiting() {
+void ThumbnailCache::StopWaiting() {
   timeLimit_.stop();
   if (job_ == nullptr) return;
-  job_->isGivenUp = true;
+  job_->isCanceled = true;
   job_.reset();
 }
 

@@ -1,4 +1,4 @@
-#include "palette/StampTurn.h"
+#include "palette/FlipAndRotate.h"
 
 #include "document/picture/Transform.h"
 

@@ -1,4 +1,4 @@
-#include "tools/EdgePath.h"
+#include "tools/WallsAndDoors.h"
 
 #include <utility>
 
@@ -34,7 +34,7 @@ Color FenceColorKey(const PictureView& fence, Direction direction) {
 
 }  // namespace
 
-void EdgePath(Palette& palette, Gesture gesture, int Button, float X, float Y) {
+void PaintEdge(Palette& palette, Gesture gesture, int Button, float X, float Y) {
   if (palette.WallMode && Button != kLeftButton) return;
   Document& document = palette.document;
   const Size map = document.Canvas.ScaleSize();
