@@ -40,7 +40,7 @@ struct Rescue : testing::Test, Editor {
     }
     return copies;
   }
-  /// What the next run tells the user.
+  /// The message of the next run.
   std::string NextReport() {
     NextRun next(platform);
     platform.boxes.clear();
@@ -56,7 +56,7 @@ struct Rescue : testing::Test, Editor {
   }
 };
 
-TEST_F(Rescue, ALeftoverIsRenamedOrElseCopiedAndNeverReplacesAFile) {
+TEST_F(Rescue, ASnapshotOfAKilledRunIsMovedOrCopied) {
   for (const char* folder : {"/home", "/elsewhere"}) {
     platform.files.clear();
     platform.leftover = painted;
@@ -73,22 +73,14 @@ TEST_F(Rescue, ALeftoverIsRenamedOrElseCopiedAndNeverReplacesAFile) {
     EXPECT_EQ(platform.files[second], painted);
     EXPECT_EQ(platform.files[leftoverCopy], Bytes{1});
   }
-  platform.files.clear();
-  platform.takesNotes = false;
-  platform.leftover = painted;
-  EXPECT_EQ(NextReport(), ReportOf(leftoverCopy));
-}
-
-TEST_F(Rescue, ALeftoverThatNoFolderTakesIsHeld) {
   platform.leftover = painted;
   platform.unwritable = {"/"};
   const NextRun next(platform);
-  EXPECT_EQ(platform.leftover, painted);
+  EXPECT_EQ(platform.leftover, painted) << "no folder takes it";
   EXPECT_EQ(next.document.UnplacedLeftovers.size(), 1U);
-  EXPECT_TRUE(next.document.RescueCopies.empty());
 }
 
-TEST_F(Rescue, BrokenAndBlankLeftoversAreNotKept) {
+TEST_F(Rescue, BrokenAndBlankSnapshotsAreNotKept) {
   Bytes cut = painted;
   cut.pop_back();
   Picture grid(2000, 1500, 0x808080);
@@ -110,7 +102,7 @@ TEST_F(Rescue, BrokenAndBlankLeftoversAreNotKept) {
   }
 }
 
-TEST_F(Rescue, AnUnaskedEndKeepsTheMapOfThatMoment) {
+TEST_F(Rescue, TerminationSavesACopyThatTheNextRunReports) {
   Paint();
   form.RescueAtTermination();
   form.RescueAtTermination();
@@ -120,16 +112,15 @@ TEST_F(Rescue, AnUnaskedEndKeepsTheMapOfThatMoment) {
   EXPECT_TRUE(platform.boxes.empty());
   EXPECT_EQ(NextReport(), ReportOf(Copies()[0]));
   EXPECT_EQ(NextReport(), "");
+  // Without space for a copy the snapshot holds the map.
+  Editor other;
+  Canvas_MouseDown(other.palette, kLeftButton, 5, 5);
+  other.platform.unwritable = {"/"};
+  other.form.RescueAtTermination();
+  EXPECT_EQ(other.platform.snapshot, WriteBmp(other.document.Canvas.Image()));
 }
 
-TEST_F(Rescue, WithoutRoomForACopyTheSnapshotHoldsTheWholeMap) {
-  Paint();
-  platform.unwritable = {"/"};
-  form.RescueAtTermination();
-  EXPECT_EQ(platform.snapshot, WriteBmp(document.Canvas.Image()));
-}
-
-TEST_F(Rescue, AnUnaskedEndKeepsNoBlankOrSavedMapAndNoneAfterTheRun) {
+TEST_F(Rescue, TerminationCopiesNoBlankOrSavedMap) {
   const auto endAfter = [](const std::function<void(Editor&)>& act) {
     Editor editor;
     act(editor);
@@ -153,7 +144,7 @@ TEST_F(Rescue, AnUnaskedEndKeepsNoBlankOrSavedMapAndNoneAfterTheRun) {
   });
 }
 
-TEST_F(Rescue, TheEndOfASessionAsksWhereItMayAndKeepsNothingTwice) {
+TEST_F(Rescue, TheEndOfADesktopSessionAsksAndCopiesOnce) {
   Paint();
   platform.answers = {Answer::Cancel, Answer::No};
   EXPECT_TRUE(form.SessionEnds(true));
@@ -161,7 +152,7 @@ TEST_F(Rescue, TheEndOfASessionAsksWhereItMayAndKeepsNothingTwice) {
   EXPECT_EQ(platform.boxes.size(), 2U);
   EXPECT_FALSE(form.SessionEnds(false));
   EXPECT_TRUE(Copies().empty());
-  Paint(45);  // the session went on after all
+  Paint(45);  // the session continued
   const Bytes undo = platform.snapshot;
   for (int i = 0; i < 2; ++i) EXPECT_FALSE(form.SessionEnds(false));
   EXPECT_EQ(platform.snapshot, undo);
@@ -173,14 +164,7 @@ TEST_F(Rescue, TheEndOfASessionAsksWhereItMayAndKeepsNothingTwice) {
   EXPECT_EQ(NextReport(), ReportOf(Copies()[0]));
 }
 
-TEST_F(Rescue, AnEndBeforeTheReportLeavesItToTheNextRun) {
-  platform.leftover = painted;
-  NextRun(platform).form.RescueAtTermination();
-  EXPECT_EQ(NextReport(), ReportOf(leftoverCopy));
-  EXPECT_EQ(NextReport(), "");
-}
-
-TEST_F(Rescue, ASessionThatEndsDuringTheExitQuestionAsksNoSecondTime) {
+TEST_F(Rescue, ADesktopSessionThatEndsDuringTheExitQuestionAsksOnlyOnce) {
   Paint();
   platform.onNextBox = [this] { EXPECT_FALSE(form.SessionEnds(true)); };
   platform.answers = {Answer::Cancel};

@@ -19,7 +19,7 @@ struct Undo : testing::Test, Editor {
   }
 };
 
-TEST_F(Undo, AfterNewMapItBringsTheOldMapBackButNotItsFile) {
+TEST_F(Undo, AfterANewMapItRestoresTheOldMapWithoutItsFile) {
   document.CurrentFile = "/maps/a.bmp";
   document.HasCurrentFile = true;
   Press(5, 5);
@@ -32,18 +32,6 @@ TEST_F(Undo, AfterNewMapItBringsTheOldMapBackButNotItsFile) {
   EXPECT_EQ(Difference(Map(), stamped), "");
   EXPECT_EQ(document.Caption, "Morvane");
   EXPECT_FALSE(document.HasCurrentFile);
-}
-
-TEST_F(Undo, InALargerWindowTheRestIsWhiteWithoutGrid) {
-  platform.settings["Map/Grid"] = "1";
-  platform.answers = {Answer::Yes};
-  mnuFileNew_Click(document);
-  Press(5, 5);
-  form.Form_Resize(987, 737);
-  mnuEditUndo_Click(document);
-  EXPECT_EQ(document.Canvas.Image().width, 815);
-  EXPECT_EQ(GetPixel(document.Canvas.Image(), 614, 482), 0U);
-  EXPECT_EQ(GetPixel(document.Canvas.Image(), 639, 639), kWhite);
 }
 
 TEST_F(Undo, ShowsTheHourglassWhileItReads) {
@@ -60,11 +48,11 @@ TEST_F(Undo, ShowsTheHourglassWhileItReads) {
   EXPECT_EQ(document.Canvas.MousePointer, Pointer::IBeam);
 }
 
-TEST_F(Undo, WithoutASnapshotItSaysSoAndLeavesTheMap) {
+TEST_F(Undo, AMissingSnapshotIsReported) {
   platform.snapshotFails = true;
   Press(5, 5);
   Press(45, 45);
-  ASSERT_EQ(platform.boxes.size(), 1U);  // told once
+  ASSERT_EQ(platform.boxes.size(), 1U);  // reported once
   const Picture before = Map();
   EXPECT_TRUE(Holds(document.Canvas.Image(), 40, 40, {20, 20}, palette.Picture1.Image()));
   mnuEditUndo_Click(document);
@@ -78,7 +66,7 @@ TEST_F(Undo, WithoutASnapshotItSaysSoAndLeavesTheMap) {
   EXPECT_EQ(Difference(Map(), before), "");
 }
 
-TEST_F(Undo, ASnapshotThatCannotBeReadToItsEndLeavesTheMap) {
+TEST_F(Undo, AnUnreadableSnapshotLeavesTheMap) {
   Press(5, 5);
   Press(45, 45);
   const Picture both = Map();
@@ -89,14 +77,14 @@ TEST_F(Undo, ASnapshotThatCannotBeReadToItsEndLeavesTheMap) {
   EXPECT_NE(platform.boxes[0].text.find("Input/output error"), std::string::npos);
 }
 
-TEST_F(Undo, ASnapshotThatOthersTouchedIsReadAsideFirst) {
+TEST_F(Undo, AModifiedSnapshotIsCheckedBeforeItReplacesTheMap) {
   Press(5, 5);
   const Picture stamped = Map();
   Press(45, 45);
   const Picture both = Map();
   platform.snapshotTouched = true;
   const Bytes whole = platform.snapshot;
-  // Runs that end after the first row, which is known only when all of them have been drawn.
+  // Run lengths that end after the first row.
   BmpMaker maker{.width = both.Width(), .height = both.Height(), .bits = 8, .compression = 1};
   maker.palette = {0x123456};
   maker.data = {200, 0, 0, 0};

@@ -1,16 +1,12 @@
-#include <sys/stat.h>
-
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDropEvent>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMimeData>
 #include <QPushButton>
-#include <QTextFrame>
 #include <QTimer>
 #include <QUrl>
 #include <set>
@@ -23,6 +19,7 @@
 #include "shell/frmText.h"
 #include "shell/widgets/FontDialog.h"
 #include "tests/support/FormFixture.h"
+#include "tests/support/Sample.h"
 
 namespace morvane {
 namespace {
@@ -55,7 +52,7 @@ struct Dialogs : FormFixture {
   }
 };
 
-TEST_F(Dialogs, OptionsStandAtTheirPlacesAndWriteTheFile) {
+TEST_F(Dialogs, OptionsWriteTheSettingsFile) {
   frmOptions dialog(form.document, &window);
   EXPECT_EQ(dialog.windowTitle(), "Options");
   ExpectPlaces(dialog, {409, 230},
@@ -74,7 +71,9 @@ TEST_F(Dialogs, OptionsStandAtTheirPlacesAndWriteTheFile) {
   Click(dialog, "ButtonMapDir");
   Click(dialog, "PaletteButton");
   Click(dialog, "Label5");
-  EXPECT_TRUE(dialog.findChild<QLineEdit*>("TextMapDir")->isReadOnly());
+  const auto* mapDir = dialog.findChild<QLineEdit*>("TextMapDir");
+  EXPECT_TRUE(mapDir->isReadOnly());
+  EXPECT_TRUE(mapDir->toolTip().contains(mapDir->text())) << "the field may be too short";
   EXPECT_EQ(dialog.findChild<QWidget*>("ColorBox")->palette().color(QPalette::Window), Qt::red);
   dialog.findChild<QLineEdit*>("TextMapDir")->setFocus();
   QTest::keyClick(&dialog, Qt::Key_Return);  // no default button
@@ -89,7 +88,7 @@ TEST_F(Dialogs, OptionsStandAtTheirPlacesAndWriteTheFile) {
                                 .toUtf8());
 }
 
-TEST_F(Dialogs, AboutHidesAClick) {
+TEST_F(Dialogs, AboutShowsItsPictureAndHidesATile) {
   frmAbout dialog(platform, &window);
   EXPECT_EQ(dialog.windowTitle(), "About Morvane");
   ExpectPlaces(dialog, {391, 230},
@@ -97,14 +96,14 @@ TEST_F(Dialogs, AboutHidesAClick) {
                 {"Picture1", {343, 114, 20, 20}},
                 {"lblDisclaimer", {12, 168, 279, 55}},
                 {"cmdOK", {299, 200, 82, 23}}});
-  auto* notice = dialog.findChild<QLabel*>("lblDisclaimer");
-  EXPECT_LE(notice->sizeHint().width(), notice->width());
   dialog.show();
-  Click(dialog, "Picture1");
-  Click(dialog, "Picture1");
+  const QImage picture = Shown(*dialog.findChild<QWidget*>("picIcon"));
+  EXPECT_NE(picture.pixel(10, 75), picture.pixel(190, 75));
   Click(dialog, "picIcon");
-  EXPECT_EQ(platform.boxes, (std::vector<SeenBox>(
-                                2, {"You found the secret tile!!", BoxStyle::OkOnly, "Morvane"})));
+  EXPECT_TRUE(platform.boxes.empty());
+  Click(dialog, "Picture1");
+  EXPECT_EQ(platform.boxes.back(),
+            (SeenBox{"You found the secret tile!!", BoxStyle::OkOnly, "Morvane"}));
   EXPECT_TRUE(dialog.isVisible());
   QTest::keyClick(&dialog, Qt::Key_Return);
   EXPECT_FALSE(dialog.isVisible());
@@ -141,7 +140,7 @@ TEST_F(Dialogs, TextKeepsItsFormatBetweenDialogs) {
   auto* box = again.findChild<RichTextBox*>();
   EXPECT_EQ(box->toPlainText(), "plain loud");
   again.show();
-  QTest::keyClick(box, Qt::Key_Escape);  // loses nothing
+  QTest::keyClick(box, Qt::Key_Escape);  // must not discard the text
   EXPECT_TRUE(again.isVisible());
   box->moveCursor(QTextCursor::End);
   const QTextCharFormat format = box->currentCharFormat();
@@ -151,28 +150,19 @@ TEST_F(Dialogs, TextKeepsItsFormatBetweenDialogs) {
   EXPECT_EQ(format.foreground().color(), Qt::red);
 }
 
-TEST_F(Dialogs, TextIsDrawnInFullColoursFromTheTopLeft) {
+TEST_F(Dialogs, TextIsDrawnWithoutAntialiasingFromTheTopLeft) {
   Picture picture(509, 349);
   DrawRichText(
       "<p style='margin:0'><span style='font-size:20pt;color:#ff0000'>Red </span>"
       "<u><span style='font-size:60pt;color:#000000'>Black</span></u></p>",
       picture);
   std::set<Pixel> colors;
-  Rect drawn;
-  for (int y = 0; y < 349; ++y) {
-    for (int x = 0; x < 509; ++x) {
-      const Pixel pixel = picture.Row(y)[x];
-      colors.insert(pixel);
-      if (pixel != PixelOf(kWhite)) drawn = drawn.United({x, y, x + 1, y + 1});
-    }
-  }
+  for (int y = 0; y < 349; ++y) colors.insert(picture.Row(y), picture.Row(y) + 509);
   EXPECT_EQ(colors, (std::set<Pixel>{0xFFFFFFFF, 0xFFFF0000, 0xFF000000}));
-  EXPECT_LT(drawn.left, 5);
-  EXPECT_LT(drawn.top, 40);
-  EXPECT_GT(drawn.right, 200);
+  EXPECT_NE(Cut(picture.View(), {0, 0, 8, 70}), Picture(8, 70, kWhite)) << "at the top left";
 }
 
-TEST_F(Dialogs, PastedTextBringsNothingWithIt) {
+TEST_F(Dialogs, PastedTextLoadsNothingAndKeepsItsFormat) {
   QImage(8, 8, QImage::Format_RGB32).save("picture.png");
   const QString url = "file://" + QDir::current().filePath("picture.png");
   RichTextBox box(nullptr);
@@ -188,20 +178,19 @@ TEST_F(Dialogs, PastedTextBringsNothingWithIt) {
   EXPECT_EQ(box.textCursor().currentList(), nullptr);
 }
 
-TEST_F(Dialogs, PastedTextIsCutToWhatAMapCanShow) {
-  EXPECT_EQ(form.document.pbTempText.ScaleHeight(), kMaxLetterHeight);
+TEST_F(Dialogs, PastedTextIsLimitedToWhatFitsOnAMap) {
   RichTextBox box(nullptr);
   Paste(box, Sized("72pt", "Heading") + Sized("9.75pt", QString("word ").repeated(400)));
   EXPECT_EQ(box.toPlainText().size(), 2007);
   EXPECT_EQ(box.currentCharFormat().fontPointSize(), 9.75);
-  box.moveCursor(QTextCursor::Start);
-  EXPECT_EQ(box.currentCharFormat().fontPointSize(), 72);
-  for (const QString& text : {QString("AM "), QString::fromUtf8("Aم1")}) {
-    box.clear();
-    Paste(box, Sized("30000px", text.repeated(2000)));
-    EXPECT_EQ(box.currentCharFormat().intProperty(QTextFormat::FontPixelSize), kMaxLetterHeight);
-    EXPECT_LT(box.toPlainText().size(), 500);
-  }
+  box.clear();
+  Paste(box, Sized("30000px", QString("AM ").repeated(2000)));
+  EXPECT_EQ(box.currentCharFormat().intProperty(QTextFormat::FontPixelSize), kMaxFontSize);
+  EXPECT_LT(box.toPlainText().size(), 500);
+  box.clear();
+  Paste(box, "<TABLE><tr><td colspan=60000 rowspan=9999>w<b>id</b>e</td></tr>" +
+                 QString("<tr><td>y").repeated(500) + "</table>");
+  EXPECT_EQ(box.toPlainText(), "wide" + QString("\ny").repeated(500));
   box.clear();
   QString sizes;
   for (int i = 0; i < 500; ++i) sizes += Sized(qPrintable(QString("%1pt").arg(8 + i * 0.1)), "a");
@@ -222,42 +211,7 @@ TEST_F(Dialogs, PastedTextIsCutToWhatAMapCanShow) {
   EXPECT_LE(box.currentCharFormat().fontPointSize(), 13);
 }
 
-TEST_F(Dialogs, PastedTablesAndEmptyLinesTakeNoTime) {
-  RichTextBox box(nullptr);
-  QElapsedTimer time;
-  time.start();
-  Paste(box, "<TABLE><tr><td colspan=60000 rowspan=9999>w<b>id</b>e</td></tr>" +
-                 QString("<tr><td>y").repeated(500) + "</table>");
-  EXPECT_EQ(box.toPlainText(), "wide" + QString("\ny").repeated(500));
-  EXPECT_EQ(box.document()->rootFrame()->childFrames().size(), 0);
-  box.clear();
-  Paste(box, "<pre>" + QString(49'000, '\n') + "</pre>");
-  EXPECT_LE(box.document()->blockCount(), 10'000);
-  EXPECT_LT(time.elapsed(), 20'000) << "ms; Qt's own tables take minutes";
-}
-
-TEST_F(Dialogs, CustomPicturesAreChosenByClick) {
-  ASSERT_TRUE(QDir().mkdir("art"));
-  QImage tile(30, 20, QImage::Format_RGB32);
-  tile.fill(Qt::blue);
-  ASSERT_TRUE(tile.save("art/tile.jpg"));
-  ASSERT_EQ(mkfifo("art/pipe.gif", 0600), 0);
-  emit Find<QComboBox>("TileSetSelector")->activated(kCustomSet);
-  auto* folders = Find<QListWidget>("Dir1");
-  emit folders->itemDoubleClicked(folders->currentItem());  // reads the folder again
-  const auto found = folders->findItems("art", Qt::MatchContains);
-  ASSERT_FALSE(found.isEmpty());
-  emit folders->itemDoubleClicked(found.last());
-  auto* files = Find<QListWidget>("File1");
-  ASSERT_EQ(files->count(), 1);  // a pipe is no file to choose
-  QTest::mouseClick(files->viewport(), Qt::LeftButton, {},
-                    files->visualItemRect(files->item(0)).center());
-  EXPECT_EQ(Find<QLabel>("Label5")->text(), "30x20");
-  EXPECT_EQ(Find("Picture1")->size(), QSize(30, 20));
-  EXPECT_TRUE(Find("Canvas")->hasFocus());
-}
-
-TEST_F(Dialogs, OneFileCanBeDroppedOnTheMapOrOnTheList) {
+TEST_F(Dialogs, OneFileCanBeDropped) {
   ASSERT_TRUE(QDir().mkdir("a\xc3\xa4"));
   const std::string path = folder.File("a\xc3\xa4/tile.bmp");
   QImage tile(30, 20, QImage::Format_RGB32);

@@ -7,9 +7,9 @@
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
-  // Listing the tests, as the build does, needs no window system.
+  // The build lists the tests, which must not need a window system.
   if (testing::GTEST_FLAG(list_tests)) return RUN_ALL_TESTS();
-  // Without the dialogs and colours of the desktop that the tests run on, and without its printers.
+  // Independent of the dialogs, colours and printers of the desktop.
   qputenv("QT_QPA_PLATFORMTHEME", "generic");
   qputenv("CUPS_SERVER", "localhost:1");
   morvane::UseWholeScaleFactors();

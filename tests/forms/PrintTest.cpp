@@ -13,7 +13,7 @@
 namespace morvane {
 namespace {
 
-/// A page as paper shows it, at 254 dots to the inch: ten to the millimetre.
+/// The page at 254 dots to the inch, which are ten to the millimetre.
 QImage Paper(const char* pdf) {
   QProcess convert;
   convert.start("pdftoppm", {"-r", "254", "-png", pdf, "page"});
@@ -34,7 +34,7 @@ void ChooseFile(MapPrinter& printer, const std::string& path) {
   printer.ShowSetup(nullptr, "Print Setup");
 }
 
-/// The picture that a page holds, as it was put there.
+/// The picture that is embedded in the page.
 Picture Embedded(const char* pdf) {
   QProcess extract;
   extract.start("pdfimages", {"-png", pdf, "embedded"});
@@ -45,7 +45,7 @@ Picture Embedded(const char* pdf) {
                              image.height(), image.width()});
 }
 
-TEST(Print, TheMapLiesAtTheTopLeftOfOnePageInItsNaturalSize) {
+TEST(Print, PutsTheMapAtTheTopLeftInItsNaturalSize) {
   const StartFolder folder;
   MapPrinter printer;
   ChooseFile(printer, folder.File("map.pdf"));
@@ -67,15 +67,7 @@ TEST(Print, TheMapLiesAtTheTopLeftOfOnePageInItsNaturalSize) {
   EXPECT_LT(red.top(), 100);
 }
 
-TEST(Print, AMapLargerThanThePaperIsCutOffOnOnePage) {
-  const StartFolder folder;
-  MapPrinter printer;
-  ChooseFile(printer, folder.File("map.pdf"));
-  ASSERT_EQ(printer.Print(Picture(2000, 2000, 0x0000FF).View()), "");
-  EXPECT_FALSE(Paper("map.pdf").isNull());
-}
-
-TEST(Print, WithoutAPrinterItNamesPrintSetup) {
+TEST(Print, ReportsAMissingPrinterAndAnUnwritableFile) {
   MapPrinter printer;
   const Failure failure = printer.Print(Picture(10, 10).View());
   EXPECT_NE(failure.find("File > Print Setup"), std::string::npos) << failure;

@@ -41,19 +41,7 @@ TEST(PrivateProfile, SettingAValueLeavesAllOtherLines) {
   EXPECT_EQ(With("[Map]\r\nDir=x\r\n", "Map", "Dir", ""), "[Map]\r\nDir=\r\n");
 }
 
-TEST(PrivateProfile, WhatIsSetIsFoundAgain) {
-  for (const char* text :
-       {"", "[Map]", "[map]\ndir = old", "\xEF\xBB\xBF[MAP]\r\nDir=\"old\"\r\n"}) {
-    for (const char* value : {"", "/a b", " /a ", "\"/a\"", "'", "''", "=[x]", ";"}) {
-      EXPECT_EQ(Value(With(text, "Map", "Dir", value), "Map", "Dir"), value) << text;
-    }
-    for (const char* value : {"/a\nGrid=1", "/a\r"}) {
-      EXPECT_FALSE(WithProfileValue(text, "Map", "Dir", value).Ok());
-    }
-  }
-}
-
-TEST(PrivateProfile, WhatCouldNotBeFoundAgainIsRefusedAndNothingWritten) {
+TEST(PrivateProfile, RefusesValuesThatCouldNotBeReadBack) {
   QtPlatform platform;
   const StartFolder folder;
   for (const std::string& value :
@@ -65,45 +53,6 @@ TEST(PrivateProfile, WhatCouldNotBeFoundAgainIsRefusedAndNothingWritten) {
   EXPECT_NE(settings.Write("Map", "Dir", std::string(100'000, 'x')), "");
   EXPECT_FALSE(QFile::exists("a.ini"));
   EXPECT_FALSE(QFile::exists("Morvane.ini"));
-}
-
-TEST(PrivateProfile, HugeAndBinaryFilesAreReadAndTheirOtherLinesKept) {
-  const StartFolder folder;
-  const std::string path = folder.File("Morvane.ini");
-  std::string noise(7'500'000, 'x');
-  noise[7'000'000] = '\0';
-  std::string between = noise;
-  between.append("\n[Map]\nDir=/old\n").append(noise);
-  for (const std::string& start : {noise, between}) {
-    QFile file("Morvane.ini");
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(start.data(), static_cast<qint64>(start.size()));
-    file.close();
-    QtPlatform platform;
-    ASSERT_EQ(platform.WritePrivateProfileString("Map", "Dir", "/new", path), "");
-    EXPECT_EQ(platform.GetPrivateProfileString("Map", "Dir", "", 2048, path), "/new");
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const std::string end = file.readAll().toStdString();
-    EXPECT_TRUE(end.starts_with(noise));
-    EXPECT_EQ(end.ends_with(noise), start.size() > noise.size());
-  }
-}
-
-TEST(PrivateProfile, LongValuesAreCutToTheBuffer) {
-  const StartFolder folder;
-  QFile file("Morvane.ini");
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write("[Map]\nDir=" + QByteArray(3000, 'x') + "\n[Custom]\nDir=a" +
-             QString(2000, QChar(0xFC)).toUtf8() + "\n");
-  file.close();
-  QtPlatform platform;
-  const std::string path = folder.File("Morvane.ini");
-  EXPECT_EQ(platform.GetPrivateProfileString("Map", "Dir", "", 2048, path).size(), 2047U);
-  const std::string cut = platform.GetPrivateProfileString("Custom", "Dir", "", 2048, path);
-  EXPECT_EQ(cut.size(), 2047U);
-  EXPECT_FALSE(QString::fromStdString(cut).contains(QChar::ReplacementCharacter));
-  EXPECT_EQ(CutText("aü", 2), "a");
-  EXPECT_EQ(platform.GetPrivateProfileString("Map", "Dir", "d", 2048, folder.File("no.ini")), "d");
 }
 
 }  // namespace

@@ -1,124 +1,148 @@
-#include "shell/Thumbnails.h"
+#include "shell/ThumbnailCache.h"
 
 #include <sys/stat.h>
 
+#include <QComboBox>
+#include <QHelpEvent>
 #include <QImage>
-#include <filesystem>
+#include <QLabel>
+#include <QListWidget>
+#include <QToolTip>
 
+#include "shell/widgets/Text.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {
 namespace {
 
-struct ThumbnailFiles : testing::Test {
-  StartFolder folder;
-  Thumbnails thumbnails;
+bool HasFinished() {
+  constexpr int kTimeout = 30'000;  // ms, for the sanitizers
+  return QTest::qWaitFor([] { return !ThumbnailCache::AreBeingMade(); }, kTimeout);
+}
 
-  ~ThumbnailFiles() override {
-    EXPECT_TRUE(Waited([] { return !Thumbnails::AreBeingMade(); }));
-  }
+/// A picture in a text format, which decodes slowly.
+void MakeSlowPicture(const char* name) {
+  QFile file(name);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("P2\n4000 4000\n9\n" + QByteArray("1\n").repeated(16'000'000));
+}
 
-  static bool Waited(const std::function<bool()>& condition) {
-    constexpr int kLong = 30'000;  // ms, for the sanitizers
-    return QTest::qWaitFor(condition, kLong);
-  }
-  std::string MakePicture(const char* name, int side) const {
-    QImage picture(side, side, QImage::Format_RGB32);
-    picture.fill(Qt::red);
-    EXPECT_TRUE(picture.save(name));
-    return folder.File(name);
-  }
-  /// A picture written in digits, a line for each pixel, so that decoding takes long.
-  std::string MakeSlowPicture(const char* name) const {
-    QFile file(name);
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("P2\n4000 4000\n9\n" + QByteArray("1\n").repeated(16'000'000));
-    return folder.File(name);
-  }
-  bool IsMade(const std::string& path, int zoom) const {
-    const Thumbnail* made = thumbnails.Of(path);
-    return made != nullptr && made->large.devicePixelRatio() == zoom;
-  }
-};
+void MakePicture(const QString& name, const QSize& size, const QColor& color) {
+  QImage picture(size, QImage::Format_RGB32);
+  picture.fill(color);
+  ASSERT_TRUE(picture.save(name));
+}
 
-TEST_F(ThumbnailFiles, AreReducedOrKeepSharpPixels) {
-  const std::atomic<bool> isGivenUp = false;
+TEST(Thumbnail, IsReducedOrKeepsSharpPixels) {
+  const StartFolder folder;
+  const auto read = [&](const char* name, int zoom) {
+    return ReadThumbnail(folder.File(name), zoom, false);
+  };
   QImage picture(20, 10, QImage::Format_ARGB32);
   for (int x = 0; x < 20; ++x) {
     for (int y = 0; y < 10; ++y) picture.setPixel(x, y, x == 0 ? 0 : qRgb(x * 9, y * 20, 7));
   }
   struct Row {
-    int width, zoom, small, large;  // in pixels of the display
+    int width, zoom, small, large;  // in physical pixels
   };
   for (const Row& row : {Row{10, 2, 20, 20}, Row{20, 1, 16, 20}, Row{20, 2, 32, 40},
                          Row{200, 2, 32, 240}, Row{500, 1, 16, 120}, Row{500, 2, 32, 240}}) {
     const QSize size(row.width, row.width / 2);
     ASSERT_TRUE(picture.scaled(size).save("a.png"));
-    const Thumbnail thumbnail = ReadThumbnail(folder.File("a.png"), row.zoom, isGivenUp);
+    const Thumbnail thumbnail = read("a.png", row.zoom);
     EXPECT_EQ(thumbnail.size, size);
     EXPECT_EQ(thumbnail.small.width(), row.small) << row.width << " at " << row.zoom;
     EXPECT_EQ(thumbnail.large.width(), row.large) << row.width << " at " << row.zoom;
   }
   ASSERT_TRUE(picture.save("a.png"));
-  const QImage twice = ReadThumbnail(folder.File("a.png"), 2, isGivenUp).large;
+  const QImage enlarged = read("a.png", 2).large;
   for (int x = 0; x < 40; ++x) {
     for (int y = 0; y < 20; ++y) {
-      ASSERT_EQ(twice.pixel(x, y), x < 2 ? qRgb(255, 255, 255) : picture.pixel(x / 2, y / 2));
+      ASSERT_EQ(enlarged.pixel(x, y), x < 2 ? qRgb(255, 255, 255) : picture.pixel(x / 2, y / 2));
     }
   }
-  ASSERT_TRUE(picture.scaled(1000, 500).save("b.jpg"));
-  QFile file("b.jpg");
-  ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-  QByteArray onItsSide = file.readAll();
-  onItsSide.insert(2, QByteArray::fromHex("ffe10022457869660000"
-                                          "4d4d002a00000008"
-                                          "0001011200030000000100060000"
-                                          "00000000"));
-  ASSERT_TRUE(file.seek(0) && file.write(onItsSide) == onItsSide.size());
-  file.close();
-  const Thumbnail upright = ReadThumbnail(folder.File("b.jpg"), 1, isGivenUp);
-  EXPECT_EQ(upright.size, QSize(500, 1000));
-  EXPECT_EQ(upright.large.size(), QSize(60, 120));
-  EXPECT_TRUE(ReadThumbnail(folder.File("b.jpg"), 1, true).size.isEmpty());
   ASSERT_TRUE(QImage(6000, 5000, QImage::Format_Mono).save("large.bmp"));
-  ASSERT_TRUE(QImage(6000, 5000, QImage::Format_Mono).save("large.png"));
-  for (const char* large : {"large.bmp", "large.png"}) {
-    EXPECT_TRUE(ReadThumbnail(folder.File(large), 1, isGivenUp).size.isEmpty()) << large;
-  }
   ASSERT_EQ(mkfifo("pipe.bmp", 0600), 0);
-  EXPECT_TRUE(ReadThumbnail(folder.File("pipe.bmp"), 1, isGivenUp).size.isEmpty());
+  for (const char* name : {"large.bmp", "pipe.bmp"}) EXPECT_TRUE(read(name, 1).size.isEmpty());
+  EXPECT_TRUE(ReadThumbnail(folder.File("a.png"), 1, true).size.isEmpty());
 }
 
-TEST_F(ThumbnailFiles, OfAWholeListStayInTheCacheAtEachZoom) {
-  constexpr int kRows = 14;
-  std::deque<std::string> paths = {MakePicture("0.jpg", 800)};
-  for (int row = 1; row < kRows; ++row) {
-    paths.push_back(folder.File((std::to_string(row) + ".jpg").c_str()));
-    std::filesystem::create_hard_link(paths.front(), paths.back());
-  }
-  for (const int zoom : {1, 4, 2}) {
-    thumbnails.Want(paths, zoom);
-    EXPECT_TRUE(Waited([] { return !Thumbnails::AreBeingMade(); }));
-    for (const std::string& path : paths) EXPECT_TRUE(IsMade(path, zoom)) << path << " at " << zoom;
-  }
-  thumbnails.Clear();
-  EXPECT_EQ(thumbnails.Of(paths.front()), nullptr);
+TEST(Thumbnail, OfASlowPictureIsAbandoned) {
+  const StartFolder folder;
+  MakeSlowPicture("slow.pgm");
+  MakePicture("quick.png", {20, 20}, Qt::red);
+  ThumbnailCache thumbnails;
+  thumbnails.Request({folder.File("slow.pgm")}, 1);
+  thumbnails.Request({folder.File("quick.png")}, 4);  // the slow one is no longer visible
+  EXPECT_TRUE(HasFinished());
+  ASSERT_NE(thumbnails.Of(folder.File("quick.png")), nullptr);
+  EXPECT_EQ(thumbnails.Of(folder.File("quick.png"))->large.devicePixelRatio(), 4);
+  EXPECT_EQ(thumbnails.Of(folder.File("slow.pgm")), nullptr);
+  ThumbnailCache impatient(std::chrono::milliseconds(1));
+  impatient.Request({folder.File("slow.pgm")}, 1);
+  EXPECT_TRUE(HasFinished());
+  ASSERT_NE(impatient.Of(folder.File("slow.pgm")), nullptr);
+  EXPECT_TRUE(impatient.Of(folder.File("slow.pgm"))->size.isEmpty());
 }
 
-TEST_F(ThumbnailFiles, OfSlowPicturesAreAbandoned) {
-  const std::string slow = MakeSlowPicture("slow.pgm");
-  const std::string quick = MakePicture("quick.png", 20);
-  thumbnails.Want({slow}, 1);
-  // Scrolled out of view.
-  thumbnails.Want({quick}, 1);
-  EXPECT_TRUE(Waited([] { return !Thumbnails::AreBeingMade(); }));
-  EXPECT_TRUE(IsMade(quick, 1));
-  EXPECT_EQ(thumbnails.Of(slow), nullptr);
-  Thumbnails impatient(std::chrono::milliseconds(1));
-  impatient.Want({slow, slow, slow}, 1);
-  EXPECT_TRUE(Waited([] { return !Thumbnails::AreBeingMade(); }));
-  ASSERT_NE(impatient.Of(slow), nullptr);
-  EXPECT_TRUE(impatient.Of(slow)->size.isEmpty());
+struct CustomFiles : FormFixture {
+  QListWidget* list = Find<QListWidget>("File1");
+
+  QStringList Rows() const {
+    QStringList rows;
+    for (int i = 0; i < list->count(); ++i) rows << list->item(i)->text();
+    return rows;
+  }
+  QPoint PlaceOf(int row) const {
+    return list->visualItemRect(list->item(row)).topLeft() + QPoint(11, 9);
+  }
+  QString ToolTipAt(int row) const {
+    QHelpEvent ask(QEvent::ToolTip, PlaceOf(row), list->viewport()->mapToGlobal(PlaceOf(row)));
+    QApplication::sendEvent(list->viewport(), &ask);
+    return QToolTip::isVisible() ? QToolTip::text() : QString();
+  }
+  QColor PixelAt(int row) const { return Shown(*list->viewport()).pixelColor(PlaceOf(row)); }
+  void ClickRow(int row) const {
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, PlaceOf(row));
+  }
+};
+
+TEST_F(CustomFiles, AreListedWithThumbnailsAndToolTips) {
+  const QString longName = QString(200, 'n') + "<b>.bmp";
+  MakePicture(longName, {64, 48}, Qt::red);
+  MakePicture("tile10.png", {9, 9}, Qt::red);
+  ASSERT_TRUE(QDir().mkdir("art"));
+  MakePicture("art/a & %2.bmp", {64, 48}, Qt::red);
+  QFile::rename("tile10.png", "tile10.gif");  // the extension doesn't matter
+  for (const char* name : {"Tile2.GIF", "notes.txt"}) {
+    ASSERT_TRUE(QFile(name).open(QIODevice::WriteOnly));
+  }
+  ASSERT_EQ(mkfifo("art/pipe.gif", 0600), 0);
+  auto* sets = Find<QComboBox>("TileSetSelector");
+  emit sets->activated(kCustomSet);
+  EXPECT_EQ(Rows(), (QStringList{longName, "Tile2.GIF", "tile10.gif"}));
+  EXPECT_TRUE(QTest::qWaitFor([this] { return PixelAt(0) == Qt::red; }));
+  EXPECT_TRUE(HasFinished());
+  EXPECT_EQ(PixelAt(1), Qt::white) << "not a picture";
+  EXPECT_TRUE(ToolTipAt(0).contains(longName.toHtmlEscaped()));
+  ClickRow(1);
+  auto* status = Find<QLabel>("SimpleText");
+  EXPECT_TRUE(status->text().startsWith("Tile2.GIF can't be used as a tile"));
+
+  auto* folders = Find<QListWidget>("Dir1");
+  EXPECT_EQ(folders->currentItem()->data(Qt::AccessibleDescriptionRole).toString(),
+            QDir::currentPath());
+  emit folders->itemDoubleClicked(folders->findItems("art", Qt::MatchContains).last());
+  EXPECT_EQ(Rows(), QStringList("a & %2.bmp")) << "a pipe isn't listed";
+  EXPECT_TRUE(
+      QTest::qWaitFor([this] { return ToolTipAt(0).endsWith("a &amp; %2.bmp, 64 x 48</div>"); }));
+  ClickRow(0);
+  EXPECT_EQ(Find<QLabel>("Label5")->text(), "64x48");
+  EXPECT_EQ(status->text(), "Custom tile selected: a & %2.bmp");
+  EXPECT_TRUE(Find("Canvas")->hasFocus());
+  MakePicture("art/a & %2.bmp", {64, 48}, Qt::blue);
+  emit sets->activated(kCustomSet);  // reads the folder again
+  EXPECT_TRUE(QTest::qWaitFor([this] { return PixelAt(0) == Qt::blue; }));
 }
 
 }  // namespace

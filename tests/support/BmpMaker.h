@@ -17,7 +17,7 @@ inline void Append32(Bytes& bytes, std::uint32_t value) {
   Append16(bytes, value >> 16U);
 }
 
-/// Puts BMP files of every form together, sound and unsound ones.
+/// Builds BMP files of every form, also malformed ones.
 struct BmpMaker {
   std::uint32_t header = 40;
   int width = 1;

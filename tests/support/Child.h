@@ -24,17 +24,17 @@
 
 namespace morvane {
 
-/// How a process ends that couldn't set its fault up.
+/// The exit code of a child that couldn't prepare its test.
 constexpr int kCannot = 77;
 
-/// Starts a process of its own for a check. It fails where an expectation failed, and is ended by
-/// the system if it hangs.
+/// Runs a check in a child process, whose exit code is 0 if every expectation holds. A child that
+/// hangs is killed.
 inline pid_t StartChild(const std::function<void()>& check) {
-  constexpr unsigned kMostSeconds = 60;
+  constexpr unsigned kMaxSeconds = 60;
   std::fflush(nullptr);
   const pid_t child = fork();
   if (child != 0) return child;
-  alarm(kMostSeconds);
+  alarm(kMaxSeconds);
   check();
   std::fflush(nullptr);
   _exit(testing::Test::HasFailure() ? 1 : 0);
@@ -51,14 +51,14 @@ inline int RunInChild(const std::function<void()>& check) {
   return WaitFor(StartChild(check));
 }
 
-/// In a child: modes of files hold for this user.
+/// In a child: gives up root, which ignores the modes of files.
 inline void BecomeOrdinaryUser() {
   constexpr id_t kNobody = 65534;
   if (geteuid() != 0) return;
   if (setgroups(0, nullptr) != 0 || setgid(kNobody) != 0 || setuid(kNobody) != 0) _exit(kCannot);
 }
 
-/// In a child: a disk of its own of some bytes, which is gone with the process.
+/// In a child: mounts a disk in memory, which ends with the process.
 inline void MountSmallDisk(const std::string& folder, std::size_t bytes) {
   const uid_t user = geteuid();
   const gid_t group = getegid();
@@ -68,7 +68,7 @@ inline void MountSmallDisk(const std::string& folder, std::size_t bytes) {
     std::ofstream("/proc/self/uid_map") << user << ' ' << user << " 1";
     std::ofstream("/proc/self/gid_map") << group << ' ' << group << " 1";
   }
-  // Within a changed root no path leads to the root of the mounts. Entering them once more does.
+  // In a chroot, entering the namespace again leads to the root of the mounts.
   const int root = open("/", O_PATH | O_CLOEXEC);
   const int mounts = open("/proc/self/ns/mnt", O_RDONLY | O_CLOEXEC);
   const std::string size = "size=" + std::to_string(bytes);
@@ -79,20 +79,19 @@ inline void MountSmallDisk(const std::string& folder, std::size_t bytes) {
   }
 }
 
-/// In a child: the whole editor with a user, started in a new folder below TMPDIR.
+/// In a child: the editor in its window, started in a new folder below TMPDIR.
 struct Session {
   struct Application : QApplication {
     Application(int& count, char** arguments) : QApplication(count, arguments) {
       setStyle(new FocusStyle);
-      // As in the program: dialogs of Qt would write into the home folder.
+      // As in the program, so that Qt's dialogs write nothing into the home folder.
       QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
     }
   };
   struct Window : FormFixture {
     void TestBody() override {}
     Picture Map() const { return Picture(form.document.Canvas.Image()); }
-    void Close() { window.close(); }
-    /// The one message since the last time; a failure where there were more or none.
+    /// The only message since the last call.
     std::string OneBox() {
       EXPECT_EQ(platform.boxes.size(), 1U);
       const std::string text = platform.boxes.empty() ? "" : platform.boxes.back().text;
@@ -112,13 +111,13 @@ struct Session {
   Window editor;
 };
 
-/// All that lies in a folder, hidden files too.
+/// The names in a folder, with hidden files.
 inline std::string NamesIn(const std::string& folder) {
   QDir::Filters all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
   return QDir(QString::fromStdString(folder)).entryList(all).join(' ').toStdString();
 }
 
-/// The map in a file; an empty picture and a failure where it can't be read.
+/// The map in a file. The test fails if it can't be read.
 inline Picture MapIn(const std::string& path) {
   QtPlatform platform;
   Result<LoadedPicture> map = LoadPicture(platform, path);

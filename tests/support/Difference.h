@@ -7,7 +7,7 @@
 
 namespace morvane {
 
-/// Where two pictures differ, in words; empty where they are the same.
+/// A description of how two pictures differ; empty if they are equal.
 inline std::string Difference(const PictureView& one, const PictureView& other) {
   char text[160];
   if (one.width != other.width || one.height != other.height) {

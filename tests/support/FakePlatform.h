@@ -16,7 +16,7 @@
 
 namespace morvane {
 
-/// A message box as the user saw it.
+/// A message box that was shown.
 struct SeenBox {
   std::string text;
   BoxStyle style;
@@ -24,12 +24,12 @@ struct SeenBox {
   friend bool operator==(const SeenBox&, const SeenBox&) = default;
 };
 
-/// Answers to the next dialogs, and what was asked.
+/// The answers to the next dialogs, and a record of the dialogs.
 struct DialogScript {
-  std::deque<Answer> answers;           ///< Ok when none is left
-  std::deque<std::string> chosenFiles;  ///< files and folders; a cancel when none is left
-  std::deque<std::string> typedTexts;   ///< rich texts; a cancel when none is left
-  std::deque<std::uint32_t> colors;     ///< a cancel when none is left
+  std::deque<Answer> answers;           ///< Ok if empty
+  std::deque<std::string> chosenFiles;  ///< files and folders; canceled if empty
+  std::deque<std::string> typedTexts;   ///< rich texts; canceled if empty
+  std::deque<std::uint32_t> colors;     ///< canceled if empty
   std::vector<SeenBox> boxes;
   std::vector<FileDialog> dialogs;
   std::vector<std::string> titles;  ///< of folder and printer dialogs
@@ -63,15 +63,14 @@ struct DialogScript {
   }
 };
 
-/// A desktop in memory.
+/// A platform in memory, with scripted dialogs.
 class FakePlatform : public Platform, public DialogScript {
  public:
   std::map<std::string, Bytes> files;
   std::set<std::string> folders = {"/", "/start", "/maps", "/custom", "/custom/more"};
   std::map<std::string, std::string> settings;  ///< by "section/key"
-  std::set<std::string> unwritable;             ///< beginnings of paths
-  std::map<std::string, Picture> drawnTexts;    ///< what each rich text looks like
-  std::string profilePath;                      ///< of the last setting that was used
+  std::set<std::string> unwritable;             ///< prefixes of paths
+  std::map<std::string, Picture> drawnTexts;    ///< the picture of each rich text
   bool snapshotFails = false;
   bool memoryIsFull = false;
   bool snapshotTouched = false;
@@ -81,13 +80,12 @@ class FakePlatform : public Platform, public DialogScript {
   int foldersRead = 0;
   Bytes snapshot;
   std::vector<std::string> rescueNotes;
-  bool takesNotes = true;
   Bytes leftover;  ///< of an earlier run
   std::string leftoverFolder = "/start";
   Failure printFailure;
   std::vector<Picture> printed;
   std::function<void()> onShowState;
-  std::function<void()> onNextBox;  ///< while the next message box is open
+  std::function<void()> onNextBox;  ///< called while the next message box is open
 
   void ShowState() override {
     if (onShowState) onShowState();
@@ -106,8 +104,8 @@ class FakePlatform : public Platform, public DialogScript {
     return Opened(std::make_unique<OwnedBytes>(files[path]));
   }
   Failure WriteFile(const std::string& path, ByteSource& content) override {
-    for (const std::string& beginning : unwritable) {
-      if (path.starts_with(beginning)) return "No space left on device";
+    for (const std::string& prefix : unwritable) {
+      if (path.starts_with(prefix)) return "No space left on device";
     }
     files[path] = ReadAll(content).Value();
     return {};
@@ -128,9 +126,7 @@ class FakePlatform : public Platform, public DialogScript {
     return WriteFile(path, content).empty() ? NewFileOutcome::Done : NewFileOutcome::Failed;
   }
   std::vector<std::string> RescueFolders() override { return {"/home", "/tmp"}; }
-  void NoteRescueCopy(const std::string& path) override {
-    if (takesNotes) rescueNotes.push_back(path);
-  }
+  void NoteRescueCopy(const std::string& path) override { rescueNotes.push_back(path); }
   std::vector<std::string> RescueNotes() override { return rescueNotes; }
   void DeleteRescueNotes(const std::vector<std::string>& paths) override {
     for (const std::string& path : paths) std::erase(rescueNotes, path);
@@ -138,8 +134,7 @@ class FakePlatform : public Platform, public DialogScript {
   std::vector<std::unique_ptr<Leftover>> FindLeftovers() override;
   std::string GetPrivateProfileString(const std::string& section, const std::string& key,
                                       const std::string& dv, std::size_t,
-                                      const std::string& path) override {
-    profilePath = path;
+                                      const std::string& /*path*/) override {
     const auto found = settings.find(section + "/" + key);
     return found == settings.end() ? dv : found->second;
   }
@@ -207,7 +202,7 @@ class FakeLeftover : public Leftover {
   }
   std::time_t WrittenAt() const override { return 1'000'000'000; }
   NewFileOutcome MoveTo(const std::string& path) override {
-    // Like a rename: within a volume only.
+    // As a rename, it works only within a volume.
     if (!path.starts_with(platform_.leftoverFolder)) return NewFileOutcome::Failed;
     const NewFileOutcome placing = platform_.WriteNewFile(path, *this);
     if (placing == NewFileOutcome::Done) platform_.leftover.clear();

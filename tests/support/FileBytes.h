@@ -29,7 +29,7 @@ class OwnedBytes : public ByteSource {
     return source_.ReadAt(place, buffer);
   }
 
-  std::size_t readable = static_cast<std::size_t>(-1);  ///< bytes; the disk is damaged behind them
+  std::size_t readable = static_cast<std::size_t>(-1);  ///< bytes; reading beyond them fails
 
  private:
   Bytes bytes_;

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolBar>
 #include <deque>
 #include <filesystem>
 #include <new>
@@ -19,7 +20,7 @@
 
 namespace morvane {
 
-/// The real platform, but dialogs are answered by a script.
+/// The real platform with scripted dialogs.
 class ScriptedPlatform : public QtPlatform, public DialogScript {
  public:
   Answer MsgBox(const std::string& text, BoxStyle style, const std::string& title) override {
@@ -33,12 +34,16 @@ class ScriptedPlatform : public QtPlatform, public DialogScript {
   std::string ShowSave(const FileDialog& dialog) override { return File(dialog); }
   std::string BrowseForFolder(const std::string& title) override { return Folder(title); }
   void ShowColor(std::uint32_t& color) override { Color(color); }
+  Failure Print(const PictureView& /*picture*/) override {
+    ++prints;
+    return {};
+  }
 
-  bool memoryRunsOut = false;  ///< while a map is chosen
+  int prints = 0;
+  bool memoryRunsOut = false;  ///< in the Open dialog
 };
 
-/// A folder of its own as the current directory, and another one for what outlives a run that is
-/// killed, as long as it lives.
+/// Temporary folders as current directory and for private files.
 class StartFolder {
  public:
   StartFolder() {
@@ -50,7 +55,7 @@ class StartFolder {
   ~StartFolder() {
     QDir::setCurrent(before_);
     qunsetenv("XDG_STATE_HOME");
-    // QTemporaryDir leaves names that aren't UTF-8.
+    // QTemporaryDir doesn't delete names that aren't UTF-8.
     std::error_code none;
     std::filesystem::remove_all(folder_.path().toStdString(), none);
   }
@@ -62,7 +67,7 @@ class StartFolder {
   QTemporaryDir state_;
 };
 
-/// What a widget shows in its own pixels, whatever the display's are.
+/// A screenshot of a widget in logical pixels.
 inline QImage Shown(QWidget& widget) {
   QImage shown(widget.size(), QImage::Format_RGB32);
   const QImage fine = widget.grab().toImage();
@@ -73,7 +78,7 @@ inline QImage Shown(QWidget& widget) {
   return shown;
 }
 
-/// The real main window, started in a folder of its own.
+/// The real main window, started in a temporary folder.
 struct FormFixture : testing::Test {
   StartFolder folder;
   ScriptedPlatform platform;
@@ -94,11 +99,18 @@ struct FormFixture : testing::Test {
   }
   QWidget* Client() { return window.centralWidget(); }
 
-  /// A press at a pixel of the map.
+  /// Clicks a pixel of the map.
   void Press(int x, int y, Qt::MouseButton button = Qt::LeftButton) {
     QTest::mouseClick(Find("Canvas"), button, {}, {x + 2, y + 2});
   }
+  void Click(const char* control) { QTest::mouseClick(Find(control), Qt::LeftButton); }
   void Choose(const char* menuEntry) { Find<QAction>(menuEntry)->trigger(); }
+  /// A button of the tool bar by its key.
+  QWidget* Tool(const char* key) {
+    auto* bar = Find<QToolBar>("tbToolBar");
+    return bar->widgetForAction(bar->findChild<QAction*>(key));
+  }
+  void ClickTool(const char* key) { QTest::mouseClick(Tool(key), Qt::LeftButton); }
   void NewMap() {
     platform.answers.push_back(Answer::Yes);
     Choose("mnuFileNew");

@@ -2,21 +2,22 @@
 
 #include <algorithm>
 
+#include "document/picture/Transform.h"
 #include "tests/support/Sample.h"
 
 namespace morvane {
 
-/// The editor told once more, as plainly as the rules are: full scans, one pixel at a time, no
-/// sharing between modes. Slow, and a second opinion on every pixel of the map.
+/// A simple and slow second implementation of the editor's rules: it searches the whole grid,
+/// copies pixel by pixel and shares no code between the modes.
 struct ReferenceModel {
   const TilePictures& art;
   Size box{619, 487};  ///< of the map with its border
   Picture map{615, 483, kWhite};
-  Picture behind;  ///< what a growing map finds beyond its edge; white elsewhere
+  Picture reserve;  ///< what becomes visible when the map grows; white elsewhere
   Picture blank{619, 487, kWhite};
   Picture undo{613, 480, kWhite};
   Picture stamp;   ///< at its own size
-  Picture source;  ///< what was last assigned as the stamp's picture
+  Picture source;  ///< the picture that was last assigned to the stamp
   Picture custom;
   Size outline{20, 20};
   int set = 0;
@@ -52,21 +53,21 @@ struct ReferenceModel {
 
   void Undo() { Load(undo); }
 
-  /// A picture takes the place of the map.
+  /// Replaces the map with a picture.
   void Load(const Picture& picture) {
-    behind = Picture();
+    reserve = Picture();
     map = Grown(picture, Inside());
   }
 
-  /// The inside of the window has a new size. A side that would be negative stays.
+  /// Resizes the inside of the window. A side of the map that would be negative doesn't change.
   void Resize(int width, int height, bool statusBar) {
     const Size wanted = {width - 168, height - 28 - (statusBar ? 22 : 4)};
     if (wanted.width >= 0) box.width = wanted.width;
     if (wanted.height >= 0) box.height = wanted.height;
     Picture grown(std::max(map.Width(), Inside().width), std::max(map.Height(), Inside().height),
                   kWhite);
-    Lay(behind, grown);
-    Lay(map, grown);
+    CopyRows(reserve, grown);
+    CopyRows(map, grown);
     map = grown;
     blank = Grown(blank, box);
   }
@@ -87,11 +88,11 @@ struct ReferenceModel {
     };
     const Size ahead = {1428, 1164};
     map = paper(Inside(), Inside(), ahead);
-    behind = grid ? paper(ahead, {}, ahead) : Picture();
+    reserve = grid ? paper(ahead, {}, ahead) : Picture();
     blank = paper(box, box, box);
   }
 
-  /// A picture file becomes the stamp; a preview is how it looks beside the buttons.
+  /// A picture file becomes the stamp; the preview is shown beside the buttons.
   void PickFile(const Picture& picture, const Picture& preview) {
     custom = picture;
     stamp = preview;
@@ -105,25 +106,30 @@ struct ReferenceModel {
     Draw(true, block, X - 2, Y - 8, block.Width(), block.Height(), &key);
   }
 
-  /// where tells the place of pixel (x, y) of a picture of W by H.
-  template <typename Where>
-  void Turn(bool exchangesSides, Where where) {
+  void Turn(Transform transform) {
     for (Picture* picture : {&stamp, &custom}) {
       if (picture == &custom && set != 4) continue;
-      const int W = picture->Width();
-      const int H = picture->Height();
-      Picture turned(exchangesSides ? H : W, exchangesSides ? W : H);
-      for (int y = 0; y < H; ++y) {
-        for (int x = 0; x < W; ++x) {
-          const auto [toX, toY] = where(x, y, W, H);
-          turned.Row(toY)[toX] = picture->Row(y)[x];
-        }
-      }
-      *picture = turned;
-      outline = {turned.Width(), turned.Height()};
+      *picture = Turned(*picture, transform);
+      outline = {picture->Width(), picture->Height()};
     }
     source = stamp;
     wall = door = false;
+  }
+
+  static Picture Turned(const Picture& picture, Transform transform) {
+    const int W = picture.Width();
+    const int H = picture.Height();
+    Picture turned(IsFlip(transform) ? W : H, IsFlip(transform) ? H : W);
+    for (int y = 0; y < H; ++y) {
+      for (int x = 0; x < W; ++x) {
+        const Pixel pixel = picture.View().Row(y)[x];
+        if (transform == Transform::FlipHorizontal) turned.Row(y)[W - 1 - x] = pixel;
+        if (transform == Transform::FlipVertical) turned.Row(H - 1 - y)[x] = pixel;
+        if (transform == Transform::RotateRight) turned.Row(x)[H - 1 - y] = pixel;
+        if (transform == Transform::RotateLeft) turned.Row(W - 1 - x)[y] = pixel;
+      }
+    }
+    return turned;
   }
 
   void Paint(bool press, int button, int X, int Y) {
@@ -139,8 +145,7 @@ struct ReferenceModel {
   Size Inside() const { return {std::max(0, box.width - 4), std::max(0, box.height - 4)}; }
 
  private:
-  /// Rows are laid whole, for time.
-  static void Lay(const Picture& from, Picture& onto) {
+  static void CopyRows(const Picture& from, Picture& onto) {
     const int width = std::min(from.Width(), onto.Width());
     for (int y = 0; y < std::min(from.Height(), onto.Height()); ++y) {
       std::copy_n(from.View().Row(y), width, onto.Row(y));
@@ -150,7 +155,7 @@ struct ReferenceModel {
   static Picture Grown(const Picture& from, Size least) {
     Picture grown(std::max(from.Width(), least.width), std::max(from.Height(), least.height),
                   kWhite);
-    Lay(from, grown);
+    CopyRows(from, grown);
     return grown;
   }
 

@@ -10,7 +10,7 @@
 
 namespace morvane {
 
-/// A picture in which every pixel has a colour of its own; seeds make pictures differ.
+/// A picture whose pixels all have different colours, which depend on the seed.
 inline Picture Speckled(int width, int height, unsigned seed = 1) {
   Picture picture(width, height);
   for (int y = 0; y < height; ++y) {
@@ -34,13 +34,13 @@ inline Picture Cut(const PictureView& view, const Rect& rect) {
   return picture;
 }
 
-/// Whether the map holds a picture's top left part at a place.
+/// Whether the map shows the top left part of a picture at a place.
 inline bool Holds(const PictureView& map, int x, int y, Size size, const PictureView& picture) {
   return Cut(map, {x, y, x + size.width, y + size.height}) ==
          Cut(picture, {0, 0, size.width, size.height});
 }
 
-/// The editor as it stands after start, laid out in a window of the designed size.
+/// The editor after its start, in a window of the designed size.
 struct Editor {
   FakePlatform platform;
   MainForm form{platform, &SpeckledSheet};
