@@ -1,6 +1,7 @@
 #pragma once
 
-#include <cstdio>
+#include <ios>
+#include <sstream>
 #include <string>
 
 #include "document/picture/Picture.h"
@@ -9,30 +10,24 @@ namespace morvane {
 
 /// A description of how two pictures differ; empty if they are equal.
 inline std::string Difference(const PictureView& one, const PictureView& other) {
-  char text[160];
+  std::ostringstream text;
   if (one.width != other.width || one.height != other.height) {
-    std::snprintf(text, sizeof text, "%d x %d is not %d x %d", one.width, one.height, other.width,
-                  other.height);
-    return text;
+    text << one.width << " x " << one.height << " is not " << other.width << " x " << other.height;
+    return text.str();
   }
   Rect rect;
-  int count = 0;
-  std::string first;
   for (int y = 0; y < one.height; ++y) {
     for (int x = 0; x < one.width; ++x) {
-      if (one.Row(y)[x] == other.Row(y)[x]) continue;
-      if (count++ == 0) {
-        std::snprintf(text, sizeof text, "first at (%d, %d): %08X is not %08X", x, y, one.Row(y)[x],
-                      other.Row(y)[x]);
-        first = text;
-      }
+      const Pixel pixel = one.Row(y)[x];
+      if (pixel == other.Row(y)[x]) continue;
+      if (rect.IsEmpty()) text << std::hex << pixel << " is not " << other.Row(y)[x] << std::dec;
+      if (rect.IsEmpty()) text << " at (" << x << ", " << y << "), the first of those in (";
       rect = rect.United({x, y, x + 1, y + 1});
     }
   }
-  if (count == 0) return {};
-  std::snprintf(text, sizeof text, "%d pixels in (%d, %d) to (%d, %d), ", count, rect.left,
-                rect.top, rect.right - 1, rect.bottom - 1);
-  return text + first;
+  if (rect.IsEmpty()) return {};
+  text << rect.left << ", " << rect.top << ") to (" << rect.right << ", " << rect.bottom << ')';
+  return text.str();
 }
 
 inline std::string Difference(const Picture& one, const Picture& other) {

@@ -1,14 +1,15 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 
 #include "document/picture/Transform.h"
 #include "tests/support/Sample.h"
 
 namespace morvane {
 
-/// A simple and slow second implementation of the editor's rules: it searches the whole grid,
-/// copies pixel by pixel and shares no code between the modes.
+/// A simple and slow second implementation of the editor's rules: it works with remainders, copies
+/// pixel by pixel and holds all that a user sees.
 struct ReferenceModel {
   const TilePictures& art;
   Size box{619, 487};  ///< of the map with its border
@@ -19,20 +20,36 @@ struct ReferenceModel {
   Picture stamp;   ///< at its own size
   Picture source;  ///< the picture that was last assigned to the stamp
   Picture custom;
-  Size outline{20, 20};
+  Outline outline;
   int set = 0;
-  bool wall = false;
-  bool door = false;
+  std::array<int, kBuiltInSets> pages = {1, 1, 1, 1};
+  Mode mode = Mode::Tile;
+  std::string tile = "Floor";
+  std::string dimensions;
+  std::string status;
+  bool canUndo = false;
+  bool undoButton = true;
 
   explicit ReferenceModel(const TilePictures& pictures)
       : art(pictures), stamp(art.Of(*FindItem("pbfloor"))), source(stamp) {}
 
   void Pick(const Item& item) {
     source = art.Of(item);
-    const Size size = StampSize(item);
-    stamp = Cut(source.View(), {0, 0, size.width, size.height});
-    outline = size;
-    wall = door = false;
+    const bool isSmaller = item.set == 2;  // "TSR Original"
+    stamp = Cut(source.View(), {0, 0, source.Width() - isSmaller, source.Height() - isSmaller});
+    tile = item.caption;
+    dimensions.clear();
+    Choose(stamp, tile + " tile selected");
+  }
+
+  /// A picture file becomes the stamp; the preview is shown beside the buttons.
+  void PickFile(const std::string& name, const Picture& picture, const Picture& preview) {
+    custom = picture;
+    stamp = preview;
+    if (preview == picture) source = picture;
+    tile = name;
+    dimensions = std::to_string(picture.Width()) + "x" + std::to_string(picture.Height());
+    Choose(picture, "Custom tile selected: " + name);
   }
 
   void ChooseSet(int number) {
@@ -41,17 +58,19 @@ struct ReferenceModel {
   }
 
   void NextMode() {
-    if (wall) {
-      wall = false;
-      door = true;
-    } else if (door) {
-      door = false;
-    } else {
-      wall = true;
+    mode = mode == Mode::Wall ? Mode::Door : mode == Mode::Door ? Mode::Tile : Mode::Wall;
+    outline.Visible = mode == Mode::Tile;
+    const std::array texts = {"Tile Mode selected", "Wall Mode selected", "Door Mode selected"};
+    status = texts.at(static_cast<std::size_t>(mode));
+    if (mode == Mode::Door && set != 3) {
+      status += " - left mouse button for normal doors, right mouse button for secret doors";
     }
   }
 
-  void Undo() { Load(undo); }
+  void Undo() {
+    Load(undo);
+    canUndo = undoButton = false;
+  }
 
   /// Replaces the map with a picture.
   void Load(const Picture& picture) {
@@ -60,21 +79,19 @@ struct ReferenceModel {
   }
 
   /// Resizes the inside of the window. A side of the map that would be negative doesn't change.
-  void Resize(int width, int height, bool statusBar) {
-    const Size wanted = {width - 168, height - 28 - (statusBar ? 22 : 4)};
+  void Resize(Size client, bool statusBar) {
+    const Size wanted = {client.width - 168, client.height - 28 - (statusBar ? 22 : 4)};
     if (wanted.width >= 0) box.width = wanted.width;
     if (wanted.height >= 0) box.height = wanted.height;
-    Picture grown(std::max(map.Width(), Inside().width), std::max(map.Height(), Inside().height),
-                  kWhite);
-    CopyRows(reserve, grown);
-    CopyRows(map, grown);
+    Picture grown(std::max(map.Width(), Inside().width), std::max(map.Height(), Inside().height));
+    for (const Picture* shown : {&reserve, &map}) Copy(*shown, 0, 0, grown, grown.View().Bounds());
     map = grown;
     blank = Grown(blank, box);
   }
 
   void NewMap(Color color, bool grid, Color gridColor) {
     const auto paper = [&](Size size, Size filled, Size lines) {
-      Picture picture(std::max(1, size.width), std::max(1, size.height), kWhite);
+      Picture picture(std::max(1, size.width), std::max(1, size.height));
       for (int y = 0; y < picture.Height(); ++y) {
         for (int x = 0; x < picture.Width(); ++x) {
           if (x < filled.width && y < filled.height) picture.Row(y)[x] = PixelOf(color);
@@ -92,28 +109,19 @@ struct ReferenceModel {
     blank = paper(box, box, box);
   }
 
-  /// A picture file becomes the stamp; the preview is shown beside the buttons.
-  void PickFile(const Picture& picture, const Picture& preview) {
-    custom = picture;
-    stamp = preview;
-    if (preview == picture) source = picture;
-    outline = {picture.Width(), picture.Height()};
-    wall = door = false;
-  }
-
   void Text(const Picture& block, int X, int Y) {
     const Pixel key = PixelOf(kWhite);
-    Draw(true, block, X - 2, Y - 8, block.Width(), block.Height(), &key);
+    undo = map;
+    outline.Visible = false;
+    canUndo = undoButton = true;
+    Copy(block, X - 2, Y - 8, map, Visible(), &key);
   }
 
   void Turn(Transform transform) {
-    for (Picture* picture : {&stamp, &custom}) {
-      if (picture == &custom && set != 4) continue;
-      *picture = Turned(*picture, transform);
-      outline = {picture->Width(), picture->Height()};
-    }
-    source = stamp;
-    wall = door = false;
+    source = stamp = Turned(stamp, transform);
+    if (set == 4) custom = Turned(custom, transform);
+    const char* done = IsFlip(transform) ? " tile flipped" : " tile rotated";
+    Choose(set == 4 ? custom : stamp, tile + done);
   }
 
   static Picture Turned(const Picture& picture, Transform transform) {
@@ -132,114 +140,94 @@ struct ReferenceModel {
     return turned;
   }
 
+  void Hover(int X, int Y) {
+    if (mode != Mode::Tile) return;
+    outline.Visible = true;
+    if (IsInCell(X, box.width)) outline.Left = X / 20 * 20;
+    if (IsInCell(Y, box.height)) outline.Top = Y / 20 * 20;
+  }
+
+  /// A press of a button, or a move with a mask of held buttons.
   void Paint(bool press, int button, int X, int Y) {
-    if (wall) {
-      if (button == 1) Side(press, X, Y, Edge::Wall);
-    } else if (door) {
-      Side(press, X, Y, button == 1 ? Edge::Door : Edge::SecretDoor);
-    } else {
-      Tile(press, button, X, Y);
+    if (press) outline.Visible = false;
+    canUndo = undoButton = true;
+    if (mode == Mode::Tile) {
+      PaintTile(press, button, X, Y);
+    } else if (mode == Mode::Door || button == 1) {
+      const Edge door = button == 1 ? Edge::Door : Edge::SecretDoor;
+      PaintSide(press, X, Y, mode == Mode::Wall ? Edge::Wall : door);
     }
   }
 
   Size Inside() const { return {std::max(0, box.width - 4), std::max(0, box.height - 4)}; }
 
  private:
-  static void CopyRows(const Picture& from, Picture& onto) {
-    const int width = std::min(from.Width(), onto.Width());
-    for (int y = 0; y < std::min(from.Height(), onto.Height()); ++y) {
-      std::copy_n(from.View().Row(y), width, onto.Row(y));
+  void Choose(const Picture& picture, const std::string& text) {
+    outline.Width = picture.Width();
+    outline.Height = picture.Height();
+    mode = Mode::Tile;
+    status = text;
+  }
+
+  Rect Visible() const { return {0, 0, Inside().width, Inside().height}; }
+
+  static void Copy(const Picture& from, int toX, int toY, Picture& onto, const Rect& clip,
+                   const Pixel* key = nullptr) {
+    for (int y = 0; y < from.Height(); ++y) {
+      for (int x = 0; x < from.Width(); ++x) {
+        const int X = toX + x;
+        const int Y = toY + y;
+        if (X < clip.left || Y < clip.top || X >= clip.right || Y >= clip.bottom) continue;
+        const Pixel pixel = from.View().Row(y)[x];
+        if (key == nullptr || pixel != *key) onto.Row(Y)[X] = pixel;
+      }
     }
   }
 
   static Picture Grown(const Picture& from, Size least) {
-    Picture grown(std::max(from.Width(), least.width), std::max(from.Height(), least.height),
-                  kWhite);
-    CopyRows(from, grown);
+    Picture grown(std::max(from.Width(), least.width), std::max(from.Height(), least.height));
+    Copy(from, 0, 0, grown, grown.View().Bounds());
     return grown;
   }
 
-  void Copy(Picture& from, int toX, int toY, int width, int height, const Pixel* key) {
-    for (int y = 0; y < height; ++y) {
-      for (int x = 0; x < width; ++x) {
-        const int X = toX + x;
-        const int Y = toY + y;
-        if (X < 0 || Y < 0 || X >= Inside().width || Y >= Inside().height) continue;
-        if (x >= from.Width() || y >= from.Height()) continue;
-        if (key == nullptr || from.Row(y)[x] != *key) map.Row(Y)[X] = from.Row(y)[x];
-      }
-    }
+  static bool IsInCell(int v, int extent) {
+    return v >= 0 && v % 20 != 19 && v / 20 <= extent / 20;
   }
 
-  void Draw(bool press, Picture from, int x, int y, int width, int height, const Pixel* key) {
-    if (press) undo = map;
-    Copy(from, x, y, width, height, key);
-  }
-
-  void Tile(bool press, int button, int X, int Y) {
-    int SnapX = 0;
-    int SnapY = 0;
-    for (int i = 0; i <= box.width / 20; ++i) {
-      if (X > 20 * i - 1 && X < 20 * (i + 1) - 1) SnapX = 20 * i;
-    }
-    for (int i = 0; i <= box.height / 20; ++i) {
-      if (Y > 20 * i - 1 && Y < 20 * (i + 1) - 1) SnapY = 20 * i;
-    }
+  void PaintTile(bool press, int button, int X, int Y) {
+    const int SnapX = IsInCell(X, box.width) ? X / 20 * 20 : 0;
+    const int SnapY = IsInCell(Y, box.height) ? Y / 20 * 20 : 0;
     const int limit = button == 2 && !press ? 20 : 40;
-    if (!(X <= limit || SnapX != 0) || !(Y <= limit || SnapY != 0)) return;
-    const Picture& from = set == 4 ? custom : stamp;
-    if (button == 1) Draw(press, from, SnapX, SnapY, from.Width(), from.Height(), nullptr);
-    if (button == 2) Draw(press, blank, SnapX, SnapY, outline.width, outline.height, nullptr);
+    if ((X > limit && SnapX == 0) || (Y > limit && SnapY == 0) || button > 2) return;
+    const Rect erased =
+        Rect{0, 0, outline.Width, outline.Height}.Intersected(blank.View().Bounds());
+    const Picture drawn = button == 2 ? Cut(blank.View(), erased) : set == 4 ? custom : stamp;
+    if (press) undo = map;
+    Copy(drawn, SnapX, SnapY, map, Visible());
   }
 
-  void Side(bool press, int X, int Y, Edge kind) {
-    const int n = Inside().width / 20;
-    const int m = Inside().height / 20;
-    bool InBody = false;
-    for (int i = 0; i <= n; ++i) {
-      for (int j = 0; j <= m; ++j) {
-        if ((X > 20 * i + 3 && X < 20 * (i + 1) - 3) || (Y > 20 * j + 3 && Y < 20 * (j + 1) - 3)) {
-          InBody = true;
-        }
-      }
-    }
-    if (!InBody) return;
-    const bool isWall = kind == Edge::Wall;
-    const int across = isWall ? -2 : -3;
-    const int along = isWall ? -1 : 2;
-    const int thick = isWall ? 4 : 6;
-    const int length = isWall ? 22 : 16;
-    bool found = false;
-    for (int i = 0; i <= n; ++i) {
-      if (!(X > 20 * i - 3 && X < 20 * i + 3)) continue;
-      found = true;
-      int SnapY = 0;
-      for (int j = 0; j <= m; ++j) {
-        if (Y > 20 * j - 1 && Y < 20 * (j + 1) - 1) SnapY = 20 * j + along;
-      }
-      DrawEdge(press, kind, Direction::Vertical, 20 * i + across, SnapY, thick, length);
-    }
-    if (found) return;
-    for (int i = 0; i <= m; ++i) {
-      if (!(Y > 20 * i - 3 && Y < 20 * i + 3)) continue;
-      int SnapX = 0;
-      for (int j = 0; j <= n; ++j) {
-        if (X > 20 * j - 1 && X < 20 * (j + 1) - 1) SnapX = 20 * j + along;
-      }
-      DrawEdge(press, kind, Direction::Horizontal, SnapX, 20 * i + across, length, thick);
-    }
-  }
-
-  void DrawEdge(bool press, Edge kind, Direction direction, int x, int y, int width, int height) {
+  void PaintSide(bool press, int X, int Y, Edge kind) {
+    const auto isNearLine = [](int v, int extent) {
+      return v >= -2 && (v + 2) % 20 < 5 && (v + 2) / 20 <= extent / 20;
+    };
+    const auto isInBody = [](int v, int extent) {
+      return v >= 0 && v % 20 >= 4 && v % 20 <= 16 && v / 20 <= extent / 20;
+    };
+    const bool isVertical = isNearLine(X, Inside().width) && isInBody(Y, Inside().height);
+    if (!isVertical && !(isNearLine(Y, Inside().height) && isInBody(X, Inside().width))) return;
+    const Direction direction = isVertical ? Direction::Vertical : Direction::Horizontal;
     const Picture* picture = art.Of(set, kind, direction);
     if (picture == nullptr) return;
-    if (set == 3 && kind == Edge::Wall) {
-      const bool vertical = direction == Direction::Vertical;
-      const Pixel key = picture->View().Row(vertical ? 4 : 0)[vertical ? 0 : 4];
-      Draw(press, *picture, x, y, width, height, &key);
-    } else {
-      Draw(press, *picture, x, y, width, height, nullptr);
-    }
+    if (press) undo = map;
+    const bool isWall = kind == Edge::Wall;
+    const int across = ((isVertical ? X : Y) + 2) / 20 * 20 - (isWall ? 2 : 3);
+    const int along = (isVertical ? Y : X) / 20 * 20 + (isWall ? -1 : 2);
+    const Rect whole = picture->View().Bounds();
+    // Fences are two pixels longer than what is copied of them.
+    const Picture side = Cut(picture->View(), whole.Intersected({0, 0, 22, 22}));
+    const Pixel key = picture->View().Row(isVertical ? 4 : 0)[isVertical ? 0 : 4];
+    Copy(side, isVertical ? across : along, isVertical ? along : across, map, Visible(),
+         set == 3 && isWall ? &key : nullptr);
   }
 };
 
