@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <filesystem>
 #include <functional>
 #include <map>
 #include <new>
@@ -113,12 +114,12 @@ class FakePlatform : public Platform, public DialogScript {
   std::vector<std::string> ListDrives() override { return {"/"}; }
   std::vector<std::string> ListFolders(const std::string& folder) override {
     ++foldersRead;
-    return NamesIn(folder, folders);
+    return NamesIn(folder, {folders.begin(), folders.end()});
   }
   std::vector<std::string> ListFiles(const std::string& folder, const std::string&) override {
     ++foldersRead;
-    std::set<std::string> paths;
-    for (const auto& [path, content] : files) paths.insert(path);
+    std::vector<std::filesystem::path> paths;
+    for (const auto& [path, content] : files) paths.emplace_back(path);
     return NamesIn(folder, paths);
   }
   NewFileOutcome WriteNewFile(const std::string& path, ByteSource& content) override {
@@ -180,13 +181,10 @@ class FakePlatform : public Platform, public DialogScript {
   using Opened = Result<std::unique_ptr<ByteSource>>;
 
   static std::vector<std::string> NamesIn(const std::string& folder,
-                                          const std::set<std::string>& paths) {
-    const std::string beginning = folder.ends_with('/') ? folder : folder + '/';
+                                          const std::vector<std::filesystem::path>& paths) {
     std::vector<std::string> names;
-    for (const std::string& path : paths) {
-      if (!path.starts_with(beginning) || path == beginning) continue;
-      const std::string name = path.substr(beginning.size());
-      if (name.find('/') == std::string::npos) names.push_back(name);
+    for (const std::filesystem::path& path : paths) {
+      if (path.has_filename() && path.parent_path() == folder) names.push_back(path.filename());
     }
     return names;
   }
@@ -196,23 +194,23 @@ class FakeLeftover : public Leftover {
  public:
   explicit FakeLeftover(FakePlatform& platform) : platform_(platform), bytes_(platform.leftover) {}
 
-  std::size_t Size() const override { return bytes_.size(); }
+  std::size_t Size() const override { return bytes_.Size(); }
   Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override {
-    return MemorySource(bytes_).ReadAt(place, buffer);
+    return bytes_.ReadAt(place, buffer);
   }
   std::time_t WrittenAt() const override { return 1'000'000'000; }
   NewFileOutcome MoveTo(const std::string& path) override {
     // As a rename, it works only within a volume.
     if (!path.starts_with(platform_.leftoverFolder)) return NewFileOutcome::Failed;
     const NewFileOutcome placing = platform_.WriteNewFile(path, *this);
-    if (placing == NewFileOutcome::Done) platform_.leftover.clear();
+    if (placing == NewFileOutcome::Done) Delete();
     return placing;
   }
   void Delete() override { platform_.leftover.clear(); }
 
  private:
   FakePlatform& platform_;
-  Bytes bytes_;
+  OwnedBytes bytes_;
 };
 
 inline std::vector<std::unique_ptr<Leftover>> FakePlatform::FindLeftovers() {
