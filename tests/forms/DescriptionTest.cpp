@@ -22,10 +22,9 @@ QString RoleOf(QWidget* control) {
 QString DetailsOf(const QWidget& control) {
   QStringList values;
   for (const char* name : {"focusPolicy", "mouseTracking", "acceptDrops", "readOnly", "textFormat",
-                           "alignment", "default", "autoDefault", "checked", "iconSize"}) {
+                           "alignment", "default", "autoDefault", "checked"}) {
     const QVariant value = control.property(name);
-    const int number = value.canConvert<QSize>() ? value.toSize().width() : value.toInt();
-    if (value.isValid() && number != 0) values << QString("%1 %2").arg(name).arg(number);
+    if (value.toInt() != 0) values << QString("%1 %2").arg(name).arg(value.toInt());
   }
   if (const auto* label = qobject_cast<const QLabel*>(&control); label && label->buddy()) {
     values << "label of " + label->buddy()->objectName();
@@ -41,7 +40,7 @@ QString DescriptionOf(QWidget* control) {
     text += control->property(property).toString();
   }
   return QStringList{control->objectName(),
-                     QString("%1,%2").arg(place.x()).arg(place.y()),
+                     control->isWindow() ? "" : QString("%1,%2").arg(place.x()).arg(place.y()),
                      QString("%1x%2").arg(place.width()).arg(place.height()),
                      control->isHidden() ? "hidden" : "",
                      QString::number(font.pixelSize()) + (font.bold() ? " bold" : ""),
