@@ -37,7 +37,7 @@ struct Document {
   std::string CurrentFile;  ///< full path; keeps its text when a new map has no file yet
   bool HasCurrentFile = false;
   std::string Caption = kProgramName;
-  std::string StatusText = "Morvane, maps for role-playing games, painted tile by tile";
+  std::string StatusText;
 
   bool mnuEditUndoEnabled = false;
   bool UndoButtonEnabled = true;  ///< button 7 of tbToolBar

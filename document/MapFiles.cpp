@@ -131,9 +131,14 @@ void mnuFileSaveAs_Click(Document& document) {
   ReportOutcome(document, SaveAs(document));
 }
 
-void SaveAtExit(Document& document) {
-  SaveOutcome outcome = document.HasCurrentFile ? Save(document) : SaveAs(document);
-  if (!outcome.isSaved) Rescue(document, std::move(outcome));
+bool AskToSave(Document& document) {
+  const Answer answer = document.platform.MsgBox("Do you want to save your map?",
+                                                 BoxStyle::YesNoCancelQuestion, "Save?");
+  if (answer == Answer::Yes) {
+    SaveOutcome outcome = document.HasCurrentFile ? Save(document) : SaveAs(document);
+    if (!outcome.isSaved) Rescue(document, std::move(outcome));
+  }
+  return answer == Answer::Cancel;
 }
 
 }  // namespace morvane

@@ -21,7 +21,8 @@ void mnuFileSave_Click(Document& document);
 /// File > Save As.
 void mnuFileSaveAs_Click(Document& document);
 
-/// Saves the map before the window closes, as a rescue copy if it can't be saved as a file.
-void SaveAtExit(Document& document);
+/// Asks the exit question, and on Yes saves the map, as a rescue copy if it can't be saved as a
+/// file. Returns whether the exit is cancelled.
+bool AskToSave(Document& document);
 
 }  // namespace morvane

@@ -17,6 +17,7 @@ void MainForm::Form_Initialize() {
 
 void MainForm::Form_Load() {
   Platform& platform = document.platform;
+  document.StatusText = "Morvane, maps for role-playing games, painted tile by tile";
   palette.Dir1.SetPath(platform, platform.CurrentDirectory());
   palette.File1.SetPath(platform, platform.CurrentDirectory());
 
@@ -45,11 +46,9 @@ void MainForm::mnuViewStatusBar_Click() {
 
 bool MainForm::Form_Unload() {
   isAsking_ = true;
-  const Answer answer = document.platform.MsgBox("Do you want to save your map?",
-                                                 BoxStyle::YesNoCancelQuestion, "Save?");
-  if (answer == Answer::Yes) SaveAtExit(document);
+  const bool isCancelled = AskToSave(document);
   isAsking_ = false;
-  return answer == Answer::Cancel;
+  return isCancelled;
 }
 
 void MainForm::EndRun() {

@@ -2,7 +2,7 @@
 
 #include "document/Grid.h"
 #include "document/Undo.h"
-#include "tools/GridTests.h"
+#include "tools/GridSearch.h"
 #include "tools/PaintTile.h"
 #include "tools/TextInsertion.h"
 #include "tools/WallsAndDoors.h"

@@ -3,7 +3,7 @@
 #include "document/Grid.h"
 #include "tools/Buttons.h"
 #include "tools/CopyToMap.h"
-#include "tools/GridTests.h"
+#include "tools/GridSearch.h"
 
 namespace morvane {
 namespace {

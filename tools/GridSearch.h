@@ -12,8 +12,11 @@ struct CellSide {
   Direction direction;
   int index;  ///< of the grid line across; 0 is the edge of the map
   int cell;
-  friend bool operator==(const CellSide&, const CellSide&) = default;
 };
+
+/// The cell of a pointer coordinate on one axis of a map of that extent. There is none on a grid
+/// line.
+std::optional<int> FindCell(float v, int extent);
 
 /// The cell side near a pointer position: close to one grid line and well inside the cell along it.
 /// There is none near a crossing or inside a cell.
