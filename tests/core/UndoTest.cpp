@@ -11,30 +11,22 @@
 namespace morvane {
 namespace {
 
+/// A map with two tiles, the second in its lowest rows, which are the first in the snapshot.
 struct Undo : testing::Test, Editor {
-  void Press(float X, float Y) { Canvas_MouseDown(palette, kLeftButton, X, Y); }
-  bool Offered() const {
-    EXPECT_EQ(document.mnuEditUndoEnabled, document.UndoButtonEnabled);
-    return document.mnuEditUndoEnabled;
+  Picture one, both;
+
+  Undo() {
+    Canvas_MouseDown(palette, kLeftButton, 5, 5);
+    one = Map();
+    Canvas_MouseDown(palette, kLeftButton, 45, 465);
+    both = Map();
   }
 };
 
 TEST_F(Undo, AfterANewMapItRestoresTheOldMapWithoutItsFile) {
-  document.CurrentFile = "/maps/a.bmp";
   document.HasCurrentFile = true;
-  Press(5, 5);
-  const Picture stamped = Map();
-  Press(45, 45);
   platform.answers = {Answer::Yes};
   mnuFileNew_Click(document);
-  EXPECT_TRUE(Offered());
-  mnuEditUndo_Click(document);
-  EXPECT_EQ(Difference(Map(), stamped), "");
-  EXPECT_EQ(document.Caption, "Morvane");
-  EXPECT_FALSE(document.HasCurrentFile);
-}
-
-TEST_F(Undo, ShowsTheHourglassWhileItReads) {
   document.Canvas.MousePointer = Pointer::IBeam;
   int shown = 0;
   platform.onShowState = [&] {
@@ -43,59 +35,46 @@ TEST_F(Undo, ShowsTheHourglassWhileItReads) {
     EXPECT_EQ(document.Canvas.MousePointer, Pointer::Hourglass);
   };
   mnuEditUndo_Click(document);
+  EXPECT_EQ(Difference(Map(), one), "");
+  EXPECT_EQ(document.Caption, "Morvane");
+  EXPECT_FALSE(document.HasCurrentFile);
   EXPECT_EQ(shown, 1);
   EXPECT_EQ(document.MousePointer, Pointer::Standard);
   EXPECT_EQ(document.Canvas.MousePointer, Pointer::IBeam);
 }
 
-TEST_F(Undo, AMissingSnapshotIsReported) {
-  platform.snapshotFails = true;
-  Press(5, 5);
-  Press(45, 45);
-  ASSERT_EQ(platform.boxes.size(), 1U);  // reported once
-  const Picture before = Map();
-  EXPECT_TRUE(Holds(document.Canvas.Image(), 40, 40, {20, 20}, palette.Picture1.Image()));
-  mnuEditUndo_Click(document);
-  EXPECT_EQ(Difference(Map(), before), "");
-  EXPECT_EQ(platform.boxes.size(), 2U);
-  EXPECT_EQ(document.Canvas.MousePointer, Pointer::Cross);
-  EXPECT_FALSE(Offered());
-  platform.memoryIsFull = true;
-  mnuEditUndo_Click(document);
-  EXPECT_NE(platform.boxes.back().text.find("not enough memory"), std::string::npos);
-  EXPECT_EQ(Difference(Map(), before), "");
-}
-
-TEST_F(Undo, AnUnreadableSnapshotLeavesTheMap) {
-  Press(5, 5);
-  Press(45, 45);
-  const Picture both = Map();
-  platform.readableSnapshot = platform.snapshot.size() / 2;
-  mnuEditUndo_Click(document);
-  EXPECT_EQ(Difference(Map(), both), "");
-  ASSERT_EQ(platform.boxes.size(), 1U);
-  EXPECT_NE(platform.boxes[0].text.find("Input/output error"), std::string::npos);
-}
-
-TEST_F(Undo, AModifiedSnapshotIsCheckedBeforeItReplacesTheMap) {
-  Press(5, 5);
-  const Picture stamped = Map();
-  Press(45, 45);
-  const Picture both = Map();
-  platform.snapshotTouched = true;
+TEST_F(Undo, AFailureIsReportedAndLeavesTheMap) {
   const Bytes whole = platform.snapshot;
-  // Run lengths that end after the first row.
+  const auto expectFailure = [this](const std::string& reason) {
+    platform.boxes.clear();
+    mnuEditUndo_Click(document);
+    ASSERT_EQ(platform.boxes.size(), 1U);
+    EXPECT_EQ(platform.boxes[0].text, "The last change can't be taken back.\n\n" + reason);
+    EXPECT_EQ(Difference(Map(), both), "");
+    EXPECT_FALSE(document.mnuEditUndoEnabled || document.UndoButtonEnabled);
+    EXPECT_EQ(document.Canvas.MousePointer, Pointer::Cross);
+  };
+  platform.readableSnapshot = whole.size() / 2;
+  expectFailure("Input/output error");
+  platform.readableSnapshot = whole.size();
+  platform.memoryIsFull = true;
+  expectFailure("There is not enough memory for this picture.");
+  platform.memoryIsFull = false;
+  // Another program replaced the snapshot with run lengths that end after the first row.
   BmpMaker maker{.width = both.Width(), .height = both.Height(), .bits = 8, .compression = 1};
   maker.palette = {0x123456};
   maker.data = {200, 0, 0, 0};
+  platform.snapshotTouched = true;
   platform.snapshot = maker.Make();
-  mnuEditUndo_Click(document);
-  EXPECT_EQ(Difference(Map(), both), "");
-  ASSERT_EQ(platform.boxes.size(), 1U);
-  EXPECT_NE(platform.boxes[0].text.find("ends too early"), std::string::npos);
+  expectFailure("The file ends too early.");
   platform.snapshot = whole;
   mnuEditUndo_Click(document);
-  EXPECT_EQ(Difference(Map(), stamped), "");
+  EXPECT_EQ(Difference(Map(), one), "");
+
+  platform.snapshotFails = true;
+  for (int i = 0; i < 2; ++i) Canvas_MouseDown(palette, kLeftButton, 45, 465);
+  EXPECT_EQ(platform.boxes.size(), 2U) << "a failed snapshot is reported once";
+  expectFailure("No earlier state of the map was kept.");
 }
 
 }  // namespace

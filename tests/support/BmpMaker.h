@@ -1,21 +1,13 @@
 #pragma once
 
+#include <algorithm>
 #include <vector>
 
 #include "document/Platform.h"
+#include "document/io/LittleEndian.h"
 #include "document/picture/Color.h"
 
 namespace morvane {
-
-inline void Append16(Bytes& bytes, std::uint32_t value) {
-  bytes.push_back(static_cast<std::uint8_t>(value));
-  bytes.push_back(static_cast<std::uint8_t>(value >> 8U));
-}
-
-inline void Append32(Bytes& bytes, std::uint32_t value) {
-  Append16(bytes, value);
-  Append16(bytes, value >> 16U);
-}
 
 /// Builds BMP files of every form, also malformed ones.
 struct BmpMaker {
@@ -29,37 +21,28 @@ struct BmpMaker {
   Bytes data = {};
 
   Bytes Make() const {
-    Bytes info;
-    Append32(info, header);
-    if (header == 12) {
-      Append16(info, static_cast<std::uint32_t>(width));
-      Append16(info, static_cast<std::uint32_t>(height));
-    } else {
-      Append32(info, static_cast<std::uint32_t>(width));
-      Append32(info, static_cast<std::uint32_t>(height));
-    }
-    Append16(info, 1);
-    Append16(info, bits);
+    const std::size_t masksEnd = masks.empty() ? 0 : 54 + 4 * masks.size();
+    Bytes file(std::max<std::size_t>(14 + header, masksEnd));
+    file[0] = 'B';
+    file[1] = 'M';
+    Write32(file, 14, header);
+    const bool isShort = header == 12;
+    const auto writeSide = isShort ? &Write16 : &Write32;
+    writeSide(file, 18, static_cast<std::uint32_t>(width));
+    writeSide(file, isShort ? 20 : 22, static_cast<std::uint32_t>(height));
+    Write16(file, isShort ? 22 : 26, 1);
+    Write16(file, isShort ? 24 : 28, bits);
     if (header >= 40) {
-      Append32(info, compression);
-      for (int i = 0; i < 3; ++i) Append32(info, 0);
-      Append32(info, static_cast<std::uint32_t>(palette.size()));
-      Append32(info, 0);
+      Write32(file, 30, compression);
+      Write32(file, 46, static_cast<std::uint32_t>(palette.size()));
     }
-    for (const std::uint32_t mask : masks) Append32(info, mask);
-    if (info.size() < header) info.resize(header);
+    for (std::size_t i = 0; i < masks.size(); ++i) Write32(file, 54 + 4 * i, masks[i]);
     for (const Color color : palette) {
-      info.push_back(static_cast<std::uint8_t>(color >> 16U));
-      info.push_back(static_cast<std::uint8_t>(color >> 8U));
-      info.push_back(static_cast<std::uint8_t>(color));
-      if (header != 12) info.push_back(0);
+      const Pixel pixel = PixelOf(color);
+      file.insert(file.end(), {BlueOf(pixel), GreenOf(pixel), RedOf(pixel)});
+      if (!isShort) file.push_back(0);
     }
-    const auto dataOffset = static_cast<std::uint32_t>(14 + info.size());
-    Bytes file = {'B', 'M'};
-    Append32(file, dataOffset + static_cast<std::uint32_t>(data.size()));
-    Append32(file, 0);
-    Append32(file, dataOffset);
-    file.insert(file.end(), info.begin(), info.end());
+    Write32(file, 10, static_cast<std::uint32_t>(file.size()));
     file.insert(file.end(), data.begin(), data.end());
     return file;
   }
