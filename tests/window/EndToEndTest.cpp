@@ -16,15 +16,16 @@ namespace morvane {
 namespace {
 
 struct EndToEnd : testing::Test {
+  EndToEnd() {
+    for (const char* name : {"DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR", "XDG_STATE_HOME"}) {
+      qunsetenv(name);
+    }
+    qputenv("MORVANE_PROGRAM", MORVANE_PROGRAM);
+    qputenv("SCRIPTS", MORVANE_SCRIPTS);
+  }
   /// Runs a script with the program on a display of its own. It must print no errors.
   void RunScript(const QStringList& arguments) const {
     QProcess bash;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("MORVANE_PROGRAM", MORVANE_PROGRAM);
-    for (const char* name : {"DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR", "XDG_STATE_HOME"}) {
-      environment.remove(name);
-    }
-    bash.setProcessEnvironment(environment);
     bash.setWorkingDirectory(folder.path());
     bash.setProcessChannelMode(QProcess::ForwardedOutputChannel);
     // The script, and with it the display, doesn't outlive a canceled test.
@@ -34,53 +35,40 @@ struct EndToEnd : testing::Test {
     EXPECT_EQ(bash.readAllStandardError().toStdString(), "");
     ASSERT_EQ(bash.exitCode(), 0);
   }
-  std::string File(const std::string& name) const {
-    return folder.path().toStdString() + '/' + name;
-  }
+  std::string File(const char* name) const { return folder.filePath(name).toStdString(); }
 
   const QTemporaryDir folder;
   const TilePictures art{&LoadArtSheet};
   ReferenceModel model{art};
 };
 
-/// A way to end the program, as a command of the script.
-struct End {
-  const char* name;
-  const char* command;
-  bool isKill = false;
-};
-
-void PrintTo(const End& end, std::ostream* stream) {
-  *stream << end.name;
-}
-
-struct Ends : EndToEnd, testing::WithParamInterface<End> {
+/// The parameter is the signal that ends the program, or DISPLAY.
+struct Ends : EndToEnd, testing::WithParamInterface<std::string> {
   void Start(const std::string& commands) const {
     // Shells ignore SIGINT for background commands.
-    const std::string script = R"(set -euo pipefail; out=$PWD
-program=start; start() { exec env --default-signal=INT "$MORVANE_PROGRAM"; }
-source )" MORVANE_SCRIPTS R"(/lib/desktop
-end() { { "$@"; wait "$editor"; } 2>/dev/null || true; }
-await() { until [ $(windows_of Morvane | wc -l) = $1 ];
-    do sleep 0.02;
-    done;
-    settle;
-  }
-)" + commands;
+    const std::string script = R"SH(
+      set -euo pipefail; out=$PWD
+      program=start; start() { exec env --default-signal=INT "$MORVANE_PROGRAM"; }
+      source "$SCRIPTS"/lib/desktop
+      end() { { "$@"; wait "$editor"; } 2>/dev/null || true; }
+      await() { until [ "$(windows_of Morvane | wc -l)" = "$1" ]; do sleep 0.02; done; settle; }
+    )SH" + commands;
     RunScript({"-c", QString::fromStdString(script)});
-} std::string RescueCopy() const {
-  const QStringList copies = QDir(folder.path()).entryList({"Morvane rescue 20*.bmp"});
-  EXPECT_EQ(copies.size(), 1);
-  return File(copies.join(' ').toStdString());
-}
+  }
+  std::string RescueCopy() const {
+    const QStringList copies = QDir(folder.path()).entryList({"Morvane rescue 20*.bmp"});
+    EXPECT_EQ(copies.size(), 1);
+    return File(qPrintable(copies.value(0)));
+  }
 };
 
 TEST_P(Ends, NoneLosesTheMap) {
-  const bool isKill = GetParam().isKill;
+  const bool isKill = GetParam() == "KILL";
+  const std::string end = GetParam() == "DISPLAY" ? "$server" : '-' + GetParam() + " $editor";
   for (const int row : {2, 7}) {
     for (int x = 2; x <= 9; ++x) model.Paint(x == 2, 1, x * 20 + 8, row * 20 + 8);
   }
-  Start("row 2 2 9; row 2 7 9; end " + std::string(GetParam().command));
+  Start("row 2 2 9; row 2 7 9; end kill " + end);
   const Picture& kept = isKill ? model.undo : model.map;
   EXPECT_EQ(std::filesystem::exists(File("mvtmp.~mp")), isKill);
   EXPECT_EQ(Difference(MapIn(isKill ? File("mvtmp.~mp") : RescueCopy()), kept), "");
@@ -90,17 +78,12 @@ TEST_P(Ends, NoneLosesTheMap) {
   EXPECT_EQ(NamesIn(File(".local/state")), "") << "it would be reported a second time";
 }
 
-INSTANTIATE_TEST_SUITE_P(EndToEnd, Ends,
-                         testing::Values(End{"Killed", "kill -KILL $editor", true},
-                                         End{"Terminated", "kill -TERM $editor"},
-                                         End{"HungUp", "kill -HUP $editor"},
-                                         End{"Interrupted", "kill -INT $editor"},
-                                         End{"DisplayLost", "kill $server"}),
-                         [](const auto& end) { return end.param.name; });
+INSTANTIATE_TEST_SUITE_P(EndToEnd, Ends, testing::Values("KILL", "TERM", "HUP", "INT", "DISPLAY"),
+                         [](const auto& end) { return end.param; });
 
 struct Tour : EndToEnd {
-  void Cells(const char* control, const std::vector<QPoint>& cells) {
-    if (control != nullptr) model.Pick(*FindItem(control));
+  void Stamp(const char* control, const std::vector<QPoint>& cells) {
+    model.Pick(*FindItem(control));
     for (const QPoint& at : cells) model.Paint(true, 1, at.x() * 20 + 8, at.y() * 20 + 8);
   }
   void Line(int x1, int y1, int x2, int y2) {
@@ -111,7 +94,7 @@ struct Tour : EndToEnd {
   /// Paints the map of scripts/tour, except the text and the custom tile.
   void PaintModel() {
     model.NewMap(kWhite, true, 0xC0C0C0);
-    for (int x = 5; x <= 17; x += 2) Cells("pb4040", {{x, 2}, {x, 4}, {x, 6}});
+    for (int x = 5; x <= 17; x += 2) Stamp("pb4040", {{x, 2}, {x, 4}, {x, 6}});
     model.Pick(*FindItem("pbfloor"));
     Line(168, 168, 228, 228);
     model.NextMode();
@@ -123,14 +106,14 @@ struct Tour : EndToEnd {
     Line(100, 90, 100, 90);
     Line(190, 160, 190, 160);
     model.Paint(true, 2, 350, 160);
-    Cells("pbwoodenbench", {{6, 3}, {6, 6}, {9, 3}, {9, 6}, {12, 3}, {12, 6}});
-    Cells("pbroundtable", {{9, 9}});
-    Cells("pbaltar", {{16, 4}});
-    Cells("pbpentagramglow", {{14, 4}});
-    Cells("pbrug", {{11, 4}});
+    Stamp("pbwoodenbench", {{6, 3}, {6, 6}, {9, 3}, {9, 6}, {12, 3}, {12, 6}});
+    Stamp("pbroundtable", {{9, 9}});
+    Stamp("pbaltar", {{16, 4}});
+    Stamp("pbpentagramglow", {{14, 4}});
+    Stamp("pbrug", {{11, 4}});
     model.Pick(*FindItem("pbbed"));
     model.Turn(Transform::RotateRight);
-    Cells(nullptr, {{8, 9}});
+    model.Paint(true, 1, 168, 188);
   }
 };
 
@@ -144,8 +127,7 @@ TEST_F(Tour, PaintsItsMapThroughTheRealProgram) {
   PaintModel();
   const Rect tile = {100, 80, 140, 120};
   EXPECT_NE(Cut(map.View(), tile), Cut(model.map.View(), tile));
-  FillBox(model.map.Draw(), tile, 0);
-  FillBox(map.Draw(), tile, 0);
+  BitBlt(map.Draw(), 100, 80, 40, 40, model.map.View(), 100, 80);
   int black = 0;
   for (int y = 262; y < 290; ++y) {
     for (int x = 108; x < 420; ++x) {
