@@ -1,169 +1,142 @@
 #include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/resource.h>
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 
 #include "document/Options.h"
-#include "palette/CustomTiles.h"
-#include "platform/SnapshotFile.h"
+#include "platform/Folders.h"
 #include "tests/support/Child.h"
 
 namespace morvane {
 namespace {
 
+/// In a child: mounts a disk in memory over TMPDIR, which ends with the process.
+void MountSmallDisk() {
+  const std::string user = std::to_string(geteuid());
+  const std::string group = std::to_string(getegid());
+  if (unshare(CLONE_NEWNS | CLONE_NEWUSER) != 0) _exit(kCannot);
+  std::ofstream("/proc/self/setgroups") << "deny";
+  std::ofstream("/proc/self/uid_map") << user + ' ' + user + " 1";
+  std::ofstream("/proc/self/gid_map") << group + ' ' + group + " 1";
+  if (mount("none", std::getenv("TMPDIR"), "tmpfs", 0, "size=6m") != 0) _exit(kCannot);
+}
+
 /// A fault of the disk or the start folder that occurs while the editor runs.
 struct Fault {
-  const char* name;
-  std::string reason;  ///< why a save fails
-  bool hitsSnapshot;   ///< Undo fails too
-  bool allowsRescue;   ///< another folder is writable
-  void (*prepare)(const std::string& disk);
-  void (*occur)(const std::filesystem::path& folder);
+  std::string reason;         ///< why a save fails
+  bool hitsAll = false;       ///< also Undo, and all other folders
+  void (*prepare)() = [] {};  ///< called before the editor starts
+  void (*occur)() = [] {};    ///< called in the start folder
 };
 
-void PrintTo(const Fault& fault, std::ostream* stream) {
-  *stream << fault.name;
-}
+/// Tries everything that writes.
+void TryEverything(const Fault& fault) {
+  fault.prepare();
+  Session session;
+  Session::Window& editor = session.editor;
+  const std::filesystem::path folder = std::filesystem::current_path();
+  const std::string old = folder / "old.bmp";
+  std::ofstream("Morvane.ini") << "; " << std::string(5000, '-') << '\n';
+  editor.Press(30, 30);
+  editor.platform.chosenFiles.push_back(old);
+  editor.Choose("mnuFileSave");
+  const Picture saved = editor.Map();
+  editor.Press(60, 30);
+  const Picture map = editor.Map();
+  fault.occur();
+  const std::string names = NamesIn(folder);
 
-void PrepareNothing(const std::string& /*disk*/) {}
+  const std::string message = "The map could not be saved.\n\n" + old + "\n\n" + fault.reason;
+  editor.Choose("mnuFileSave");
+  EXPECT_EQ(editor.OneBox(), message);
+  EXPECT_EQ(editor.window.windowTitle(), "Morvane - old.bmp");
+  Options options(editor.form.document);
+  options.Form_Load();
+  EXPECT_FALSE(options.cmdOK_Click());
+  EXPECT_TRUE(editor.OneBox().ends_with("Morvane.ini\n\n" + fault.reason));
 
-void MountDisk(const std::string& disk) {
-  MountSmallDisk(disk, 6'000'000);
-}
-
-void UseModes(const std::string& /*disk*/) {
-  BecomeOrdinaryUser();
-}
-
-void FillDisk(const std::filesystem::path& folder) {
-  std::ofstream filler(folder / "filler");
-  while (filler << std::string(4096, 'x') << std::flush) continue;
-}
-
-void LimitFileSize(const std::filesystem::path& /*folder*/) {
-  std::signal(SIGXFSZ, SIG_IGN);  // as the program does
-  const rlimit limit{2000, RLIM_INFINITY};
-  setrlimit(RLIMIT_FSIZE, &limit);
-}
-
-void LockFolder(const std::filesystem::path& folder) {
-  std::filesystem::permissions(folder, std::filesystem::perms(0500));
-}
-
-void RemoveFolder(const std::filesystem::path& folder) {
-  std::filesystem::remove_all(folder);
-}
-
-struct Disk : testing::TestWithParam<Fault> {
-  const QTemporaryDir base;
-  const std::string home = base.filePath("home").toStdString();
-  const std::string disk = base.filePath("disk").toStdString();
-
-  Disk() {
-    for (const std::string& folder : {base.path().toStdString(), home, disk}) {
-      std::filesystem::create_directories(folder);
-      std::filesystem::permissions(folder, std::filesystem::perms::all);
-    }
+  editor.Press(90, 90);
+  const Picture painted = editor.Map();
+  EXPECT_NE(painted, map);
+  if (fault.hitsAll) {
+    EXPECT_TRUE(editor.OneBox().starts_with("The map could not be kept for Undo"));
   }
+  editor.Choose("mnuEditUndo");
+  EXPECT_EQ(editor.Map(), fault.hitsAll ? painted : map);
+  EXPECT_EQ(NamesIn(folder), names) << "no failure leaves a file";
+  EXPECT_EQ(NamesIn(std::getenv("XDG_STATE_HOME")), "");
 
-  /// Tries everything that writes, in a child process.
-  void TryEverything() const {
-    const Fault& fault = GetParam();
-    qputenv("HOME", home.c_str());
-    qputenv("TMPDIR", disk.c_str());
-    fault.prepare(disk);
-    Session session;
-    Session::Window& editor = session.editor;
-    const std::filesystem::path folder = std::filesystem::current_path();
-    const std::string old = editor.folder.File("old.bmp");
-    std::ofstream("Morvane.ini") << "; " << std::string(5000, '-') << '\n';
-    editor.Press(30, 30);
-    editor.SaveAs(old);
-    const Picture saved = editor.Map();
-    editor.Press(60, 30);
-    const Picture map = editor.Map();
-    fault.occur(folder);
-    const std::string names = NamesIn(folder);
-
-    const std::string message = "The map could not be saved.\n\n" + old + "\n\n" + fault.reason;
-    editor.Choose("mnuFileSave");
-    EXPECT_EQ(editor.OneBox(), message);
-    EXPECT_EQ(editor.window.windowTitle(), "Morvane - old.bmp");
-    Options options(editor.form.document);
-    options.Form_Load();
-    EXPECT_FALSE(options.cmdOK_Click());
-    EXPECT_TRUE(editor.OneBox().ends_with("Morvane.ini\n\n" + fault.reason));
-    EXPECT_EQ(NamesIn(folder), names);
-
-    editor.Press(90, 90);
-    const Picture painted = editor.Map();
-    EXPECT_NE(painted, map);
-    if (fault.hitsSnapshot) {
-      EXPECT_TRUE(editor.OneBox().starts_with("The map could not be kept for Undo."));
-    }
-    editor.Choose("mnuEditUndo");
-    EXPECT_EQ(editor.Map(), fault.hitsSnapshot ? painted : map);
-    editor.platform.boxes.clear();
-
-    editor.platform.answers.push_back(Answer::Yes);
-    editor.window.close();
-    ASSERT_EQ(editor.platform.boxes.size(), 2U);
-    const std::string rescue = NamesIn(home);
-    EXPECT_TRUE(editor.platform.boxes[1].text.starts_with(
-        message + "\n\nA rescue copy " +
-        (fault.allowsRescue ? "was saved as\n\n" + home + '/' + rescue : "could not be written")));
-    EXPECT_EQ(rescue.empty(), !fault.allowsRescue);
-    EXPECT_TRUE(!fault.allowsRescue || MapIn(home + '/' + rescue) == editor.Map());
-    EXPECT_TRUE(names.empty() || MapIn(old) == saved);
-    std::error_code none;
-    std::filesystem::permissions(folder, std::filesystem::perms(0700), none);
-  }
-};
-
-TEST_P(Disk, AFaultHarmsNeitherTheOldFileNorTheMap) {
-  const int outcome = RunInChild([this] { TryEverything(); });
-  if (outcome == kCannot)
-    GTEST_SKIP() << "Mounting a disk or changing the user isn't allowed here.";
-  EXPECT_EQ(outcome, 0);
+  editor.platform.boxes.clear();
+  editor.platform.answers.push_back(Answer::Yes);
+  editor.window.close();
+  ASSERT_EQ(editor.platform.boxes.size(), 2U);
+  const std::string text = editor.platform.boxes[1].text;
+  const std::string rescued = message + "\n\nA rescue copy was saved as\n\n";
+  EXPECT_EQ(text.starts_with(rescued), !fault.hitsAll) << text;
+  EXPECT_TRUE(fault.hitsAll || MapIn(text.substr(rescued.size())) == editor.Map());
+  EXPECT_TRUE(names.empty() || MapIn(old) == saved);
+  std::error_code isGone;
+  std::filesystem::permissions(folder, std::filesystem::perms(0700), isGone);
 }
 
-INSTANTIATE_TEST_SUITE_P(Faults, Disk,
-                         testing::Values(Fault{"Full", std::strerror(ENOSPC), false, true,
-                                               MountDisk, FillDisk},
-                                         Fault{"FileSizeLimit", std::strerror(EFBIG), true, false,
-                                               PrepareNothing, LimitFileSize},
-                                         Fault{"ReadOnlyFolder", std::strerror(EACCES), false, true,
-                                               UseModes, LockFolder},
-                                         Fault{"RemovedFolder", "The folder doesn't exist.", false,
-                                               true, PrepareNothing, RemoveFolder}),
-                         [](const auto& fault) { return fault.param.name; });
-
-TEST(Permissions, UnreadableFoldersAndReadOnlyFilesAreRefused) {
-  const int outcome = RunInChild([] {
-    BecomeOrdinaryUser();
-    Session session;
-    Palette& palette = session.editor.form.palette;
-    const std::string locked = session.editor.folder.File("locked");
-    const std::string shown = palette.Dir1.Path();
-    std::filesystem::create_directory(locked);
-    for (const int mode : {0300, 0600}) {
-      std::filesystem::permissions(locked, std::filesystem::perms(mode));
-      Dir1_Change(palette, locked);
-      EXPECT_EQ(palette.document.StatusText, "The folder can't be opened: " + locked);
-      EXPECT_EQ(palette.File1.Path(), shown);
-    }
-    std::ofstream("map.bmp") << "mine";
-    std::filesystem::permissions("map.bmp", std::filesystem::perms(0400));
-    const Bytes bytes = {1, 2, 3};
-    MemorySource source(bytes);
-    EXPECT_EQ(ReplaceFile(session.editor.folder.File("map.bmp"), source), std::strerror(EACCES));
-    EXPECT_EQ(std::filesystem::file_size("map.bmp"), 4U);
-    std::filesystem::permissions(locked, std::filesystem::perms(0700));
+void ExpectNoHarm(const Fault& fault) {
+  const QTemporaryDir home;
+  const QByteArray disk = home.filePath("disk").toUtf8();
+  for (const QByteArray& folder : {home.path().toUtf8(), disk}) {
+    std::filesystem::create_directory(folder.constData());
+    std::filesystem::permissions(folder.constData(), std::filesystem::perms::all);
+  }
+  const int outcome = RunInChild([&] {
+    qputenv("HOME", home.path().toUtf8());
+    qputenv("TMPDIR", disk);
+    TryEverything(fault);
   });
-  if (outcome == kCannot) GTEST_SKIP() << "Changing the user isn't allowed here.";
+  if (outcome == kCannot) GTEST_SKIP() << "Mounting a disk or changing the user isn't allowed.";
   EXPECT_EQ(outcome, 0);
+}
+
+TEST(Disk, Full) {
+  ExpectNoHarm({.reason = std::strerror(ENOSPC), .prepare = MountSmallDisk, .occur = [] {
+                  std::ofstream filler("filler");
+                  while (filler << std::string(4096, 'x') << std::flush) continue;
+                }});
+}
+
+TEST(Disk, FileSizeLimit) {
+  ExpectNoHarm({.reason = std::strerror(EFBIG), .hitsAll = true, .occur = [] {
+                  std::signal(SIGXFSZ, SIG_IGN);  // as the program does
+                  const rlimit limit{2000, RLIM_INFINITY};
+                  setrlimit(RLIMIT_FSIZE, &limit);
+                }});
+}
+
+TEST(Disk, ReadOnlyFolder) {
+  ExpectNoHarm({.reason = std::strerror(EACCES), .prepare = BecomeOrdinaryUser, .occur = [] {
+                  const std::string folder = std::filesystem::current_path();
+                  for (const auto& [mode, isReadable] :
+                       {std::pair(0300, false), {0600, false}, {0500, true}}) {
+                    std::filesystem::permissions(folder, std::filesystem::perms(mode));
+                    EXPECT_EQ(IsReadableFolder(folder), isReadable) << mode;
+                  }
+                }});
+}
+
+TEST(Disk, ReadOnlyFiles) {
+  ExpectNoHarm({.reason = std::strerror(EACCES), .prepare = BecomeOrdinaryUser, .occur = [] {
+                  for (const char* name : {"old.bmp", "Morvane.ini"}) {
+                    std::filesystem::permissions(name, std::filesystem::perms(0400));
+                  }
+                }});
+}
+
+TEST(Disk, RemovedFolder) {
+  ExpectNoHarm({.reason = "The folder doesn't exist.",
+                .occur = [] { std::filesystem::remove_all(std::filesystem::current_path()); }});
 }
 
 }  // namespace

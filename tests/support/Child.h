@@ -1,24 +1,15 @@
 #pragma once
 
-#include <fcntl.h>
 #include <grp.h>
-#include <gtest/gtest.h>
-#include <sched.h>
-#include <sys/mount.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <QApplication>
 #include <QSettings>
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
-#include <functional>
-#include <string>
 
 #include "document/PictureFile.h"
-#include "platform/Files.h"
 #include "shell/widgets/FocusStyle.h"
 #include "tests/support/FormFixture.h"
 
@@ -30,11 +21,10 @@ constexpr int kCannot = 77;
 /// Runs a check in a child process, whose exit code is 0 if every expectation holds. A child that
 /// hangs is killed.
 inline pid_t StartChild(const std::function<void()>& check) {
-  constexpr unsigned kMaxSeconds = 60;
   std::fflush(nullptr);
   const pid_t child = fork();
   if (child != 0) return child;
-  alarm(kMaxSeconds);
+  alarm(60);
   check();
   std::fflush(nullptr);
   _exit(testing::Test::HasFailure() ? 1 : 0);
@@ -58,27 +48,6 @@ inline void BecomeOrdinaryUser() {
   if (setgroups(0, nullptr) != 0 || setgid(kNobody) != 0 || setuid(kNobody) != 0) _exit(kCannot);
 }
 
-/// In a child: mounts a disk in memory, which ends with the process.
-inline void MountSmallDisk(const std::string& folder, std::size_t bytes) {
-  const uid_t user = geteuid();
-  const gid_t group = getegid();
-  if (unshare(user == 0 ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER) != 0) _exit(kCannot);
-  if (user != 0) {
-    std::ofstream("/proc/self/setgroups") << "deny";
-    std::ofstream("/proc/self/uid_map") << user << ' ' << user << " 1";
-    std::ofstream("/proc/self/gid_map") << group << ' ' << group << " 1";
-  }
-  // In a chroot, entering the namespace again leads to the root of the mounts.
-  const int root = open("/", O_PATH | O_CLOEXEC);
-  const int mounts = open("/proc/self/ns/mnt", O_RDONLY | O_CLOEXEC);
-  const std::string size = "size=" + std::to_string(bytes);
-  if (setns(mounts, CLONE_NEWNS) != 0 ||
-      mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 || fchdir(root) != 0 ||
-      chroot(".") != 0 || mount("none", folder.c_str(), "tmpfs", 0, size.c_str()) != 0) {
-    _exit(kCannot);
-  }
-}
-
 /// In a child: the editor in its window, started in a new folder below TMPDIR.
 struct Session {
   struct Application : QApplication {
@@ -97,10 +66,6 @@ struct Session {
       const std::string text = platform.boxes.empty() ? "" : platform.boxes.back().text;
       platform.boxes.clear();
       return text;
-    }
-    void SaveAs(const std::string& path) {
-      platform.chosenFiles.push_back(path);
-      Choose("mnuFileSaveAs");
     }
   };
 

@@ -1,16 +1,10 @@
-// The installed program on a virtual display, with real events of mouse and keyboard.
+// The real program on a virtual display, with real events of mouse and keyboard.
 
 #include <gtest/gtest.h>
 #include <sys/prctl.h>
 
-#include <QDir>
-#include <QElapsedTimer>
-#include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
-#include <QThread>
 #include <csignal>
-#include <deque>
 
 #include "palette/FlipAndRotate.h"
 #include "palette/TileSelection.h"
@@ -21,237 +15,129 @@
 namespace morvane {
 namespace {
 
-bool Await(const std::function<bool()>& condition) {
-  constexpr qint64 kTimeout = 20'000;  // ms
-  QElapsedTimer waited;
-  waited.start();
-  while (!condition()) {
-    if (waited.elapsed() > kTimeout) return false;
-    QThread::msleep(10);
-  }
-  return true;
-}
-
-/// Runs the tool that sends events of mouse and keyboard, and returns what it prints.
-QString Xdotool(const QStringList& arguments) {
-  QProcess tool;
-  tool.start("xdotool", arguments);
-  tool.waitForFinished();
-  return tool.readAllStandardOutput();
-}
-
-/// The number of visible windows and message boxes of the program.
-long WindowCount() {
-  return Xdotool({"search", "--onlyvisible", "--name", "^Morvane$"}).count('\n');
-}
-
-/// A way to end the program; without a signal the display server is terminated.
-struct End {
-  const char* name;
-  int signal;
-};
-
-void PrintTo(const End& end, std::ostream* stream) {
-  *stream << end.name;
-}
-
-struct EndToEnd : testing::TestWithParam<End> {
+struct EndToEnd : testing::Test {
   EndToEnd() {
-    for (const char* variable : {"HOME", "XDG_RUNTIME_DIR"})
-      qputenv(variable, folder.path().toUtf8());
-    for (const char* variable : {"WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "XDG_STATE_HOME"}) {
-      qunsetenv(variable);
+    for (const char* name : {"DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR", "XDG_STATE_HOME"}) {
+      qunsetenv(name);
     }
-    qputenv("QT_QPA_PLATFORM", "xcb");
-    qputenv("QT_QPA_PLATFORMTHEME", "generic");
+    qputenv("MORVANE_PROGRAM", MORVANE_PROGRAM);
+    qputenv("SCRIPTS", MORVANE_SCRIPTS);
   }
-  ~EndToEnd() override { StopAll(); }
+  /// Runs a script with the program on a display of its own. It must print no errors.
+  void RunScript(const QStringList& arguments) const {
+    QProcess bash;
+    bash.setWorkingDirectory(folder.path());
+    bash.setProcessChannelMode(QProcess::ForwardedOutputChannel);
+    // The script, and with it the display, doesn't outlive a canceled test.
+    bash.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
+    bash.start("bash", arguments);
+    ASSERT_TRUE(bash.waitForFinished(280'000));
+    EXPECT_EQ(bash.readAllStandardError().toStdString(), "");
+    ASSERT_EQ(bash.exitCode(), 0);
+  }
+  std::string File(const char* name) const { return folder.filePath(name).toStdString(); }
 
-  void StopAll() {
-    for (QProcess& process : processes) {
-      process.terminate();
-      process.waitForFinished();
-    }
-    processes.clear();
-  }
-  QProcess& Start(const QString& program, const QStringList& arguments) {
-    QProcess& process = processes.emplace_front();
-    process.setWorkingDirectory(folder.path());
-    process.setChildProcessModifier([] {
-      ::prctl(PR_SET_PDEATHSIG, SIGTERM);  // no process outlives a canceled test
-      ::signal(SIGINT, SIG_DFL);           // shells ignore it for background commands
-    });
-    process.start(program, arguments);
-    EXPECT_TRUE(process.waitForStarted()) << program.toStdString();
-    return process;
-  }
-  /// Starts a display with a window manager, and the program on it.
-  void Open() {
-    StopAll();
-    display = &Start(
-        "Xvfb", {"-displayfd", "1", "-screen", "0", "1280x900x24", "-nolisten", "tcp", "-noreset"});
-    EXPECT_TRUE(display->waitForReadyRead());
-    qputenv("DISPLAY", ":" + display->readLine().trimmed());
-    Start("openbox", {});
-    program = &Start(MORVANE_PROGRAM, {});
-  }
-  Picture Read(const QString& name) const {
-    QtPlatform platform;
-    auto map = LoadPicture(platform, folder.filePath(name).toStdString());
-    return map.Ok() ? std::move(map.Value().picture) : Picture();
-  }
-  QStringList RescueCopies() const {
-    return QDir(folder.path()).entryList({"Morvane rescue 20*.bmp"});
-  }
-  /// Drags the floor tile over the map until the program has painted it.
-  void Paint(ReferenceModel& model) const {
-    ASSERT_TRUE(Await([] { return WindowCount() == 1; }));
-    const QString window = Xdotool({"search", "--onlyvisible", "--name", "^Morvane$"}).trimmed();
-    const QString geometry = Xdotool({"getwindowgeometry", "--shell", window});
-    const int height = geometry.section("HEIGHT=", 1).section('\n', 0, 0).toInt();
-    const QPoint map(168 + 2, 32 + 2 + height - 537);  // below the menu bar
-    const auto at = [&](int X, int Y) {
-      return QStringList{"mousemove", "--window", window, QString::number(map.x() + X),
-                         QString::number(map.y() + Y)};
-    };
-    // The snapshot holds the map before the second press, so it shows that all was painted.
-    for (int row = 0; row < 2; ++row) {
-      Xdotool(at(48, 48 + row * 100) + QStringList{"mousedown", "1"});
-      model.Paint(true, 1, 48, 48 + row * 100);
-      for (int X = 50; X < 500; X += 7) {
-        Xdotool(at(X, 50 + row * 100));
-        model.Paint(false, 1, X, 50 + row * 100);
-        if (X % 49 != 1) X += 14;
-      }
-      Xdotool({"mouseup", "1"});
-    }
-    ASSERT_TRUE(Await([&] { return Read("mvtmp.~mp") == model.undo; }))
-        << Difference(Read("mvtmp.~mp"), model.undo);
-  }
-
-  QTemporaryDir folder;
-  std::deque<QProcess> processes;
-  QProcess* display = nullptr;
-  QProcess* program = nullptr;
+  const QTemporaryDir folder;
+  const TilePictures art{&LoadArtSheet};
+  ReferenceModel model{art};
 };
 
-TEST_P(EndToEnd, NoWayToEndTheProgramLosesTheMap) {
-  const TilePictures art(&LoadArtSheet);
-  ReferenceModel model(art);
-  Open();
-  ASSERT_NO_FATAL_FAILURE(Paint(model));
-  const int signal = GetParam().signal;
-  if (signal == 0) {
-    display->terminate();
-  } else {
-    ::kill(static_cast<pid_t>(program->processId()), signal);
+/// The parameter is the signal that ends the program, or DISPLAY.
+struct Ends : EndToEnd, testing::WithParamInterface<std::string> {
+  void Start(const std::string& commands) const {
+    // Shells ignore SIGINT for background commands.
+    const std::string script = R"SH(
+      set -euo pipefail; out=$PWD
+      program=start; start() { exec env --default-signal=INT "$MORVANE_PROGRAM"; }
+      source "$SCRIPTS"/lib/desktop
+      end() { { "$@"; wait "$editor"; } 2>/dev/null || true; }
+      await() { until [ "$(windows_of Morvane | wc -l)" = "$1" ]; do sleep 0.02; done; settle; }
+    )SH" + commands;
+    RunScript({"-c", QString::fromStdString(script)});
   }
-  ASSERT_TRUE(program->waitForFinished());
-  if (signal == SIGKILL) {
-    EXPECT_TRUE(RescueCopies().isEmpty());
-    EXPECT_EQ(Difference(Read("mvtmp.~mp"), model.undo), "");
-  } else {
-    ASSERT_EQ(RescueCopies().size(), 1);
-    EXPECT_EQ(Difference(Read(RescueCopies()[0]), model.map), "");
-    EXPECT_FALSE(QFile::exists(folder.filePath("mvtmp.~mp")));
+  std::string RescueCopy() const {
+    const QStringList copies = QDir(folder.path()).entryList({"Morvane rescue 20*.bmp"});
+    EXPECT_EQ(copies.size(), 1);
+    return File(qPrintable(copies.value(0)));
   }
-  Open();
-  ASSERT_TRUE(Await([] { return WindowCount() == 2; })) << "no message about the copy";
-  ASSERT_EQ(RescueCopies().size(), 1);
-  EXPECT_EQ(Difference(Read(RescueCopies()[0]), signal == SIGKILL ? model.undo : model.map), "");
-  Xdotool({"key", "Return"});
-  EXPECT_TRUE(Await([] { return WindowCount() == 1; }));
-  program->kill();
-  program->waitForFinished();
-  Open();
-  ASSERT_TRUE(Await([] { return WindowCount() == 1; }));
-  EXPECT_EQ(RescueCopies().size(), 1) << "reported a second time";
+};
+
+TEST_P(Ends, NoneLosesTheMap) {
+  const bool isKill = GetParam() == "KILL";
+  const std::string end = GetParam() == "DISPLAY" ? "$server" : '-' + GetParam() + " $editor";
+  for (const int row : {2, 7}) {
+    for (int x = 2; x <= 9; ++x) model.Paint(x == 2, 1, x * 20 + 8, row * 20 + 8);
+  }
+  Start("row 2 2 9; row 2 7 9; end kill " + end);
+  const Picture& kept = isKill ? model.undo : model.map;
+  EXPECT_EQ(std::filesystem::exists(File("mvtmp.~mp")), isKill);
+  EXPECT_EQ(Difference(MapIn(isKill ? File("mvtmp.~mp") : RescueCopy()), kept), "");
+  EXPECT_EQ(NamesIn(File(".local/state")), isKill ? "" : "morvane");
+  Start("await 2; key Return; await 1; end kill -KILL $editor");
+  EXPECT_EQ(Difference(MapIn(RescueCopy()), kept), "");
+  EXPECT_EQ(NamesIn(File(".local/state")), "") << "it would be reported a second time";
 }
 
-INSTANTIATE_TEST_SUITE_P(Ends, EndToEnd,
-                         testing::Values(End{"Killed", SIGKILL}, End{"Terminated", SIGTERM},
-                                         End{"HungUp", SIGHUP}, End{"Interrupted", SIGINT},
-                                         End{"DisplayLost", 0}),
-                         [](const auto& end) { return end.param.name; });
+INSTANTIATE_TEST_SUITE_P(EndToEnd, Ends, testing::Values("KILL", "TERM", "HUP", "INT", "DISPLAY"),
+                         [](const auto& end) { return end.param; });
 
-/// Paints the map of scripts/tour with the reference model.
-Picture TourMap(const TilePictures& art) {
-  ReferenceModel model(art);
-  model.NewMap(kWhite, true, 0xC0C0C0);
-  const auto cell = [&model](int x, int y) { model.Paint(true, 1, x * 20 + 8, y * 20 + 8); };
-  const auto line = [&model](int x1, int y1, int x2, int y2) {
+struct Tour : EndToEnd {
+  void Stamp(const char* control, const std::vector<QPoint>& cells) {
+    model.Pick(*FindItem(control));
+    for (const QPoint& at : cells) model.Paint(true, 1, at.x() * 20 + 8, at.y() * 20 + 8);
+  }
+  void Line(int x1, int y1, int x2, int y2) {
     for (int x = x1; x <= x2; x += 20) {
       for (int y = y1; y <= y2; y += 20) model.Paint(true, 1, x, y);
     }
-  };
-  model.Pick(*FindItem("pb4040"));
-  for (const int y : {2, 4, 6}) {
-    for (int x = 5; x <= 17; x += 2) cell(x, y);
   }
-  model.Pick(*FindItem("pbfloor"));
-  line(168, 168, 228, 228);
-  model.NextMode();
-  for (const int y : {40, 160}) line(110, y, 370, y);
-  for (const int x : {100, 380}) line(x, 50, x, 150);
-  for (const int x : {160, 240}) line(x, 170, x, 230);
-  line(170, 240, 230, 240);
-  model.NextMode();
-  model.Paint(true, 1, 100, 90);
-  model.Paint(true, 1, 190, 160);
-  model.Paint(true, 2, 350, 160);
-  model.Pick(*FindItem("pbwoodenbench"));
-  for (const int x : {6, 9, 12}) {
-    cell(x, 3);
-    cell(x, 6);
+  /// Paints the map of scripts/tour, except the text and the custom tile.
+  void PaintModel() {
+    model.NewMap(kWhite, true, 0xC0C0C0);
+    for (int x = 5; x <= 17; x += 2) Stamp("pb4040", {{x, 2}, {x, 4}, {x, 6}});
+    model.Pick(*FindItem("pbfloor"));
+    Line(168, 168, 228, 228);
+    model.NextMode();
+    for (const int y : {40, 160}) Line(110, y, 370, y);
+    for (const int x : {100, 380}) Line(x, 50, x, 150);
+    for (const int x : {160, 240}) Line(x, 170, x, 230);
+    Line(170, 240, 230, 240);
+    model.NextMode();
+    Line(100, 90, 100, 90);
+    Line(190, 160, 190, 160);
+    model.Paint(true, 2, 350, 160);
+    Stamp("pbwoodenbench", {{6, 3}, {6, 6}, {9, 3}, {9, 6}, {12, 3}, {12, 6}});
+    Stamp("pbroundtable", {{9, 9}});
+    Stamp("pbaltar", {{16, 4}});
+    Stamp("pbpentagramglow", {{14, 4}});
+    Stamp("pbrug", {{11, 4}});
+    model.Pick(*FindItem("pbbed"));
+    model.Turn(Transform::RotateRight);
+    model.Paint(true, 1, 168, 188);
   }
-  const std::vector<std::tuple<const char*, int, int>> furniture = {
-      {"pbroundtable", 9, 9}, {"pbaltar", 16, 4}, {"pbpentagramglow", 14, 4}, {"pbrug", 11, 4}};
-  for (const auto& [control, x, y] : furniture) {
-    model.Pick(*FindItem(control));
-    cell(x, y);
-  }
-  model.Pick(*FindItem("pbbed"));
-  model.Turn(Transform::RotateRight);
-  cell(8, 9);
-  return model.map;
-}
+};
 
-TEST(Tour, PaintsItsMapThroughTheRealProgram) {
-  const QTemporaryDir folder;
-  QProcess tour;
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert("MORVANE_PROGRAM", MORVANE_PROGRAM);
-  environment.remove("XDG_RUNTIME_DIR");
-  environment.remove("DBUS_SESSION_BUS_ADDRESS");
-  tour.setProcessEnvironment(environment);
-  tour.setProcessChannelMode(QProcess::ForwardedOutputChannel);
-  tour.start(MORVANE_TOUR, {folder.filePath("out")});
-  ASSERT_TRUE(tour.waitForFinished(280'000));
-  EXPECT_EQ(tour.readAllStandardError().toStdString(), "") << "no messages on the terminal";
-  ASSERT_EQ(tour.exitCode(), 0);
-  Picture map = MapIn(folder.filePath("out/map.bmp").toStdString());
+TEST_F(Tour, PaintsItsMapThroughTheRealProgram) {
+  ASSERT_NO_FATAL_FAILURE(RunScript({MORVANE_SCRIPTS "/tour", folder.filePath("out")}));
+  Picture map = MapIn(File("out/map.bmp"));
   for (const char* name : {"out/again.bmp", "out/outside.bmp"}) {
-    EXPECT_EQ(Difference(MapIn(folder.filePath(name).toStdString()), map), "") << name;
+    EXPECT_EQ(Difference(MapIn(File(name)), map), "") << name;
   }
-  const TilePictures art(&LoadArtSheet);
-  Picture expected = TourMap(art);
-  // The text is black on the map, and the custom tile replaces the map.
+  EXPECT_GE(QDir(folder.filePath("out")).entryList({"*.png"}).size(), 16);
+  PaintModel();
   const Rect tile = {100, 80, 140, 120};
-  const Rect text = {108, 262, 420, 290};
+  EXPECT_NE(Cut(map.View(), tile), Cut(model.map.View(), tile));
+  BitBlt(map.Draw(), 100, 80, 40, 40, model.map.View(), 100, 80);
   int black = 0;
-  for (int y = text.top; y < text.bottom; ++y) {
-    for (int x = text.left; x < text.right; ++x) {
+  for (int y = 262; y < 290; ++y) {
+    for (int x = 108; x < 420; ++x) {
       if (map.Row(y)[x] != PixelOf(0)) continue;
-      map.Row(y)[x] = expected.Row(y)[x];
+      map.Row(y)[x] = model.map.Row(y)[x];
       ++black;
     }
   }
-  EXPECT_GT(black, 300);
-  EXPECT_FALSE(Cut(map.View(), tile) == Cut(expected.View(), tile));
-  FillBox(map.Draw(), tile, 0);
-  FillBox(expected.Draw(), tile, 0);
-  EXPECT_EQ(Difference(map, expected), "");
-  EXPECT_GE(QDir(folder.filePath("out")).entryList({"*.png"}).size(), 16);
+  EXPECT_GT(black, 300) << "pixels of the text";
+  EXPECT_EQ(Difference(map, model.map), "");
 }
 
 }  // namespace
