@@ -1,70 +1,68 @@
+#include <SDL_surface.h>
+
 #include <QBitmap>
 #include <QPainter>
 #include <algorithm>
-#include <cstdlib>
-#include <iostream>
 
 #include "bench/Benches.h"
-#include "bench/Stage.h"
+#include "bench/SharedPicture.h"
 #include "document/picture/Blit.h"
 #include "platform/Images.h"
-#ifdef MORVANE_BENCH_SDL
-#include "bench/SdlPeer.h"
-#endif
 
 namespace morvane::bench {
 namespace {
 
-/// A transparent copy at many places of a map.
-struct Pasting {
-  Stage map{Noise(kMap, 1)};
-  Stage piece;
-  std::vector<Place> places;
-  Color key;
-};
+using SdlSurface = std::shared_ptr<SDL_Surface>;
 
-Contest AddPasting(RatioTable& table, const std::string& name, const Pasting& pasting) {
-  const auto [map, piece, places, key] = pasting;
-  Contest contest(table, map.AsWork(name, static_cast<int>(places.size())));
+/// An SDL surface over the pixels of a picture, which must outlive it.
+SdlSurface SdlOver(const Surface& surface) {
+  SDL_Surface* over = SDL_CreateRGBSurfaceWithFormatFrom(
+      surface.pixels, surface.width, surface.height, 32,
+      surface.stride * static_cast<int>(sizeof(Pixel)), SDL_PIXELFORMAT_ARGB8888);
+  SDL_SetSurfaceBlendMode(over, SDL_BLENDMODE_NONE);
+  return {over, SDL_FreeSurface};
+}
+
+/// Copies a piece, in which white is transparent, to each of the places on a map.
+Comparison AddCopy(RatioTable& table, const std::string& name, const SharedPicture& map,
+                   const SharedPicture& piece, const std::vector<Place>& places) {
   const auto damage = std::make_shared<Rect>();
-  contest.Ours([=, map = map, piece = piece, places = places, key = key] {
+  Comparison comparison(table, map.AsOperation(name, static_cast<int>(places.size())), [=] {
     Surface target = map.Draw();
     target.damage = damage.get();
     const PictureView source = piece.View();
     for (const Place& at : places) {
-      TransparentBlt(target, at.x, at.y, source.width, source.height, source, 0, 0, key);
+      TransparentBlt(target, at.x, at.y, source.width, source.height, source, 0, 0, kWhite);
     }
   });
-  contest.Limit("row memcpy", AtMost(4.0), [map = map, piece = piece, places = places] {
+  comparison.Baseline("row memcpy", AtMost(4.0), [=] {
     const Surface target = map.Draw();
     const PictureView source = piece.View();
     for (const Place& at : places) CopyRows(target, at, source);
   });
-#ifdef MORVANE_BENCH_SDL
   const SdlSurface from = SdlOver(piece.Draw());
   const SdlSurface to = SdlOver(map.Draw());
-  SDL_SetColorKey(from.get(), SDL_TRUE, PixelOf(key));
-  contest.Against("SDL colour key", Faster(1.0), [from, to, places = places] {
+  SDL_SetColorKey(from.get(), SDL_TRUE, PixelOf(kWhite));
+  comparison.Peer("SDL colour key", Faster(1.0), [=] {
     for (const Place& at : places) {
       SDL_Rect rect{at.x, at.y, 0, 0};
       SDL_BlitSurface(from.get(), nullptr, to.get(), &rect);
     }
   });
-#endif
-  return contest;
+  return comparison;
 }
 
-/// A piece of fence: posts of 2 pixels and gaps of 2.
-Pasting Fence(Size size) {
-  constexpr Color kGap = kWhite;
-  Picture piece = Noise(size, 7);
+/// Copies a piece of fence: posts of 2 pixels and gaps of 2.
+void AddFence(RatioTable& table, Size size) {
+  Picture fence = RandomPicture(size, 7);
   for (int y = 0; y < size.height; ++y) {
     for (int x = 0; x < size.width; ++x) {
       const int along = size.width > size.height ? x : y;
-      if (along / 2 % 2 == 1) piece.Row(y)[x] = PixelOf(kGap);
+      if (along / 2 % 2 == 1) fence.Row(y)[x] = PixelOf(kWhite);
     }
   }
-  return {.piece = Stage(piece), .places = Cells(size), .key = kGap};
+  AddCopy(table, "TransparentBlt of a fence " + SizeText(size),
+          SharedPicture(RandomPicture(kDesignedMap, 1)), SharedPicture(fence), Cells(size));
 }
 
 /// A white page with black text that is not anti-aliased.
@@ -80,18 +78,13 @@ Picture Page(Size size) {
   painter.setFont(font);
   painter.drawText(image.rect(), Qt::AlignJustify | Qt::TextWordWrap, text);
   painter.end();
-  return page;
-}
 
-void RequireText(const Picture& page) {
   const PictureView view = page.View();
-  const long long all = 1LL * view.width * view.height;
-  const long long black = std::count(view.pixels, view.pixels + all, PixelOf(0));
-  const long long white = std::count(view.pixels, view.pixels + all, PixelOf(kWhite));
-  if (black > all / 20 && black + white == all) return;
-  std::cerr << "The page of text has " << black << " black and " << white << " white of " << all
-            << " pixels: is a font installed?\n";
-  std::exit(EXIT_FAILURE);
+  const auto all = static_cast<std::ptrdiff_t>(view.width) * view.height;
+  const auto black = std::count(view.pixels, view.pixels + all, PixelOf(0));
+  const auto white = std::count(view.pixels, view.pixels + all, PixelOf(kWhite));
+  Require(black > all / 20 && black + white == all, "The page of text has no text; check the font");
+  return page;
 }
 
 /// The region of the picture that isn't white.
@@ -101,34 +94,32 @@ QBitmap MaskOf(const QImage& picture) {
 
 void AddText(RatioTable& table) {
   constexpr Size kText{509, 349};
-  const Picture page = Page(kText);
-  RequireText(page);
-  const Pasting pasting{.piece = Stage(page), .places = {{53, 67}}, .key = kWhite};
-  Contest contest = AddPasting(table, "TransparentBlt of a page of text 509x349", pasting);
-  const Stage map = pasting.map;
-  const QImage text = ImageOver(pasting.piece.View());
-  const Place at = pasting.places.front();
-  contest.Against("Qt, mask made for each", Faster(10), [=] {
+  constexpr Place kPlace{53, 67};
+  const SharedPicture map(RandomPicture(kDesignedMap, 1));
+  const SharedPicture page(Page(kText));
+  const QImage text = ImageOver(page.View());
+  Comparison comparison =
+      AddCopy(table, "TransparentBlt of a page of text 509x349", map, page, {kPlace});
+  comparison.Peer("Qt, mask made for each", Faster(10), [=] {
     QImage target = ImageOver(map.Draw());
     QPixmap masked = QPixmap::fromImage(text);
     masked.setMask(MaskOf(text));
-    QPainter painter(&target);
-    painter.drawPixmap(at.x, at.y, masked);
+    QPainter(&target).drawPixmap(kPlace.x, kPlace.y, masked);
   });
-  const QRegion clip = QRegion(MaskOf(text)).translated(at.x, at.y);
-  contest.Against("Qt, clipped to a ready region", Faster(10), [=] {
+  const QRegion clip = QRegion(MaskOf(text)).translated(kPlace.x, kPlace.y);
+  comparison.Peer("Qt, clipped to a ready region", Faster(10), [=, page = page] {
     QImage target = ImageOver(map.Draw());
     QPainter painter(&target);
     painter.setClipRegion(clip);
-    painter.drawImage(at.x, at.y, text);
+    painter.drawImage(kPlace.x, kPlace.y, text);
   });
 }
 
 }  // namespace
 
 void AddTransparentCopies(RatioTable& table) {
-  AddPasting(table, "TransparentBlt of a fence 4x22", Fence({4, 22}));
-  AddPasting(table, "TransparentBlt of a fence 22x4", Fence({22, 4}));
+  AddFence(table, {4, 22});
+  AddFence(table, {22, 4});
   AddText(table);
 }
 

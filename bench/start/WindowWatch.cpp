@@ -19,7 +19,7 @@ using Owned = std::unique_ptr<Reply, Free>;
 
 [[noreturn]] void Stop(const char* reason) {
   std::cerr << "start_bench: " << reason << '\n';
-  std::exit(1);
+  std::exit(EXIT_FAILURE);
 }
 
 }  // namespace
@@ -32,36 +32,33 @@ WindowWatch::WindowWatch() : connection_(xcb_connect(nullptr, nullptr)) {
   xcb_flush(connection_.get());
 }
 
-Appearance WindowWatch::NextWindow(int leastWidth) {
+Clock::time_point WindowWatch::NextWindow(int leastWidth) {
   const Clock::time_point latest = Clock::now() + kTimeout;
-  Appearance found;
+  xcb_window_t found = 0;
+  Owned<xcb_get_geometry_reply_t> foundPlace;
   while (Clock::now() < latest) {
-    if (found.window != 0 && IsPainted(found.window, found.width, found.height - 8)) {
-      found.painted = Clock::now();
-      return found;
-    }
+    if (foundPlace && IsPainted(found, *foundPlace)) return Clock::now();
     const Owned<xcb_generic_event_t> event(xcb_poll_for_event(connection_.get()));
-    if (!event) {
-      std::this_thread::sleep_for(kPause);
-      continue;
-    }
-    if ((event->response_type & 0x7F) != XCB_MAP_NOTIFY) continue;
-    const xcb_window_t window =
-        reinterpret_cast<const xcb_map_notify_event_t*>(event.get())->window;
-    const Owned<xcb_get_geometry_reply_t> place(xcb_get_geometry_reply(
+    if (!event) std::this_thread::sleep_for(kPause);
+    if (!event || (event->response_type & 0x7F) != XCB_MAP_NOTIFY) continue;
+    const auto window = reinterpret_cast<const xcb_map_notify_event_t*>(event.get())->window;
+    Owned<xcb_get_geometry_reply_t> place(xcb_get_geometry_reply(
         connection_.get(), xcb_get_geometry(connection_.get(), window), nullptr));
-    if (place && place->width >= leastWidth) found = {window, place->width, place->height, {}};
+    if (!place || place->width < leastWidth) continue;
+    found = window;
+    foundPlace = std::move(place);
   }
-  Stop("no window comes up");
+  Stop("no window appears");
 }
 
-bool WindowWatch::IsPainted(xcb_window_t window, int width, int row) {
+bool WindowWatch::IsPainted(xcb_window_t window, const xcb_get_geometry_reply_t& place) {
   // Qt's windows have no background, so the screen stays black until they are painted.
-  const Owned<xcb_get_image_reply_t> image(xcb_get_image_reply(
-      connection_.get(),
-      xcb_get_image(connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0,
-                    static_cast<std::int16_t>(row), static_cast<std::uint16_t>(width), 1, 0xFFFFFF),
-      nullptr));
+  const auto row = static_cast<std::int16_t>(place.height - 8);
+  const Owned<xcb_get_image_reply_t> image(
+      xcb_get_image_reply(connection_.get(),
+                          xcb_get_image(connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0,
+                                        row, place.width, 1, 0xFFFFFF),
+                          nullptr));
   if (!image) return false;
   const std::uint8_t* data = xcb_get_image_data(image.get());
   return std::any_of(data, data + xcb_get_image_data_length(image.get()),

@@ -3,20 +3,11 @@
 #include <xcb/xcb.h>
 
 #include <chrono>
-#include <cstdint>
 #include <memory>
 
 namespace start_bench {
 
 using Clock = std::chrono::steady_clock;
-
-/// A window that appeared, and when.
-struct Appearance {
-  xcb_window_t window = 0;
-  int width = 0;
-  int height = 0;
-  Clock::time_point painted;  ///< mapped and painted
-};
 
 /// Watches the screen of the display that DISPLAY names. No other client may draw on it.
 class WindowWatch {
@@ -25,14 +16,14 @@ class WindowWatch {
   WindowWatch();
 
   /// Waits until a window of at least this width has appeared and is painted.
-  Appearance NextWindow(int leastWidth);
+  Clock::time_point NextWindow(int leastWidth);
 
  private:
   struct Disconnect {
     void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
   };
 
-  bool IsPainted(xcb_window_t window, int width, int row);
+  bool IsPainted(xcb_window_t window, const xcb_get_geometry_reply_t& place);
 
   std::unique_ptr<xcb_connection_t, Disconnect> connection_;
 };
