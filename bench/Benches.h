@@ -5,7 +5,6 @@
 namespace morvane::bench {
 
 void AddCopies(RatioTable& table);
-void AddTransparentCopies(RatioTable& table);
 void AddTransforms(RatioTable& table);
 void AddFiles(RatioTable& table);
 void AddPresses(RatioTable& table);

@@ -2,28 +2,17 @@
 // prints one table of ratios.
 
 #include <QApplication>
-#include <array>
 #include <cstdlib>
-#include <vector>
 
 #include "bench/Benches.h"
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
-  // The order is random, so that other load on the machine affects all alike. Arguments of the
-  // command line override these.
-  std::array<char, 48> interleaving{"--benchmark_enable_random_interleaving=true"};
-  std::array<char, 32> repetitions{"--benchmark_repetitions=11"};
-  std::array<char, 32> minTime{"--benchmark_min_time=0.05"};
-  std::vector<char*> arguments{argv[0], interleaving.data(), repetitions.data(), minTime.data()};
-  arguments.insert(arguments.end(), argv + 1, argv + argc);
-  int count = static_cast<int>(arguments.size());
-  benchmark::Initialize(&count, arguments.data());
-  if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return EXIT_FAILURE;
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return EXIT_FAILURE;
 
   morvane::bench::RatioTable table;
   morvane::bench::AddCopies(table);
-  morvane::bench::AddTransparentCopies(table);
   morvane::bench::AddTransforms(table);
   morvane::bench::AddFiles(table);
   morvane::bench::AddPresses(table);

@@ -18,9 +18,9 @@ void AddPeak(RatioTable& table, const std::string& name, const std::function<voi
   // A chunk of a file, and its path and other small objects.
   constexpr std::ptrdiff_t kLimit = kChunkBytes / 1024 + 16;
   const std::ptrdiff_t peak = (HeapUseOf(run).peak + 1023) / 1024;
-  table.Add(Count{name + ", map " + SizeText(kHugeMap) + ", more memory",
-                  std::to_string(peak) + " KiB", "at most " + std::to_string(kLimit) + " KiB",
-                  peak <= kLimit});
+  table.AddCount(name + ", map " + SizeText(kHugeMap) + ", more memory",
+                 std::to_string(peak) + " KiB", "at most " + std::to_string(kLimit) + " KiB",
+                 peak <= kLimit);
 }
 
 }  // namespace

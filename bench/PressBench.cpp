@@ -60,7 +60,7 @@ int AddAllocations(RatioTable& table, const std::string& name, Editor& editor,
   const int allocations = HeapUseOf(action).allocations;
   Require(editor.palette.Shape1.Left != left || !(Picture(editor.document.Canvas.Image()) == map),
           "A press or move had no effect");
-  table.Add(Count{name, std::to_string(allocations) + " allocations", "none", allocations == 0});
+  table.AddCount(name, std::to_string(allocations) + " allocations", "none", allocations == 0);
   return editor.platform.snapshots - snapshots;
 }
 
@@ -82,7 +82,7 @@ void AddMoves(RatioTable& table) {
   for (const auto& [name, button] : moves) {
     const int snapshots = AddAllocations(table, name, *designed,
                                          [&, button = button] { MoveAlong(*designed, button); });
-    table.Add(Count{name, std::to_string(snapshots) + " snapshots", "none", snapshots == 0});
+    table.AddCount(name, std::to_string(snapshots) + " snapshots", "none", snapshots == 0);
   }
   for (const Size size : {Size{1432, 1168}, Size{3840, 2160}, Size{7680, 4320}}) {
     const auto larger = EditorFor(size, "pbfloor");

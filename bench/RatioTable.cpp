@@ -1,5 +1,6 @@
 #include "bench/RatioTable.h"
 
+#include <array>
 #include <iomanip>
 #include <sstream>
 
@@ -22,27 +23,22 @@ std::string YesNo(bool isMet) {
   return isMet ? "yes" : "no";
 }
 
-struct Verdict {
-  std::string ratio;
-  std::string target;
-  bool isMet;
-};
-
-/// `peers` is unused if the target is for our time alone.
-Verdict Judge(const Target& target, double ours, double peers) {
+/// The cells for the ratio, the target and whether it is met. `peers` is unused if the target is
+/// for our time alone.
+std::array<std::string, 3> Verdict(const Target& target, double ours, double peers) {
   const double limit = target.limit;
   switch (target.kind) {
     case Target::Kind::AtMost:
       return {Rounded(ours / peers, 2) + " x", "at most " + Rounded(limit, 2) + " x",
-              ours / peers <= limit};
+              YesNo(ours / peers <= limit)};
     case Target::Kind::Faster:
       return {Rounded(peers / ours, 1) + " x faster", "at least " + Rounded(limit, 1) + " x faster",
-              peers / ours >= limit};
+              YesNo(peers / ours >= limit)};
     case Target::Kind::Within:
-      return {"", "at most " + TimeText(limit), ours <= limit};
+      return {"", "at most " + TimeText(limit), YesNo(ours <= limit)};
     case Target::Kind::PerSecond:
       return {Rounded(1e9 / ours, 0) + " a second", "at least " + Rounded(limit, 0) + " a second",
-              1e9 / ours >= limit};
+              YesNo(1e9 / ours >= limit)};
   }
   return {};
 }
@@ -51,6 +47,11 @@ Verdict Judge(const Target& target, double ours, double peers) {
 
 std::string BenchmarkName(const std::string& operation, const std::string& who) {
   return operation + "/" + who;
+}
+
+void RatioTable::AddCount(const std::string& operation, const std::string& count,
+                          const std::string& target, bool isMet) {
+  counts_.push_back({operation, count, "", "", "", target, YesNo(isMet)});
 }
 
 bool RatioTable::ReportContext(const Context& context) {
@@ -72,9 +73,7 @@ void RatioTable::Finalize() {
   Print({"Operation", "Morvane", "Compared with", "Its time", "Ratio", "Target", "Met"});
   GetOutputStream() << "|---|---:|---|---:|---:|---:|---|\n";
   for (const Row& row : rows_) Print(row);
-  for (const Count& count : counts_) {
-    Print({count.operation, count.counted, "", "", "", count.target, YesNo(count.isMet)});
-  }
+  for (const Cells& count : counts_) Print(count);
   for (const std::string& note : notes_) GetOutputStream() << "\n" << note << "\n";
   GetOutputStream().flush();
 }
@@ -86,12 +85,12 @@ void RatioTable::Print(const Row& row) {
   if (ours == medians_.end() || (!isAlone && peers == medians_.end())) return;
   const double ourTime = ours->second / row.pieces;
   const double peersTime = isAlone ? 0 : peers->second / row.pieces;
-  const Verdict verdict = Judge(row.target, ourTime, peersTime);
-  Print({row.operation, TimeText(ourTime), row.peer, isAlone ? "" : TimeText(peersTime),
-         verdict.ratio, verdict.target, YesNo(verdict.isMet)});
+  const auto [ratio, target, isMet] = Verdict(row.target, ourTime, peersTime);
+  Print({row.operation, TimeText(ourTime), row.peer, isAlone ? "" : TimeText(peersTime), ratio,
+         target, isMet});
 }
 
-void RatioTable::Print(const std::vector<std::string>& cells) {
+void RatioTable::Print(const Cells& cells) {
   for (const std::string& cell : cells) {
     GetOutputStream() << (cell.empty() ? "| " : "| " + cell + ' ');
   }

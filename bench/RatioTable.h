@@ -43,14 +43,6 @@ struct Row {
   int pieces;  ///< processed by a run; the table shows the time of one
 };
 
-/// One row with a count instead of a time.
-struct Count {
-  std::string operation;
-  std::string counted;
-  std::string target;
-  bool isMet;
-};
-
 /// The name of a benchmark. It begins with the operation, so that a filter selects all peers.
 std::string BenchmarkName(const std::string& operation, const std::string& who);
 
@@ -61,8 +53,9 @@ inline constexpr const char* kOurs = "Morvane";
 class RatioTable : public benchmark::BenchmarkReporter {
  public:
   void Add(const Row& row) { rows_.push_back(row); }
-  /// Adds a row after those with times.
-  void Add(const Count& count) { counts_.push_back(count); }
+  /// Adds a row with a count instead of a time, after those with times.
+  void AddCount(const std::string& operation, const std::string& count, const std::string& target,
+                bool isMet);
   /// Adds a sentence below the table.
   void Note(const std::string& sentence) { notes_.push_back(sentence); }
 
@@ -71,11 +64,13 @@ class RatioTable : public benchmark::BenchmarkReporter {
   void Finalize() override;
 
  private:
+  using Cells = std::vector<std::string>;
+
   void Print(const Row& row);
-  void Print(const std::vector<std::string>& cells);
+  void Print(const Cells& cells);
 
   std::vector<Row> rows_;
-  std::vector<Count> counts_;
+  std::vector<Cells> counts_;
   std::vector<std::string> notes_;
   std::map<std::string, double> medians_;  ///< in nanoseconds, by the name of the benchmark
 };
