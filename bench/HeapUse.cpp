@@ -40,7 +40,7 @@ HeapUse HeapUseOf(const std::function<void()>& run) {
 
 }  // namespace morvane::bench
 
-// The array, nothrow and sized variants call these.
+// The array and nothrow variants call these.
 void* operator new(std::size_t size) {
   return Allocated(std::malloc(std::max<std::size_t>(size, 1)));
 }
@@ -55,6 +55,14 @@ void operator delete(void* memory) noexcept {
   Free(memory);
 }
 
+void operator delete(void* memory, std::size_t /*size*/) noexcept {
+  Free(memory);
+}
+
 void operator delete(void* memory, std::align_val_t /*alignment*/) noexcept {
+  Free(memory);
+}
+
+void operator delete(void* memory, std::size_t /*size*/, std::align_val_t /*alignment*/) noexcept {
   Free(memory);
 }
