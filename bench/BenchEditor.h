@@ -3,7 +3,6 @@
 #include "editor/MainForm.h"
 #include "platform/QtPlatform.h"
 #include "shell/ArtSheets.h"
-#include "tests/support/FakePlatform.h"
 
 namespace morvane::bench {
 
@@ -13,17 +12,8 @@ class YesPlatform : public QtPlatform {
   Answer MsgBox(const std::string&, BoxStyle, const std::string&) override { return Answer::Yes; }
 };
 
-/// A platform that counts snapshots and discards them.
-class CountingPlatform : public FakePlatform {
- public:
-  Failure WriteSnapshot(ByteSource&) override {
-    ++snapshots;
-    return {};
-  }
-};
-
 /// The editor without a window, with its real art and a map of any size.
-template <class Desktop>
+template <class PlatformType>
 struct BenchEditor {
   explicit BenchEditor(Size map) {
     constexpr int kBorders = 4;
@@ -33,7 +23,7 @@ struct BenchEditor {
     document.Canvas.Cls();
   }
 
-  Desktop platform;
+  PlatformType platform;
   MainForm form{platform, &LoadArtSheet};
   Document& document = form.document;
   Palette& palette = form.palette;

@@ -5,11 +5,8 @@
 namespace morvane::bench {
 
 void AddCopies(RatioTable& table);
-void AddTransparentCopies(RatioTable& table);
-void AddScaling(RatioTable& table);
-void AddTurns(RatioTable& table);
-void AddSnapshots(RatioTable& table);
-void AddSaving(RatioTable& table);
+void AddTransforms(RatioTable& table);
+void AddFiles(RatioTable& table);
 void AddPresses(RatioTable& table);
 void AddWindow(RatioTable& table);
 void AddFolders(RatioTable& table);

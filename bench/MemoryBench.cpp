@@ -1,8 +1,8 @@
 #include "bench/BenchEditor.h"
 #include "bench/Benches.h"
-#include "bench/HeapWatch.h"
-#include "bench/Stage.h"
-#include "bench/WorkFolder.h"
+#include "bench/HeapUse.h"
+#include "bench/SharedPicture.h"
+#include "bench/TempFolder.h"
 #include "document/MapFiles.h"
 #include "document/Snapshot.h"
 #include "document/Undo.h"
@@ -12,45 +12,33 @@ namespace morvane::bench {
 namespace {
 
 constexpr Size kHugeMap{3840, 2160};
-constexpr std::ptrdiff_t kChunk = kChunkBytes;
-/// Paths, names and members of the file classes.
-constexpr std::ptrdiff_t kSmallThings = std::ptrdiff_t{16} << 10U;
-
-std::string KibText(std::ptrdiff_t bytes) {
-  return std::to_string((bytes + 1023) / 1024) + " KiB";
-}
 
 /// Runs once and adds the peak of additional memory.
-template <class Run>
-void AddPeak(RatioTable& table, const std::string& name, std::ptrdiff_t limit, Run run) {
-  std::ptrdiff_t peak = 0;
-  {
-    const HeapWatch watch;
-    run();
-    peak = watch.Peak();
-  }
-  table.Add(
-      Count{name + ", more memory", KibText(peak), "at most " + KibText(limit), peak <= limit});
+void AddPeak(RatioTable& table, const std::string& name, const std::function<void()>& run) {
+  // A chunk of a file, and its path and other small objects.
+  constexpr std::ptrdiff_t kLimit = kChunkBytes / 1024 + 16;
+  const std::ptrdiff_t peak = (HeapUseOf(run).peak + 1023) / 1024;
+  table.AddCount(name + ", map " + SizeText(kHugeMap) + ", more memory",
+                 std::to_string(peak) + " KiB", "at most " + std::to_string(kLimit) + " KiB",
+                 peak <= kLimit);
 }
 
 }  // namespace
 
 void AddMemory(RatioTable& table) {
-  const WorkFolder folder;
+  const TempFolder folder;
   folder.Enter();
   BenchEditor<YesPlatform> editor(kHugeMap);
   Document& document = editor.document;
-  document.CurrentFile = folder.File("map.bmp");
+  document.CurrentFile = folder.filePath("map.bmp").toStdString();
   document.HasCurrentFile = true;
-  const std::string map = ", map " + SizeText(kHugeMap);
-  AddPeak(table, "Snapshot of a press" + map, kChunk + kSmallThings,
-          [&] { TakeSnapshot(document); });
-  AddPeak(table, "Save" + map, kChunk + kSmallThings, [&] { mnuFileSave_Click(document); });
+  AddPeak(table, "Snapshot of a press", [&] { TakeSnapshot(document); });
+  AddPeak(table, "Save", [&] { mnuFileSave_Click(document); });
   const Picture before(document.Canvas.Image());
   SetPixelV(document.Canvas.hDC(), 1, 1, 0);
-  AddPeak(table, "Undo" + map, kChunk + kSmallThings, [&] { mnuEditUndo_Click(document); });
-  Must(editor.platform.FileExists(document.CurrentFile), "The map was not saved");
-  Must(Picture(document.Canvas.Image()) == before, "The map was not taken back");
+  AddPeak(table, "Undo", [&] { mnuEditUndo_Click(document); });
+  Require(editor.platform.FileExists(document.CurrentFile), "The map was not saved");
+  Require(Picture(document.Canvas.Image()) == before, "The map was not restored");
 }
 
 }  // namespace morvane::bench

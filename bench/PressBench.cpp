@@ -2,17 +2,26 @@
 
 #include "bench/BenchEditor.h"
 #include "bench/Benches.h"
-#include "bench/HeapWatch.h"
-#include "bench/Stage.h"
-#include "bench/WorkFolder.h"
+#include "bench/HeapUse.h"
+#include "bench/SharedPicture.h"
 #include "document/Grid.h"
 #include "document/picture/Blit.h"
 #include "palette/TileSelection.h"
+#include "tests/support/FakePlatform.h"
 #include "tools/Buttons.h"
 #include "tools/CanvasMouse.h"
 
 namespace morvane::bench {
 namespace {
+
+/// Counts snapshots and discards them.
+class CountingPlatform : public FakePlatform {
+ public:
+  Failure WriteSnapshot(ByteSource&) override {
+    ++snapshots;
+    return {};
+  }
+};
 
 using Editor = BenchEditor<CountingPlatform>;
 
@@ -24,12 +33,12 @@ std::shared_ptr<Editor> EditorFor(Size map, const char* tile) {
   return editor;
 }
 
-/// Presses in the middle of each cell where the stamp fits on a map of the designed size.
-void PressAll(Editor& editor, const std::vector<Place>& cells) {
+/// Presses in the middle of the first cell of each place.
+void PressAll(Editor& editor, const std::vector<Place>& places) {
   constexpr int kMiddle = kCellSize / 2;
-  for (const Place& cell : cells) {
-    Canvas_MouseDown(editor.palette, kLeftButton, static_cast<float>(cell.x + kMiddle),
-                     static_cast<float>(cell.y + kMiddle));
+  for (const Place& place : places) {
+    Canvas_MouseDown(editor.palette, kLeftButton, static_cast<float>(place.x + kMiddle),
+                     static_cast<float>(place.y + kMiddle));
   }
 }
 
@@ -41,74 +50,64 @@ void MoveAlong(Editor& editor, int button) {
   }
 }
 
-/// Counts the allocations of a gesture, which must have painted or moved something.
-template <class Gesture>
-void AddAllocations(RatioTable& table, const std::string& work, Editor& editor, Gesture gesture) {
-  const Picture before(editor.document.Canvas.Image());
-  const Outline outline = editor.palette.Shape1;
-  int allocations = 0;
-  {
-    const HeapWatch watch;
-    gesture();
-    allocations = watch.Allocations();
-  }
-  const bool moved = editor.palette.Shape1.Left != outline.Left;
-  Must(moved || !(Picture(editor.document.Canvas.Image()) == before), "A gesture had no effect");
-  table.Add(Count{work, std::to_string(allocations) + " allocations", "none", allocations == 0});
+/// Counts the allocations of an action, which must change the map or move the outline. Returns the
+/// number of its snapshots.
+int AddAllocations(RatioTable& table, const std::string& name, Editor& editor,
+                   const std::function<void()>& action) {
+  const Picture map(editor.document.Canvas.Image());
+  const int left = editor.palette.Shape1.Left;
+  const int snapshots = editor.platform.snapshots;
+  const int allocations = HeapUseOf(action).allocations;
+  Require(editor.palette.Shape1.Left != left || !(Picture(editor.document.Canvas.Image()) == map),
+          "A press or move had no effect");
+  table.AddCount(name, std::to_string(allocations) + " allocations", "none", allocations == 0);
+  return editor.platform.snapshots - snapshots;
 }
 
 void AddPress(RatioTable& table) {
-  const std::vector<Place> cells = Cells({40, 40});
-  const auto editor = EditorFor(kMap, "pb4040");
   const std::string name = "A press that stamps 40x40, without the snapshot";
-  const int before = editor->platform.snapshots;
-  AddAllocations(table, name, *editor, [&] { PressAll(*editor, cells); });
-  Must(editor->platform.snapshots - before == static_cast<int>(cells.size()),
-       "Not every press was one");
-  Contest(table, {.name = name, .pieces = static_cast<int>(cells.size())})
-      .Ours([=] { PressAll(*editor, cells); })
-      .Alone(Within(5000));
+  const std::vector<Place> places = Cells({40, 40});
+  const int count = static_cast<int>(places.size());
+  const auto editor = EditorFor(kDesignedMap, "pb4040");
+  const auto pressAll = [=] { PressAll(*editor, places); };
+  Require(AddAllocations(table, name, *editor, pressAll) == count,
+          "Not every press took a snapshot");
+  Comparison(table, {.name = name, .pieces = count}, pressAll).Absolute(Within(5000));
 }
 
-struct Hand {
-  const char* name;
-  int button;
-};
-
 void AddMoves(RatioTable& table) {
-  constexpr std::array<Hand, 2> kHands = {
+  const std::array<std::pair<std::string, int>, 2> moves = {
       {{"A move of a stroke", kLeftButton}, {"A move that hovers", 0}}};
-  const auto designed = EditorFor(kMap, "pbfloor");
-  for (const Hand& hand : kHands) {
-    const int before = designed->platform.snapshots;
-    AddAllocations(table, hand.name, *designed, [&] { MoveAlong(*designed, hand.button); });
-    const int snapshots = designed->platform.snapshots - before;
-    table.Add(Count{hand.name, std::to_string(snapshots) + " snapshots", "none", snapshots == 0});
+  const auto designed = EditorFor(kDesignedMap, "pbfloor");
+  for (const auto& [name, button] : moves) {
+    const int snapshots = AddAllocations(table, name, *designed,
+                                         [&, button = button] { MoveAlong(*designed, button); });
+    table.AddCount(name, std::to_string(snapshots) + " snapshots", "none", snapshots == 0);
   }
   for (const Size size : {Size{1432, 1168}, Size{3840, 2160}, Size{7680, 4320}}) {
     const auto larger = EditorFor(size, "pbfloor");
-    for (const auto [name, button] : kHands) {
-      Contest(table, {.name = std::string(name) + ", map " + SizeText(size), .pieces = kMoves})
-          .Ours([=, button = button] { MoveAlong(*larger, button); })
-          .Limit("map " + SizeText(kMap), AtMost(1.1),
-                 [=, button = button] { MoveAlong(*designed, button); });
+    for (const auto& [name, button] : moves) {
+      Comparison(table, {.name = name + ", map " + SizeText(size), .pieces = kMoves},
+                 [=, button = button] { MoveAlong(*larger, button); })
+          .Baseline("map " + SizeText(kDesignedMap), AtMost(1.1),
+                    [=, button = button] { MoveAlong(*designed, button); });
     }
   }
 }
 
-/// The same stamps on a map of any size.
+/// The same stamps on two maps.
 void AddBlit(RatioTable& table) {
-  const Stage designed(Noise(kMap, 1));
-  const Stage larger(Noise({7680, 4320}, 1));
-  const Stage tile(Noise({20, 20}, 2));
-  const auto stampAlong = [tile](const Stage& map) {
+  const SharedPicture designed(RandomPicture(kDesignedMap, 1));
+  const SharedPicture larger(RandomPicture({7680, 4320}, 1));
+  const SharedPicture tile(RandomPicture({20, 20}, 2));
+  const auto stampAlong = [tile](const SharedPicture& map) {
     for (int step = 0; step < kMoves; ++step) {
       BitBlt(map.Draw(), 50 + step, 50 + step / 4, 20, 20, tile.View(), 0, 0);
     }
   };
-  Contest(table, {.name = "BitBlt 20x20 onto a map 7680x4320", .pieces = kMoves})
-      .Ours([=] { stampAlong(larger); })
-      .Limit("onto a map " + SizeText(kMap), AtMost(1.1), [=] { stampAlong(designed); });
+  Comparison(table, {.name = "BitBlt 20x20 onto a map 7680x4320", .pieces = kMoves}, [=] {
+    stampAlong(larger);
+  }).Baseline("onto a map " + SizeText(kDesignedMap), AtMost(1.1), [=] { stampAlong(designed); });
 }
 
 }  // namespace

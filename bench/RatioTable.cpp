@@ -1,8 +1,8 @@
 #include "bench/RatioTable.h"
 
+#include <array>
 #include <iomanip>
 #include <sstream>
-#include <utility>
 
 namespace morvane::bench {
 namespace {
@@ -19,47 +19,39 @@ std::string TimeText(double nanoseconds) {
   return Rounded(nanoseconds / 1e6, 1) + " ms";
 }
 
-std::string YesNo(bool met) {
-  return met ? "yes" : "no";
+std::string YesNo(bool isMet) {
+  return isMet ? "yes" : "no";
 }
 
-/// The cells for the ratio, the target and whether it is met.
-std::string Verdict(const Target& target, double ours, double peers) {
-  const bool faster = target.kind == Target::Kind::Faster;
-  const double ratio = faster ? peers / ours : ours / peers;
-  const bool met = faster ? ratio >= target.limit : ratio <= target.limit;
-  const int decimals = faster ? 1 : 2;
-  const std::string unit = faster ? " x faster" : " x";
-  return Rounded(ratio, decimals) + unit + " | " + (faster ? "at least " : "at most ") +
-         Rounded(target.limit, decimals) + unit + " | " + YesNo(met);
-}
-
-/// The same for a limit to our own time.
-std::string VerdictAlone(const Target& target, double ours) {
-  if (target.kind == Target::Kind::Within) {
-    return "| at most " + TimeText(target.limit) + " | " + YesNo(ours <= target.limit);
+/// The cells for the ratio, the target and whether it is met. `peers` is unused if the target is
+/// for our time alone.
+std::array<std::string, 3> Verdict(const Target& target, double ours, double peers) {
+  const double limit = target.limit;
+  switch (target.kind) {
+    case Target::Kind::AtMost:
+      return {Rounded(ours / peers, 2) + " x", "at most " + Rounded(limit, 2) + " x",
+              YesNo(ours / peers <= limit)};
+    case Target::Kind::Faster:
+      return {Rounded(peers / ours, 1) + " x faster", "at least " + Rounded(limit, 1) + " x faster",
+              YesNo(peers / ours >= limit)};
+    case Target::Kind::Within:
+      return {"", "at most " + TimeText(limit), YesNo(ours <= limit)};
+    case Target::Kind::PerSecond:
+      return {Rounded(1e9 / ours, 0) + " a second", "at least " + Rounded(limit, 0) + " a second",
+              YesNo(1e9 / ours >= limit)};
   }
-  const double rate = 1e9 / ours;
-  return Rounded(rate, 0) + " a second | at least " + Rounded(target.limit, 0) + " a second | " +
-         YesNo(rate >= target.limit);
+  return {};
 }
 
 }  // namespace
 
-std::string SideName(const std::string& work, const std::string& who) {
-  return work + "/" + who;
+std::string BenchmarkName(const std::string& operation, const std::string& who) {
+  return operation + "/" + who;
 }
 
-void RatioTable::Add(Row row) {
-  rows_.push_back(std::move(row));
-}
-
-void RatioTable::Add(Count count) {
-  counts_.push_back(std::move(count));
-}
-
-void RatioTable::Note(std::string sentence) {
-  notes_.push_back(std::move(sentence));
+void RatioTable::AddCount(const std::string& operation, const std::string& count,
+                          const std::string& target, bool isMet) {
+  counts_.push_back({operation, count, "", "", "", target, YesNo(isMet)});
 }
 
 bool RatioTable::ReportContext(const Context& context) {
@@ -71,40 +63,38 @@ void RatioTable::ReportRuns(const std::vector<Run>& runs) {
   for (const Run& run : runs) {
     // A single run has no median.
     if (run.run_type == Run::RT_Aggregate && run.aggregate_name != "median") continue;
-    const bool wall = !run.run_name.time_type.empty();
+    const bool isWallClock = !run.run_name.time_type.empty();
     medians_[run.run_name.function_name] =
-        wall ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime();
+        isWallClock ? run.GetAdjustedRealTime() : run.GetAdjustedCPUTime();
   }
 }
 
 void RatioTable::Finalize() {
-  std::ostream& out = GetOutputStream();
-  out << "| Operation | Morvane | Compared with | Its time | Ratio | Target | Met |\n"
-      << "|---|---:|---|---:|---:|---:|---|\n";
-  for (const Row& row : rows_) PrintRow(row);
-  for (const Count& count : counts_) {
-    out << "| " << count.work << " | " << count.counted << " | | | | " << count.target << " | "
-        << YesNo(count.met) << " |\n";
-  }
-  for (const std::string& note : notes_) out << "\n" << note << "\n";
-  out.flush();
+  Print({"Operation", "Morvane", "Compared with", "Its time", "Ratio", "Target", "Met"});
+  GetOutputStream() << "|---|---:|---|---:|---:|---:|---|\n";
+  for (const Row& row : rows_) Print(row);
+  for (const Cells& count : counts_) Print(count);
+  for (const std::string& note : notes_) GetOutputStream() << "\n" << note << "\n";
+  GetOutputStream().flush();
 }
 
-void RatioTable::PrintRow(const Row& row) {
-  const auto ours = medians_.find(SideName(row.work, kOurs));
-  if (ours == medians_.end()) return;
-  const double time = ours->second / row.pieces;
-  std::ostream& out = GetOutputStream();
-  if (row.peer.empty()) {
-    out << "| " << row.work << " | " << TimeText(time) << " | | | "
-        << VerdictAlone(row.target, time) << " |\n";
-    return;
+void RatioTable::Print(const Row& row) {
+  const auto ours = medians_.find(BenchmarkName(row.operation, kOurs));
+  const auto peers = medians_.find(BenchmarkName(row.operation, row.peer));
+  const bool isAlone = row.peer.empty();
+  if (ours == medians_.end() || (!isAlone && peers == medians_.end())) return;
+  const double ourTime = ours->second / row.pieces;
+  const double peersTime = isAlone ? 0 : peers->second / row.pieces;
+  const auto [ratio, target, isMet] = Verdict(row.target, ourTime, peersTime);
+  Print({row.operation, TimeText(ourTime), row.peer, isAlone ? "" : TimeText(peersTime), ratio,
+         target, isMet});
+}
+
+void RatioTable::Print(const Cells& cells) {
+  for (const std::string& cell : cells) {
+    GetOutputStream() << (cell.empty() ? "| " : "| " + cell + ' ');
   }
-  const auto peers = medians_.find(SideName(row.work, row.peer));
-  if (peers == medians_.end()) return;
-  out << "| " << row.work << " | " << TimeText(time) << " | " << row.peer << " | "
-      << TimeText(peers->second / row.pieces) << " | "
-      << Verdict(row.target, ours->second, peers->second) << " |\n";
+  GetOutputStream() << "|\n";
 }
 
 }  // namespace morvane::bench

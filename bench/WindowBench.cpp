@@ -1,11 +1,9 @@
-#include <QCoreApplication>
-#include <QEvent>
 #include <QMouseEvent>
+#include <memory>
 
 #include "bench/BenchEditor.h"
 #include "bench/Benches.h"
-#include "bench/Stage.h"
-#include "bench/WorkFolder.h"
+#include "bench/TempFolder.h"
 #include "shell/frmMain.h"
 
 namespace morvane::bench {
@@ -34,7 +32,6 @@ struct Window {
   QWidget* canvas = window.findChild<QWidget*>("Canvas");
 
   Window() {
-    Must(canvas != nullptr, "There is no map in the window");
     platform.SetWindow(&window, [this] { window.ShowState(); });
     canvas->installEventFilter(&counter);
     window.show();
@@ -59,17 +56,17 @@ void AddMoves(RatioTable& table, const std::shared_ptr<Window>& window, const st
               Qt::MouseButtons held, int leastPaints) {
   window->counter.paints = 0;
   window->MoveAlong(held);
-  Must(window->counter.paints >= leastPaints, "The window doesn't paint its moves");
-  Contest(table, {.name = name, .pieces = kMoves})
-      .Ours([=] { window->MoveAlong(held); })
-      .Alone(AtLeast(20'000));
+  Require(window->counter.paints >= leastPaints, "The window doesn't paint its moves");
+  Comparison(table, {.name = name, .pieces = kMoves}, [=] {
+    window->MoveAlong(held);
+  }).Absolute(PerSecond(20'000));
 }
 
 }  // namespace
 
 void AddWindow(RatioTable& table) {
-  const auto folder = std::make_shared<WorkFolder>();
-  folder->Enter();
+  const TempFolder folder;
+  folder.Enter();
   const auto window = std::make_shared<Window>();
   AddMoves(table, window, "Moves of a stroke in the window, each painted", Qt::LeftButton,
            kMoves * 4 / 5);

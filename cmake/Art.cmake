@@ -1,7 +1,7 @@
 # Renders the pictures in art/ and puts them into the program as resources:
 #   :/tiles/<set>/<sheet>.png   the sheets of the tile sets, natural size
 #   :/ui/<name>.png             buttons and icons, with an @2x version for high-DPI displays
-#   :/ui/<name>.jpg             the large pictures, likewise
+#   :/ui/<name>.jpg             splash screen and About picture, also with an @2x version
 
 find_program(RSVG_CONVERT rsvg-convert REQUIRED)
 find_program(GRAPHICSMAGICK gm REQUIRED)
@@ -19,7 +19,7 @@ set(MORVANE_ICONS
 )
 set(MORVANE_JPEGS splash about)
 
-# Renders one sheet into the file `out` in the art folder of the build. Options set the size.
+# Renders an SVG file to `out` in the art folder of the build. Options set the size.
 function(morvane_render svg out)
   set(png ${CMAKE_BINARY_DIR}/art/${out})
   get_filename_component(folder ${png} DIRECTORY)
@@ -30,7 +30,7 @@ function(morvane_render svg out)
     COMMENT "Rendering ${out}" VERBATIM)
 endfunction()
 
-# The same as a JPEG.
+# Renders an SVG file to `out`.jpg.
 function(morvane_render_jpeg svg out)
   morvane_render(${svg} ${out}.png ${ARGN})
   set(jpeg ${CMAKE_BINARY_DIR}/art/${out}.jpg)

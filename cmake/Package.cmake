@@ -1,6 +1,6 @@
 # The Debian package, built by scripts/package.
 
-# The version is in three files, which must agree.
+# The version must be the same in three files.
 set(first_line "^morvane \\(${PROJECT_VERSION}\\)")
 file(STRINGS packaging/changelog newest LIMIT_COUNT 1)
 if(NOT newest MATCHES "${first_line}")
@@ -14,19 +14,19 @@ endif()
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME morvane)
 set(CPACK_PACKAGE_CONTACT "Morvane developers <morvane@morvane.invalid>")
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "painter of maps for role-playing games")
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "editor for painting maps for role-playing games")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "Morvane paints maps of dungeons, cathedrals, graveyards and villages, seen
-from above. Tiles are picked on the left and painted on the map at the right;
-walls, doors and secret doors follow the lines of the grid. Four sets of tiles
-are built in, and pictures of one's own can be tiles too. Maps are saved as
-BMP files, and can be printed.")
+from above. Tiles are chosen on the left and painted on the map on the right;
+walls, doors and secret doors follow the lines of the grid. Four tile sets are
+built in, and your own pictures can be used as tiles. Maps are saved as BMP
+files and can be printed.")
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
-# Libraries are found automatically, but not the fonts of the window and the Wayland plugin.
+# Dependencies on libraries are found automatically, those on fonts and the Wayland plugin aren't.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-dejavu-core, fonts-liberation")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-wayland)

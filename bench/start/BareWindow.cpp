@@ -5,47 +5,22 @@
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QToolBar>
-#include <array>
+#include <initializer_list>
 
 namespace {
 
 struct Entry {
-  const char* caption;  ///< "-" for a separator
-  const char* shortcut;
+  const char* caption;  ///< null for a separator
+  const char* shortcut = "";
 };
 
-struct Menu {
-  const char* caption;
-  std::array<Entry, 16> entries;  ///< up to the first without a caption
-};
-
-constexpr std::array kMenus = {
-    Menu{"&File",
-         {{{"&New", "Ctrl+N"},
-           {"&Open...", "Ctrl+O"},
-           {"&Save", "Ctrl+S"},
-           {"Save &As...", "F12"},
-           {"-", ""},
-           {"Print Set&up...", ""},
-           {"&Print...", "Ctrl+P"},
-           {"-", ""},
-           {"E&xit", ""}}}},
-    Menu{"&Edit", {{{"&Undo", "Ctrl+Z"}}}},
-    Menu{"&View", {{{"Status &Bar", ""}}}},
-    Menu{"&Tools", {{{"&Options...", ""}, {"Insert &Text...", "Ctrl+T"}}}},
-    Menu{"&Help", {{{"&About ", ""}}}},
-};
-
-void AddMenus(QMenuBar* bar) {
-  for (const Menu& menu : kMenus) {
-    QMenu* shown = bar->addMenu(menu.caption);
-    for (const Entry& entry : menu.entries) {
-      if (entry.caption == nullptr) break;
-      if (*entry.caption == '-') {
-        shown->addSeparator();
-      } else {
-        shown->addAction(entry.caption)->setShortcut(QKeySequence(entry.shortcut));
-      }
+void AddMenu(QMenuBar* bar, const char* caption, std::initializer_list<Entry> entries) {
+  QMenu* menu = bar->addMenu(caption);
+  for (const Entry& entry : entries) {
+    if (entry.caption == nullptr) {
+      menu->addSeparator();
+    } else {
+      menu->addAction(entry.caption)->setShortcut(QKeySequence(entry.shortcut));
     }
   }
 }
@@ -55,7 +30,21 @@ void AddMenus(QMenuBar* bar) {
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   QMainWindow window;
-  AddMenus(window.menuBar());
+  QMenuBar* menus = window.menuBar();
+  AddMenu(menus, "&File",
+          {{"&New", "Ctrl+N"},
+           {"&Open...", "Ctrl+O"},
+           {"&Save", "Ctrl+S"},
+           {"Save &As...", "F12"},
+           {nullptr},
+           {"Print Set&up..."},
+           {"&Print...", "Ctrl+P"},
+           {nullptr},
+           {"E&xit"}});
+  AddMenu(menus, "&Edit", {{"&Undo", "Ctrl+Z"}});
+  AddMenu(menus, "&View", {{"Status &Bar"}});
+  AddMenu(menus, "&Tools", {{"&Options..."}, {"Insert &Text...", "Ctrl+T"}});
+  AddMenu(menus, "&Help", {{"&About "}});
   QToolBar* bar = window.addToolBar("Tools");
   for (const char* button :
        {"New", "Open", "Save", "Print", "Undo", "Redo", "Cut", "Copy", "Paste"}) {
