@@ -27,11 +27,11 @@ namespace {
 /// A virtual display and the settings of its desktop.
 struct Look {
   const char* name;
-  int zoom = 1;                    ///< the expected number of physical pixels per pixel of a form
-  int dpi = 96;                    ///< of the desktop
-  const char* variable = nullptr;  ///< of the environment
+  int zoom = 1;                   ///< the expected number of physical pixels per pixel of a form
+  int dpi = 96;                   ///< of the desktop
+  int fontSize = 9;               ///< points
+  const char* variable = "NONE";  ///< of the environment
   const char* value = "";
-  int fontSize = 9;  ///< points
   bool isDark = false;
   QSize size = {1200, 900};  ///< in pixels of forms
 };
@@ -40,41 +40,24 @@ void PrintTo(const Look& look, std::ostream* stream) {
   *stream << look.name;
 }
 
-QPalette DarkPalette() {
-  const QColor ground(49, 54, 59);
-  const QColor text(239, 240, 241);
-  QPalette dark(text, ground, ground.lighter(150), ground.darker(150), ground.darker(120), text,
-                Qt::white, QColor(35, 38, 41), ground);
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    dark.setColor(QPalette::Disabled, role, QColor(127, 140, 141));
-  }
-  return dark;
-}
-
 /// Runs a check on the whole editor in a process of its own.
 int RunOn(const Look& look, const std::function<void(Session::Window&)>& check) {
-  return RunInChild([&] {
-    const QTemporaryDir folder;
-    QFile display(folder.filePath("display.json"));
-    ASSERT_TRUE(display.open(QIODevice::WriteOnly));
-    display.write(QString(R"({"screens":[{"name":"wide","x":0,"y":0,"width":%1,"height":%2,)"
-                          R"("logicalDpi":%3,"logicalBaseDpi":96,"dpr":1}]})")
-                      .arg(look.size.width() * look.zoom)
-                      .arg(look.size.height() * look.zoom)
-                      .arg(look.dpi)
-                      .toUtf8());
-    display.close();
-    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + display.fileName().toUtf8());
-    if (look.variable != nullptr) qputenv(look.variable, look.value);
-    UseWholeScaleFactors();
-    Session session;
-    if (look.isDark) QApplication::setPalette(DarkPalette());
-    QFont font("Liberation Sans");
-    font.setPointSize(look.fontSize);
-    QApplication::setFont(font);
-    for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
-    check(session.editor);
-  });
+  return RunInChild(
+      [&] {
+        const StartFolder folder;
+        std::ofstream("display.json")
+            << R"({"screens":[{"name":"wide","x":0,"y":0,"logicalBaseDpi":96,"dpr":1,"logicalDpi":)"
+            << look.dpi << R"(,"width":)" << look.size.width() * look.zoom << R"(,"height":)"
+            << look.size.height() * look.zoom << "}]}";
+        qputenv("QT_QPA_PLATFORM", "offscreen:configfile=display.json");
+        qputenv(look.variable, look.value);
+        UseWholeScaleFactors();
+        Session session;
+        if (look.isDark) QApplication::setPalette(QPalette({49, 54, 59}, {49, 54, 59}));
+        QApplication::setFont(QFont("Liberation Sans", look.fontSize));
+        for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
+        check(session.editor);
+      });
 }
 
 /// Opens a dialog that has its own event loop, checks it and cancels it.
@@ -131,30 +114,25 @@ double Luminance(QRgb pixel) {
          0.0722 * linear(qBlue(pixel));
 }
 
-double Contrast(QRgb one, QRgb other) {
-  const auto [dark, light] = std::minmax({Luminance(one), Luminance(other)});
-  return (light + 0.05) / (dark + 0.05);
-}
-
 /// Whether something legible is drawn in a region.
 bool HasContrast(const QImage& picture, const QRegion& region, double required) {
-  const QRgb background = picture.pixel((region.end() - 1)->bottomLeft());
+  const double ground = Luminance(picture.pixel((region.end() - 1)->bottomLeft()));
   int count = 0;
   for (const QRect& rect : region) {
-    for (int y = rect.top(); y <= rect.bottom(); ++y) {
-      for (int x = rect.left(); x <= rect.right(); ++x) {
-        count += Contrast(picture.pixel(x, y), background) >= required ? 1 : 0;
-      }
+    for (int i = 0; i < rect.width() * rect.height(); ++i) {
+      const QPoint place = rect.topLeft() + QPoint(i % rect.width(), i / rect.width());
+      const auto [dark, light] = std::minmax({Luminance(picture.pixel(place)), ground});
+      count += (light + 0.05) / (dark + 0.05) >= required ? 1 : 0;
     }
   }
   return count > 2;
 }
 
-/// The text of a control; empty if it has none.
+/// The text of a label or button; empty if it has none.
 QString CaptionOf(const QWidget& control) {
   if (const auto* label = qobject_cast<const QLabel*>(&control)) return label->text().trimmed();
   const auto* button = qobject_cast<const QAbstractButton*>(&control);
-  return button != nullptr ? button->text() : QString();
+  return button != nullptr && !control.inherits("QToolButton") ? button->text() : QString();
 }
 
 /// The later siblings of a control, which cover it.
@@ -168,55 +146,36 @@ QRegion CoveredBySiblings(const QWidget& control) {
   return covered;
 }
 
-void ExpectLegible(QWidget& form) {
-  const QImage picture = form.grab().toImage();
-  for (const QWidget* control : form.findChildren<QWidget*>()) {
-    const bool isIcon = control->inherits("QToolButton");
-    const bool isText = !CaptionOf(*control).isEmpty() || control->inherits("QTabBar");
-    if (!control->isVisible() || picture.devicePixelRatio() != 1 || (!isText && !isIcon)) continue;
-    if (!control->isEnabled() && isIcon) continue;
-    const QRegion inside = control->geometry().adjusted(2, 2, -2, -2);
-    const QRegion visible = (inside - CoveredBySiblings(*control))
-                                .translated(control->parentWidget()->mapTo(&form, QPoint())) &
-                            form.rect();
-    const double required = !control->isEnabled() ? 1.5 : isIcon ? 3 : 4.5;
-    EXPECT_TRUE(visible.isEmpty() || HasContrast(picture, visible, required))
-        << control->metaObject()->className() << ' ' << control->objectName().toStdString();
-  }
+void ExpectContrast(const QImage& picture, const QWidget& form, const QWidget& control) {
+  const bool isIcon = control.inherits("QToolButton");
+  const bool isText = !CaptionOf(control).isEmpty() || control.inherits("QTabBar");
+  if (!isText && !(isIcon && control.isEnabled())) return;
+  const QRegion inside = control.geometry().adjusted(2, 2, -2, -2);
+  const QRegion visible = (inside - CoveredBySiblings(control))
+                              .translated(control.parentWidget()->mapTo(&form, QPoint())) &
+                          form.rect();
+  const double required = !control.isEnabled() ? 1.5 : isIcon ? 3 : 4.5;
+  EXPECT_TRUE(visible.isEmpty() || HasContrast(picture, visible, required));
 }
 
-void ExpectLabelFits(const QLabel& label) {
-  if (label.text().isEmpty() || label.wordWrap()) return;
-  QRect text({}, label.fontMetrics().size(Qt::TextShowMnemonic, label.text()));
-  text.moveTopLeft(label.geometry().topLeft() + label.contentsRect().topLeft());
-  if (label.alignment().testFlag(Qt::AlignVCenter)) {
-    text.moveTop(label.y() + (label.height() - text.height()) / 2);
-  }
-  EXPECT_LE(text.height(), label.height());
-  EXPECT_LE(text.right(), label.geometry().right());
-  EXPECT_FALSE(CoveredBySiblings(label).intersects(text.adjusted(0, 0, 1, 0)));
-}
-
-void ExpectWholeTexts(QWidget& form) {
-  for (QWidget* control : form.findChildren<QWidget*>()) {
-    if (!control->isVisible()) continue;
-    SCOPED_TRACE(control->metaObject()->className() + (" " + control->objectName()).toStdString());
-    const QFontMetrics metrics = control->fontMetrics();
-    const QSize text = metrics.size(Qt::TextShowMnemonic, CaptionOf(*control));
-    if (const auto* label = qobject_cast<QLabel*>(control)) {
-      ExpectLabelFits(*label);
-    } else if (qobject_cast<QAbstractButton*>(control) != nullptr) {
-      EXPECT_TRUE(CaptionOf(*control).isEmpty() || control->inherits("QToolButton") ||
-                  text.boundedTo(control->size()) == text);
-    } else if (const auto* tabs = qobject_cast<QTabBar*>(control)) {
-      EXPECT_LE(tabs->sizeHint().width(), tabs->width());
-    } else if (const auto* field = qobject_cast<QLineEdit*>(control)) {
-      EXPECT_LE(metrics.height(), field->height());
-    } else if (const auto* bar = qobject_cast<QMenuBar*>(control)) {
-      for (QAction* menu : bar->actions()) {
-        EXPECT_TRUE(bar->rect().contains(bar->actionGeometry(menu))) << menu->text().toStdString();
-      }
+void ExpectWholeText(const QWidget& control) {
+  const QFontMetrics metrics = control.fontMetrics();
+  const auto* label = qobject_cast<const QLabel*>(&control);
+  if (const QString text = CaptionOf(control); !text.isEmpty()) {
+    if (label != nullptr && label->wordWrap()) return;
+    const QRect place = QStyle::alignedRect(
+        Qt::LeftToRight, label != nullptr ? label->alignment() : Qt::AlignCenter,
+        metrics.size(Qt::TextShowMnemonic, text), control.geometry());
+    EXPECT_TRUE(control.geometry().contains(place));
+    EXPECT_FALSE(CoveredBySiblings(control).intersects(place.adjusted(0, 0, 1, 0)));
+  } else if (const auto* bar = qobject_cast<const QMenuBar*>(&control)) {
+    for (QAction* menu : bar->actions()) {
+      EXPECT_TRUE(bar->rect().contains(bar->actionGeometry(menu))) << menu->text().toStdString();
     }
+  } else if (control.inherits("QTabBar")) {
+    EXPECT_LE(control.sizeHint().width(), control.width());
+  } else if (control.inherits("QLineEdit")) {
+    EXPECT_LE(metrics.height(), control.height());
   }
 }
 
@@ -245,42 +204,33 @@ struct Looks : testing::TestWithParam<Look> {};
 
 TEST_P(Looks, EveryFormIsLegibleAndCompleteAndFitsOnTheScreen) {
   const Look& look = GetParam();
-  EXPECT_EQ(RunOn(look,
-                  [&](Session::Window& editor) {
-                    ExpectWholePixels(editor, look.zoom);
-                    editor.form.document.UndoButtonEnabled = false;
-                    ForEachForm(editor, [&](QWidget& form) {
-                      ExpectLegible(form);
-                      ExpectWholeTexts(form);
-                      EXPECT_LE(form.width(), look.size.width());
-                      EXPECT_LT(form.height(), look.size.height()) << "no room for a title bar";
-                    });
-                  }),
-            0);
+  const auto check = [&](Session::Window& editor) {
+    ExpectWholePixels(editor, look.zoom);
+    editor.form.document.UndoButtonEnabled = false;
+    ForEachForm(editor, [&](QWidget& form) {
+      EXPECT_LE(form.width(), look.size.width());
+      EXPECT_LT(form.height(), look.size.height()) << "no room for a title bar";
+      const QImage picture = form.grab().toImage();
+      for (const QWidget* control : form.findChildren<QWidget*>()) {
+        if (!control->isVisible()) continue;
+        SCOPED_TRACE(control->metaObject()->className() +
+                     (" " + control->objectName()).toStdString());
+        ExpectWholeText(*control);
+        if (look.zoom == 1) ExpectContrast(picture, form, *control);
+      }
+    });
+  };
+  EXPECT_EQ(RunOn(look, check), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Displays, Looks,
-    testing::Values(Look{.name = "Light"}, Look{.name = "Dark", .isDark = true},
-                    Look{.name = "LargeFontOnASmallScreen", .fontSize = 14, .size = {640, 480}},
-                    Look{.name = "Dpi120", .dpi = 120, .fontSize = 14},
-                    Look{.name = "Dpi144", .zoom = 2, .dpi = 144, .fontSize = 14},
-                    Look{.name = "Factor125", .variable = "QT_SCALE_FACTOR", .value = "1.25"},
-                    Look{.name = "Factor50", .variable = "QT_SCALE_FACTOR", .value = "0.5"},
-                    Look{.name = "ScreenFactor150",
-                         .zoom = 2,
-                         .variable = "QT_SCREEN_SCALE_FACTORS",
-                         .value = "wide=1.5;"},
-                    Look{.name = "PassThrough",
-                         .zoom = 2,
-                         .dpi = 144,
-                         .variable = "QT_SCALE_FACTOR_ROUNDING_POLICY",
-                         .value = "PassThrough"},
-                    Look{.name = "Dpi192Factor150",
-                         .zoom = 4,
-                         .dpi = 192,
-                         .variable = "QT_SCALE_FACTOR",
-                         .value = "1.5"}),
+    testing::Values(Look{"Light"}, Look{"Dark", 1, 96, 9, "QT_SCALE_FACTOR", "1.25", true},
+                    Look{"SmallScreen", 1, 96, 14, "QT_SCALE_FACTOR", "0.5", false, {640, 480}},
+                    Look{"Dpi120", 1, 120, 14},
+                    Look{"Dpi144", 2, 144, 14, "QT_SCALE_FACTOR_ROUNDING_POLICY", "PassThrough"},
+                    Look{"ScreenFactor150", 2, 96, 9, "QT_SCREEN_SCALE_FACTORS", "wide=1.5;"},
+                    Look{"Dpi192Factor150", 4, 192, 9, "QT_SCALE_FACTOR", "1.5"}),
     [](const auto& look) { return look.param.name; });
 
 }  // namespace
