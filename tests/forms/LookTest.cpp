@@ -3,15 +3,11 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QLabel>
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QMouseEvent>
 #include <QTabBar>
 #include <QTextEdit>
 #include <QTimer>
 #include <cmath>
 
-#include "platform/Images.h"
 #include "platform/MapPrinter.h"
 #include "platform/QtDialogs.h"
 #include "shell/frmAbout.h"
@@ -36,19 +32,16 @@ struct Look {
   QSize size = {1200, 900};  ///< in pixels of forms
 };
 
-void PrintTo(const Look& look, std::ostream* stream) {
-  *stream << look.name;
-}
-
 /// Runs a check on the whole editor in a process of its own.
 int RunOn(const Look& look, const std::function<void(Session::Window&)>& check) {
+  const QSize physical = look.size * look.zoom;
   return RunInChild(
       [&] {
         const StartFolder folder;
         std::ofstream("display.json")
-            << R"({"screens":[{"name":"wide","x":0,"y":0,"logicalBaseDpi":96,"dpr":1,"logicalDpi":)"
-            << look.dpi << R"(,"width":)" << look.size.width() * look.zoom << R"(,"height":)"
-            << look.size.height() * look.zoom << "}]}";
+            << R"({"screens":[{"name":"wide","x":0,"y":0,"dpr":1,"logicalBaseDpi":96,"logicalDpi":)"
+            << look.dpi << R"(,"width":)" << physical.width() << R"(,"height":)"
+            << physical.height() << "}]}";
         qputenv("QT_QPA_PLATFORM", "offscreen:configfile=display.json");
         qputenv(look.variable, look.value);
         UseWholeScaleFactors();
@@ -60,23 +53,9 @@ int RunOn(const Look& look, const std::function<void(Session::Window&)>& check) 
       });
 }
 
-/// Opens a dialog that has its own event loop, checks it and cancels it.
-void CheckModal(const std::function<void()>& open, const std::function<void(QWidget&)>& check) {
-  bool isChecked = false;
-  QTimer::singleShot(0, qApp, [&] {
-    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    ASSERT_NE(dialog, nullptr);
-    check(*dialog);
-    dialog->reject();
-    isChecked = true;
-  });
-  open();
-  EXPECT_TRUE(isChecked);
-}
-
 /// Shows and checks each form and dialog in turn.
 void ForEachForm(Session::Window& editor, const std::function<void(QWidget&)>& check) {
-  const auto show = [&check](QWidget& form) {
+  const auto show = [&](QWidget& form) {
     SCOPED_TRACE(form.windowTitle().toStdString());
     form.show();
     QCoreApplication::processEvents();
@@ -92,20 +71,31 @@ void ForEachForm(Session::Window& editor, const std::function<void(QWidget&)>& c
   frmAbout about(editor.platform, &editor.window);
   show(about);
   frmText text("", &editor.window);
-  text.findChild<QTextEdit*>()->setCursorWidth(0);
-  text.findChild<QTextEdit*>()->setTextColor(Qt::black);
-  text.findChild<QTextEdit*>()->insertPlainText("Text");
+  text.findChild<QTextEdit*>()->setHtml("<span style='color:black'>Text</span>");
   show(text);
   FontDialog font(&text);
   show(font);
-  std::uint32_t color = 0;
-  CheckModal([&] { AskForColor(&options, color); }, show);
+  // Those that have their own event loop.
   const FileDialog files{"Open", "Map files (*.bmp)|*.bmp", "", ""};
-  CheckModal([&] { AskForFile(&editor.window, files, FileDialogMode::Open, "/"); }, show);
-  CheckModal([&] { AskForFolder(&options, "Select the directory"); }, show);
-  CheckModal([] { MapPrinter().ShowSetup(nullptr, "Print Setup"); }, show);
-  CheckModal([] { ShowMessage(nullptr, "Are you sure?", BoxStyle::YesNoCancelQuestion, "Save?"); },
-             show);
+  std::uint32_t color = 0;
+  const std::vector<std::function<void()>> modal = {
+      [&] { AskForColor(&options, color); },
+      [&] { AskForFile(&editor.window, files, FileDialogMode::Open, "/"); },
+      [&] { AskForFolder(&options, "Select the directory"); },
+      [] { MapPrinter().ShowSetup(nullptr, "Print Setup"); },
+      [] { ShowMessage(nullptr, "Are you sure?", BoxStyle::YesNoCancelQuestion, "Save?"); }};
+  int checked = 0;
+  for (const auto& open : modal) {
+    QTimer::singleShot(0, qApp, [&] {
+      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      show(*dialog);
+      dialog->reject();
+      ++checked;
+    });
+    open();
+  }
+  EXPECT_EQ(checked, std::ssize(modal));
 }
 
 double Luminance(QRgb pixel) {
@@ -128,13 +118,6 @@ bool HasContrast(const QImage& picture, const QRegion& region, double required) 
   return count > 2;
 }
 
-/// The text of a label or button; empty if it has none.
-QString CaptionOf(const QWidget& control) {
-  if (const auto* label = qobject_cast<const QLabel*>(&control)) return label->text().trimmed();
-  const auto* button = qobject_cast<const QAbstractButton*>(&control);
-  return button != nullptr && !control.inherits("QToolButton") ? button->text() : QString();
-}
-
 /// The later siblings of a control, which cover it.
 QRegion CoveredBySiblings(const QWidget& control) {
   QRegion covered;
@@ -146,37 +129,31 @@ QRegion CoveredBySiblings(const QWidget& control) {
   return covered;
 }
 
-void ExpectContrast(const QImage& picture, const QWidget& form, const QWidget& control) {
-  const bool isIcon = control.inherits("QToolButton");
-  const bool isText = !CaptionOf(control).isEmpty() || control.inherits("QTabBar");
-  if (!isText && !(isIcon && control.isEnabled())) return;
-  const QRegion inside = control.geometry().adjusted(2, 2, -2, -2);
-  const QRegion visible = (inside - CoveredBySiblings(control))
-                              .translated(control.parentWidget()->mapTo(&form, QPoint())) &
-                          form.rect();
-  const double required = !control.isEnabled() ? 1.5 : isIcon ? 3 : 4.5;
-  EXPECT_TRUE(visible.isEmpty() || HasContrast(picture, visible, required));
-}
-
-void ExpectWholeText(const QWidget& control) {
-  const QFontMetrics metrics = control.fontMetrics();
+/// Expects that a label, button or tab bar isn't cut off, and stands out from its ground.
+void ExpectLegible(const QImage& picture, const QWidget& form, const QWidget& control) {
   const auto* label = qobject_cast<const QLabel*>(&control);
-  if (const QString text = CaptionOf(control); !text.isEmpty()) {
-    if (label != nullptr && label->wordWrap()) return;
-    const QRect place = QStyle::alignedRect(
-        Qt::LeftToRight, label != nullptr ? label->alignment() : Qt::AlignCenter,
-        metrics.size(Qt::TextShowMnemonic, text), control.geometry());
+  const auto* button = qobject_cast<const QAbstractButton*>(&control);
+  const bool isIcon = control.inherits("QToolButton");
+  const bool isTabs = control.inherits("QTabBar");
+  const QString text = label != nullptr               ? label->text().trimmed()
+                       : button != nullptr && !isIcon ? button->text()
+                                                      : "";
+  const QRegion covered = CoveredBySiblings(control);
+  EXPECT_TRUE(!isTabs || control.sizeHint().width() <= control.width());
+  if (!text.isEmpty() && (label == nullptr || !label->wordWrap())) {
+    const QSize needed = control.fontMetrics().size(Qt::TextShowMnemonic, text);
+    const auto alignment = label != nullptr ? label->alignment() : Qt::AlignCenter;
+    const QRect place = QStyle::alignedRect(Qt::LeftToRight, alignment, needed, control.geometry());
     EXPECT_TRUE(control.geometry().contains(place));
-    EXPECT_FALSE(CoveredBySiblings(control).intersects(place.adjusted(0, 0, 1, 0)));
-  } else if (const auto* bar = qobject_cast<const QMenuBar*>(&control)) {
-    for (QAction* menu : bar->actions()) {
-      EXPECT_TRUE(bar->rect().contains(bar->actionGeometry(menu))) << menu->text().toStdString();
-    }
-  } else if (control.inherits("QTabBar")) {
-    EXPECT_LE(control.sizeHint().width(), control.width());
-  } else if (control.inherits("QLineEdit")) {
-    EXPECT_LE(metrics.height(), control.height());
+    EXPECT_FALSE(covered.intersects(place.adjusted(0, 0, 1, 0)));
   }
+  if (text.isEmpty() && !isTabs && !(isIcon && control.isEnabled())) return;
+  const QRegion inside = control.geometry().adjusted(2, 2, -2, -2);
+  const QPoint origin = control.parentWidget()->mapTo(&form, QPoint());
+  const QRegion visible = (inside - covered).translated(origin) & form.rect();
+  const double required = !control.isEnabled() ? 1.5 : isIcon ? 3 : 4.5;
+  EXPECT_TRUE(picture.devicePixelRatio() > 1 || visible.isEmpty() ||
+              HasContrast(picture, visible, required));
 }
 
 /// Each pixel of the map is a block of physical pixels, and so is the outline of the stamp.
@@ -185,9 +162,8 @@ void ExpectWholePixels(Session::Window& editor, int zoom) {
   editor.NewMap();
   editor.Press(70, 70);
   QWidget* canvas = editor.Find("Canvas");
-  QMouseEvent move(QEvent::MouseMove, QPointF(2 + 405.5, 2 + 65.5), QPointF(), Qt::NoButton,
-                   Qt::NoButton, Qt::NoModifier);
-  QApplication::sendEvent(canvas, &move);
+  QTest::mouseMove(canvas, {407, 67});
+  QCoreApplication::processEvents();
   QImage screen(canvas->size() * zoom, QImage::Format_RGB32);
   screen.setDevicePixelRatio(zoom);
   screen.fill(Qt::magenta);  // pixels that nobody paints
@@ -196,8 +172,6 @@ void ExpectWholePixels(Session::Window& editor, int zoom) {
   const QImage shown = Shown(*canvas);
   EXPECT_EQ(screen, shown.scaled(screen.size()));
   EXPECT_EQ(shown.pixelColor(402, 62), QColor(0, 106, 236));
-  EXPECT_EQ(shown.copy(2, 2, 300, 300),
-            ImageOver(editor.form.document.Canvas.Image()).copy(0, 0, 300, 300));
 }
 
 struct Looks : testing::TestWithParam<Look> {};
@@ -212,11 +186,9 @@ TEST_P(Looks, EveryFormIsLegibleAndCompleteAndFitsOnTheScreen) {
       EXPECT_LT(form.height(), look.size.height()) << "no room for a title bar";
       const QImage picture = form.grab().toImage();
       for (const QWidget* control : form.findChildren<QWidget*>()) {
-        if (!control->isVisible()) continue;
-        SCOPED_TRACE(control->metaObject()->className() +
-                     (" " + control->objectName()).toStdString());
-        ExpectWholeText(*control);
-        if (look.zoom == 1) ExpectContrast(picture, form, *control);
+        const QString name = control->metaObject()->className() + (" " + control->objectName());
+        SCOPED_TRACE(name.toStdString());
+        if (control->isVisible()) ExpectLegible(picture, form, *control);
       }
     });
   };
