@@ -68,8 +68,7 @@ std::string Rest(const QWidget& form) {
     const QString name = control->objectName();
     const bool isOurs = !name.isEmpty() && !name.startsWith("qt_");
     const bool isStop = control->focusPolicy() != Qt::NoFocus;
-    const bool isOnPage = control->parentWidget()->objectName().contains('-');
-    if (isOurs && control->isVisible() && !isStop && !isOnPage) lines << Spoken(control);
+    if (isOurs && control->isVisible() && !isStop) lines << Spoken(control);
   }
   return lines.join(", ").toStdString();
 }

@@ -11,6 +11,7 @@
 
 #include "document/picture/Blit.h"
 #include "platform/Images.h"
+#include "platform/QtDialogs.h"
 #include "platform/TextDrawing.h"
 #include "shell/RichTextBox.h"
 #include "shell/frmAbout.h"
@@ -47,13 +48,16 @@ struct TextBox : RichTextBox {
   }
 };
 
-/// "20 bius #ff0000": the size, bold, italic, underlined and struck out, the colour.
+/// The size, whether it is bold, italic, underlined and struck out, and the colour.
 QString FontAt(const QTextEdit& box) {
   const QFont font = box.currentFont();
-  return QString("%1 %2%3%4%5 %6")
-      .arg(font.pointSizeF())
-      .arg(font.bold() ? "b" : "", font.italic() ? "i" : "", font.underline() ? "u" : "",
-           font.strikeOut() ? "s" : "", box.textColor().name());
+  const QString format("%1 %2%3%4%5 %6");
+  return format.arg(font.pointSizeF())
+      .arg(font.bold())
+      .arg(font.italic())
+      .arg(font.underline())
+      .arg(font.strikeOut())
+      .arg(box.textColor().name());
 }
 
 QString Sized(const QString& size, const QString& text) {
@@ -96,13 +100,13 @@ TEST_F(Dialogs, OptionsWriteTheSettingsFile) {
 TEST_F(Dialogs, AboutAndSplashShowTheirPictures) {
   frmSplash splash;
   splash.ShowAtOnce();
-  ExpectShows(splash, LoadPhoto("splash", splash.devicePixelRatioF()), {1, 1, 453, 193});
+  const double zoom = splash.devicePixelRatioF();
+  ExpectShows(splash, LoadPhoto("splash", zoom), {1, 1, 453, 193});
   frmAbout dialog(platform, &window);
   dialog.show();
-  ExpectShows(*dialog.findChild<QWidget*>("picIcon"),
-              LoadPhoto("about", dialog.devicePixelRatioF()), {0, 0, 340, 154});
-  auto* secret = dialog.findChild<QWidget*>("Picture1");
-  ExpectShows(*secret, LoadIcon("secret").pixmap(20, 20), secret->rect());
+  ExpectShows(*dialog.findChild<QWidget*>("picIcon"), LoadPhoto("about", zoom), {0, 0, 340, 154});
+  ExpectShows(*dialog.findChild<QWidget*>("Picture1"), LoadIcon("secret").pixmap(20, 20),
+              {0, 0, 20, 20});
   Click(dialog, "picIcon");
   EXPECT_TRUE(platform.boxes.empty());
   Click(dialog, "Picture1");
@@ -118,7 +122,7 @@ TEST_F(Dialogs, TextKeepsItsFormatBetweenDialogs) {
   dialog.show();
   auto* box = dialog.findChild<QTextEdit*>();
   QTest::keyClicks(box, "plain ");
-  EXPECT_EQ(FontAt(*box), "9.75  #000000");
+  EXPECT_EQ(FontAt(*box), "9.75 0000 #000000");
   QTimer::singleShot(0, [] {
     auto* fonts = qobject_cast<FontDialog*>(QApplication::activeModalWidget());
     ASSERT_NE(fonts, nullptr);
@@ -140,7 +144,7 @@ TEST_F(Dialogs, TextKeepsItsFormatBetweenDialogs) {
   EXPECT_TRUE(again.isVisible());
   EXPECT_EQ(box->toPlainText(), "plain loud");
   box->moveCursor(QTextCursor::End);
-  EXPECT_EQ(FontAt(*box), "20 bius #ff0000");
+  EXPECT_EQ(FontAt(*box), "20 1111 #ff0000");
 }
 
 TEST_F(Dialogs, TextIsDrawnFromTheTopLeftWrappedAndWithoutAntialiasing) {
@@ -167,7 +171,7 @@ TEST_F(Dialogs, PastedTextKeepsOnlyItsFormatWithinLimits) {
   EXPECT_EQ(TextBox().Paste(cell.repeated(200) + "deep"), "plain");
   TextBox list;
   list.Paste("<ul><li><b style='font-size:20pt;color:rgba(255,0,0,0.5)'>bold</b></li></ul>");
-  EXPECT_EQ(FontAt(list), "20 b #ff0000");
+  EXPECT_EQ(FontAt(list), "20 1000 #ff0000");
   EXPECT_EQ(list.textCursor().currentList(), nullptr);
   const QString mixed = Sized("72pt", "Heading") + Sized("9.75pt", QString("word ").repeated(400));
   EXPECT_EQ(TextBox().Paste(mixed).size(), 2007);
@@ -179,12 +183,10 @@ TEST_F(Dialogs, PastedTextKeepsOnlyItsFormatWithinLimits) {
   QString sizes;
   for (int i = 0; i < 500; ++i) sizes += Sized(QString("%1pt").arg(8 + i * 0.1), "a");
   for (int i = 0; i < 3; ++i) full.Paste(sizes);
+  const QList<QTextFormat> formats = full.document()->allFormats();
   std::set<double> seen;
-  for (const QTextFormat& kept : full.document()->allFormats()) {
-    seen.insert(kept.toCharFormat().fontPointSize());
-  }
-  EXPECT_LT(seen.size(), 70U);
-  EXPECT_LT(full.document()->allFormats().size(), 600);
+  for (const QTextFormat& kept : formats) seen.insert(kept.toCharFormat().fontPointSize());
+  EXPECT_TRUE(seen.size() < 70 && formats.size() < 600);
   const QString huge(10'000'000, 'x');
   for (int i = 0; i < 2; ++i) full.Paste(huge, huge);
   EXPECT_LE(full.toPlainText().size(), 10'000);
@@ -195,6 +197,18 @@ TEST_F(Dialogs, PastedTextKeepsOnlyItsFormatWithinLimits) {
   EXPECT_LE(full.fontPointSize(), 13);
 }
 
+TEST_F(Dialogs, MessagesAnswerToTheLettersOfTheirButtons) {
+  const std::vector<std::tuple<BoxStyle, Qt::Key, Answer>> rows = {
+      {BoxStyle::YesNoCancelQuestion, Qt::Key_Y, Answer::Yes},
+      {BoxStyle::YesNoCancelQuestion, Qt::Key_N, Answer::No},
+      {BoxStyle::YesNoCancelQuestion, Qt::Key_C, Answer::Cancel},
+      {BoxStyle::OkExclamation, Qt::Key_O, Answer::Ok}};
+  for (const auto& [style, key, answer] : rows) {
+    QTimer::singleShot(0, [key = key] { QTest::keyClick(QApplication::activeModalWidget(), key); });
+    EXPECT_EQ(ShowMessage(&window, "Save the map?", style, "Morvane"), answer);
+  }
+}
+
 TEST_F(Dialogs, OneFileCanBeDropped) {
   ASSERT_TRUE(QDir().mkdir("a\xc3\xa4"));
   const std::string path = folder.File("a\xc3\xa4/tile.bmp");
@@ -202,13 +216,13 @@ TEST_F(Dialogs, OneFileCanBeDropped) {
   const auto drop = [](QWidget* target, const QList<QUrl>& urls) {
     QMimeData dragged;
     dragged.setUrls(urls);
-    QDragEnterEvent enter({5, 5}, Qt::MoveAction | Qt::CopyAction, &dragged, Qt::LeftButton, {});
+    const auto both = Qt::MoveAction | Qt::CopyAction;
+    QDragEnterEvent enter({5, 5}, both, &dragged, Qt::LeftButton, {});
+    QDropEvent event({5, 5}, both, &dragged, Qt::LeftButton, {});
     QCoreApplication::sendEvent(target, &enter);
-    QDropEvent event({5, 5}, Qt::MoveAction | Qt::CopyAction, &dragged, Qt::LeftButton, {});
     QCoreApplication::sendEvent(target, &event);
     QCoreApplication::processEvents();
-    EXPECT_EQ(event.dropAction(), Qt::CopyAction);
-    return enter.isAccepted();
+    return enter.isAccepted() && event.dropAction() == Qt::CopyAction;
   };
   const QUrl file = QUrl::fromLocalFile(QString::fromStdString(path));
   const QUrl place = QUrl::fromLocalFile(QDir::currentPath());

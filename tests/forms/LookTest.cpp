@@ -129,7 +129,7 @@ QRegion CoveredBySiblings(const QWidget& control) {
   return covered;
 }
 
-/// Expects that a label, button or tab bar isn't cut off, and stands out from its ground.
+/// Expects that a label, button or tab bar isn't cut off, and that all texts and icons stand out.
 void ExpectLegible(const QImage& picture, const QWidget& form, const QWidget& control) {
   const auto* label = qobject_cast<const QLabel*>(&control);
   const auto* button = qobject_cast<const QAbstractButton*>(&control);
@@ -147,10 +147,13 @@ void ExpectLegible(const QImage& picture, const QWidget& form, const QWidget& co
     EXPECT_TRUE(control.geometry().contains(place));
     EXPECT_FALSE(covered.intersects(place.adjusted(0, 0, 1, 0)));
   }
-  if (text.isEmpty() && !isTabs && !(isIcon && control.isEnabled())) return;
-  const QRegion inside = control.geometry().adjusted(2, 2, -2, -2);
+  const bool isGroup = control.inherits("QGroupBox");
+  const bool isBox = isGroup || control.inherits("QTextEdit");
+  if (text.isEmpty() && !isTabs && !isBox && !(isIcon && control.isEnabled())) return;
+  QRect inside = control.geometry().adjusted(2, 2, -2, -2);
+  if (isGroup) inside.setHeight(control.fontMetrics().height() - 2);
   const QPoint origin = control.parentWidget()->mapTo(&form, QPoint());
-  const QRegion visible = (inside - covered).translated(origin) & form.rect();
+  const QRegion visible = (QRegion(inside) - covered).translated(origin) & form.rect();
   const double required = !control.isEnabled() ? 1.5 : isIcon ? 3 : 4.5;
   EXPECT_TRUE(picture.devicePixelRatio() > 1 || visible.isEmpty() ||
               HasContrast(picture, visible, required));

@@ -22,8 +22,7 @@ bool HasFinished() {
 
 void WriteText(const char* name, const QByteArray& text) {
   QFile file(name);
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write(text);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
 }
 
 void MakePicture(const QString& name, const QSize& size, const QColor& color) {
@@ -37,28 +36,27 @@ TEST(Thumbnail, IsReducedOrKeepsSharpPixels) {
   const auto read = [&](const char* name, int zoom) {
     return ReadThumbnail(folder.File(name), zoom, false);
   };
-  QImage picture(20, 10, QImage::Format_ARGB32);
-  for (int i = 0; i < 200; ++i) {
-    picture.setPixel(i % 20, i / 20, i % 20 == 0 ? 0 : qRgb(i % 20 * 9, i, 7));
-  }
-  struct Row {
-    int width, zoom, small, large;  // in physical pixels
+  const auto stripes = [](const QColor& ground) {
+    QImage picture(20, 10, QImage::Format_ARGB32);
+    picture.fill(ground);
+    for (int i = 0; i < 200; i += 3) picture.setPixel(i % 20, i / 20, qRgb(i, 0, 7));
+    return picture;
   };
-  for (const Row& row : {Row{10, 2, 20, 20}, Row{16, 1, 16, 16}, Row{20, 1, 16, 20},
-                         Row{20, 2, 32, 40}, Row{200, 2, 32, 240}, Row{500, 1, 16, 120}}) {
-    const QSize size(row.width, row.width / 2);
-    ASSERT_TRUE(picture.scaled(size).save("a.png"));
-    const Thumbnail thumbnail = read("a.png", row.zoom);
+  // Widths of the file, and of both thumbnails in physical pixels.
+  const std::vector<std::array<int, 4>> rows = {{10, 2, 20, 20},   {16, 1, 16, 16},
+                                                {20, 1, 16, 20},   {20, 2, 32, 40},
+                                                {200, 2, 32, 240}, {500, 1, 16, 120}};
+  for (const auto& [width, zoom, small, large] : rows) {
+    const QSize size(width, width / 2);
+    ASSERT_TRUE(QImage(size, QImage::Format_RGB32).save("a.png"));
+    const Thumbnail thumbnail = read("a.png", zoom);
     EXPECT_EQ(thumbnail.size, size);
-    EXPECT_EQ(thumbnail.small.width(), row.small) << row.width << " at " << row.zoom;
-    EXPECT_EQ(thumbnail.large.width(), row.large) << row.width << " at " << row.zoom;
+    EXPECT_EQ(thumbnail.small.width(), small) << width << " at " << zoom;
+    EXPECT_EQ(thumbnail.large.width(), large) << width << " at " << zoom;
   }
-  ASSERT_TRUE(picture.save("a.png"));
-  const QImage enlarged = read("a.png", 2).large;
-  for (int i = 0; i < 800; ++i) {
-    const int x = i % 40, y = i / 40;
-    ASSERT_EQ(enlarged.pixel(x, y), x < 2 ? qRgb(255, 255, 255) : picture.pixel(x / 2, y / 2));
-  }
+  ASSERT_TRUE(stripes(Qt::transparent).save("a.png"));
+  EXPECT_EQ(read("a.png", 2).large,
+            stripes(Qt::white).scaled(40, 20).convertToFormat(QImage::Format_RGB32));
   ASSERT_TRUE(QImage(6000, 5000, QImage::Format_Mono).save("large.bmp"));
   ASSERT_EQ(mkfifo("pipe.bmp", 0600), 0);
   for (const char* name : {"large.bmp", "pipe.bmp"}) EXPECT_TRUE(read(name, 1).size.isEmpty());
@@ -71,7 +69,7 @@ TEST(Thumbnail, OfASlowPictureIsAbandoned) {
   WriteText("slow.pgm", "P2\n4000 4000\n9\n" + QByteArray("1\n").repeated(16'000'000));
   MakePicture("quick.png", {20, 20}, Qt::red);
   ThumbnailCache thumbnails;
-  thumbnails.Request({folder.File("slow.pgm")}, 1);
+  thumbnails.Request({folder.File("slow.pgm")}, 4);
   thumbnails.Request({folder.File("quick.png")}, 4);  // the slow one is no longer visible
   EXPECT_TRUE(HasFinished());
   ASSERT_NE(thumbnails.Of(folder.File("quick.png")), nullptr);
@@ -87,11 +85,6 @@ TEST(Thumbnail, OfASlowPictureIsAbandoned) {
 struct CustomFiles : FormFixture {
   QListWidget* list = Find<QListWidget>("File1");
 
-  QString Rows() const {
-    QStringList rows;
-    for (int i = 0; i < list->count(); ++i) rows << list->item(i)->text();
-    return rows.join(", ");
-  }
   QPoint PlaceOf(int row) const {
     return list->visualItemRect(list->item(row)).topLeft() + QPoint(11, 9);
   }
@@ -118,7 +111,8 @@ TEST_F(CustomFiles, AreListedWithThumbnailsAndToolTips) {
   ASSERT_EQ(mkfifo("art/pipe.gif", 0600), 0);
   auto* sets = Find<QComboBox>("TileSetSelector");
   emit sets->activated(kCustomSet);
-  EXPECT_EQ(Rows(), longName + ", Tile2.GIF, tile10.gif");
+  EXPECT_EQ(list->count(), 3);
+  EXPECT_EQ(list->item(2)->text(), "tile10.gif");
   EXPECT_TRUE(ToolTipAt(0).contains(longName.toHtmlEscaped())) << "it doesn't fit in the list";
   EXPECT_TRUE(QTest::qWaitFor([this] { return PixelAt(0) == Qt::red; }));
   EXPECT_TRUE(HasFinished());
@@ -129,7 +123,7 @@ TEST_F(CustomFiles, AreListedWithThumbnailsAndToolTips) {
   EXPECT_EQ(folders->currentItem()->data(Qt::AccessibleDescriptionRole), QDir::currentPath());
   folders->setCurrentItem(folders->findItems("art", Qt::MatchContains).last());
   PressReturn(folders);
-  EXPECT_EQ(Rows(), "a & %2.bmp") << "a pipe isn't listed";
+  EXPECT_EQ(list->count(), 1) << "a pipe isn't listed";
   EXPECT_TRUE(
       QTest::qWaitFor([this] { return ToolTipAt(0).endsWith("a &amp; %2.bmp, 64 x 48</div>"); }));
   list->setCurrentRow(0);
