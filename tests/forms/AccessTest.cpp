@@ -4,9 +4,7 @@
 #include <QComboBox>
 #include <QMetaEnum>
 #include <QToolTip>
-#include <set>
 
-#include "palette/PalettePages.h"
 #include "shell/frmAbout.h"
 #include "shell/frmOptions.h"
 #include "shell/frmText.h"
@@ -137,22 +135,6 @@ TEST_F(Access, KeysDoWhatTheMouseCan) {
   FocusAfter(Key_Tab, Qt::ShiftModifier);
   EXPECT_EQ(SpokenAfter({Key_End, Key_Left, Key_Left, Key_Left, Key_Left, Key_Space}),
             "Button Redo");
-}
-
-TEST_F(Access, ArrowKeysReachEveryItemOfEveryPage) {
-  window.activateWindow();
-  for (int set = 0; set < kBuiltInSets; ++set) {
-    TileSetSelector_Click(form.palette, set);
-    for (int page = 1; page <= TileSets()[set].pageCount; ++page) {
-      TabStrip_Click(form.palette, set, page);
-      window.ShowState();
-      Find("Canvas")->setFocus();
-      QWidget* item = FocusAfter(Qt::Key_Tab, Qt::ShiftModifier);
-      std::set<QWidget*> reached;
-      for (; reached.insert(item).second; item = FocusAfter(Qt::Key_Right)) continue;
-      EXPECT_EQ(std::ssize(reached), item->parentWidget()->children().size());
-    }
-  }
 }
 
 }  // namespace
