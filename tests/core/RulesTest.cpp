@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstdint>
-#include <sstream>
-
 #include "document/NewMap.h"
 #include "document/Options.h"
 #include "document/Printing.h"
@@ -17,31 +14,6 @@
 
 namespace morvane {
 namespace {
-
-/// A checksum (FNV-1a).
-std::uint64_t Checksum(const std::string& text) {
-  std::uint64_t value = 0xCBF29CE484222325U;
-  for (const char byte : text) value = (value ^ static_cast<unsigned char>(byte)) * 0x100000001B3U;
-  return value;
-}
-
-// Users know every name, caption, place and size, so no row may change by accident.
-TEST(Catalogue, EveryRowIsAsItWasPublished) {
-  std::ostringstream items;
-  for (const auto& [control, caption, set, page, column, row, stored] : Items()) {
-    items << control << '|' << caption << '|' << set << '|' << page << '|' << column << '|' << row
-          << '|' << stored.width << '|' << stored.height << '|';
-  }
-  EXPECT_EQ(Checksum(items.str()), 4657574473393665680U);
-  std::ostringstream edges;
-  for (const auto& [control, set, edge, direction, stored] : EdgePictures()) {
-    edges << control << '|' << set << '|' << static_cast<int>(edge) << '|'
-          << static_cast<int>(direction) << '|' << stored.width << '|' << stored.height << '|';
-  }
-  EXPECT_EQ(Checksum(edges.str()), 12568249178469911804U);
-  EXPECT_EQ(StampSize(*FindItem("ptcrevasse")), (Size{59, 19}));
-  EXPECT_EQ(StampSize(*FindItem("pvbuildings-9")), (Size{60, 40}));
-}
 
 TEST(Catalogue, PicturesAreCutFromTheSheetOfTheirPage) {
   const TilePictures pictures(&SpeckledSheet);

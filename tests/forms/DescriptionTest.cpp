@@ -1,13 +1,9 @@
-#include <QAccessible>
-#include <QLabel>
-#include <QMenu>
-#include <QMenuBar>
-#include <QMetaEnum>
 
 #include "shell/frmAbout.h"
 #include "shell/frmOptions.h"
 #include "shell/frmSplash.h"
 #include "shell/frmText.h"
+#include "shell/widgets/Text.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {
@@ -39,6 +35,9 @@ QString DescriptionOf(QWidget* control) {
   for (const char* property : {"text", "title", "plainText", "currentText", "windowTitle"}) {
     text += control->property(property).toString();
   }
+  if (const auto* list = qobject_cast<const QComboBox*>(control)) {
+    for (int i = 0; i < list->count(); ++i) text += ", " + list->itemText(i);
+  }
   return QStringList{control->objectName(),
                      control->isWindow() ? "" : QString("%1,%2").arg(place.x()).arg(place.y()),
                      QString("%1x%2").arg(place.width()).arg(place.height()),
@@ -55,7 +54,7 @@ QString DescriptionOf(QWidget* control) {
 }
 
 /// Describes the controls that have names, one a line.
-QStringList ControlsOf(const QWidget& parent) {
+QStringList ControlsOf(const QWidget& parent) {  // NOLINT(misc-no-recursion)
   QStringList lines;
   for (QWidget* control : parent.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
     const QString name = control->objectName();
@@ -66,7 +65,21 @@ QStringList ControlsOf(const QWidget& parent) {
   return lines;
 }
 
-QStringList ActionsOf(const QList<QAction*>& actions) {
+QStringList EdgesOfCatalogue() {
+  QStringList lines;
+  for (const auto& [control, set, edge, direction, size] : EdgePictures()) {
+    lines << QString("%1|set %2, kind %3, direction %4|%5x%6")
+                 .arg(TextOf(control))
+                 .arg(set)
+                 .arg(static_cast<int>(edge))
+                 .arg(static_cast<int>(direction))
+                 .arg(size.width)
+                 .arg(size.height);
+  }
+  return lines;
+}
+
+QStringList ActionsOf(const QList<QAction*>& actions) {  // NOLINT(misc-no-recursion)
   QStringList lines;
   for (const QAction* action : actions) {
     const QString check = action->isChecked() ? "checked" : "unchecked";
@@ -97,7 +110,7 @@ TEST_F(Forms, AreDescribedInFormsTxt) {
   QStringList actual = ActionsOf(window.menuBar()->actions());
   actual << ActionsOf(Find<QToolBar>("tbToolBar")->actions());
   actual << ControlsOf(window);  // and of the dialogs that it owns
-  actual << DescriptionOf(&splash) << "";
+  actual << DescriptionOf(&splash) << EdgesOfCatalogue() << "";
 
   QFile current(QCoreApplication::applicationDirPath() + "/forms.txt");
   ASSERT_TRUE(current.open(QIODevice::WriteOnly));

@@ -2,7 +2,6 @@
 
 #include <sys/stat.h>
 
-#include <QImageWriter>
 #include <array>
 #include <cerrno>
 #include <cstring>

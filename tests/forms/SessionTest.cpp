@@ -1,11 +1,3 @@
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMouseEvent>
-#include <QPainter>
-#include <QTabBar>
-#include <QToolBar>
 #include <fstream>
 
 #include "palette/PalettePages.h"

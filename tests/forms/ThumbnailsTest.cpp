@@ -2,13 +2,6 @@
 
 #include <sys/stat.h>
 
-#include <QComboBox>
-#include <QHelpEvent>
-#include <QImage>
-#include <QLabel>
-#include <QListWidget>
-#include <QToolTip>
-
 #include "shell/widgets/Text.h"
 #include "tests/support/FormFixture.h"
 
@@ -20,11 +13,9 @@ bool HasFinished() {
   return QTest::qWaitFor([] { return !ThumbnailCache::AreBeingMade(); }, kTimeout);
 }
 
-/// A picture in a text format, which decodes slowly.
-void MakeSlowPicture(const char* name) {
+void WriteText(const char* name, const QByteArray& text) {
   QFile file(name);
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write("P2\n4000 4000\n9\n" + QByteArray("1\n").repeated(16'000'000));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
 }
 
 void MakePicture(const QString& name, const QSize& size, const QColor& color) {
@@ -38,29 +29,27 @@ TEST(Thumbnail, IsReducedOrKeepsSharpPixels) {
   const auto read = [&](const char* name, int zoom) {
     return ReadThumbnail(folder.File(name), zoom, false);
   };
-  QImage picture(20, 10, QImage::Format_ARGB32);
-  for (int x = 0; x < 20; ++x) {
-    for (int y = 0; y < 10; ++y) picture.setPixel(x, y, x == 0 ? 0 : qRgb(x * 9, y * 20, 7));
-  }
-  struct Row {
-    int width, zoom, small, large;  // in physical pixels
+  const auto stripes = [](const QColor& ground) {
+    QImage picture(20, 10, QImage::Format_ARGB32);
+    picture.fill(ground);
+    for (int i = 0; i < 200; i += 3) picture.setPixel(i % 20, i / 20, qRgb(i, 0, 7));
+    return picture;
   };
-  for (const Row& row : {Row{10, 2, 20, 20}, Row{20, 1, 16, 20}, Row{20, 2, 32, 40},
-                         Row{200, 2, 32, 240}, Row{500, 1, 16, 120}, Row{500, 2, 32, 240}}) {
-    const QSize size(row.width, row.width / 2);
-    ASSERT_TRUE(picture.scaled(size).save("a.png"));
-    const Thumbnail thumbnail = read("a.png", row.zoom);
+  // Widths of the file, and of both thumbnails in physical pixels.
+  const std::vector<std::array<int, 4>> rows = {{10, 2, 20, 20},   {16, 1, 16, 16},
+                                                {20, 1, 16, 20},   {20, 2, 32, 40},
+                                                {200, 2, 32, 240}, {500, 1, 16, 120}};
+  for (const auto& [width, zoom, small, large] : rows) {
+    const QSize size(width, width / 2);
+    ASSERT_TRUE(QImage(size, QImage::Format_RGB32).save("a.png"));
+    const Thumbnail thumbnail = read("a.png", zoom);
     EXPECT_EQ(thumbnail.size, size);
-    EXPECT_EQ(thumbnail.small.width(), row.small) << row.width << " at " << row.zoom;
-    EXPECT_EQ(thumbnail.large.width(), row.large) << row.width << " at " << row.zoom;
+    EXPECT_EQ(thumbnail.small.width(), small) << width << " at " << zoom;
+    EXPECT_EQ(thumbnail.large.width(), large) << width << " at " << zoom;
   }
-  ASSERT_TRUE(picture.save("a.png"));
-  const QImage enlarged = read("a.png", 2).large;
-  for (int x = 0; x < 40; ++x) {
-    for (int y = 0; y < 20; ++y) {
-      ASSERT_EQ(enlarged.pixel(x, y), x < 2 ? qRgb(255, 255, 255) : picture.pixel(x / 2, y / 2));
-    }
-  }
+  ASSERT_TRUE(stripes(Qt::transparent).save("a.png"));
+  EXPECT_EQ(read("a.png", 2).large,
+            stripes(Qt::white).scaled(40, 20).convertToFormat(QImage::Format_RGB32));
   ASSERT_TRUE(QImage(6000, 5000, QImage::Format_Mono).save("large.bmp"));
   ASSERT_EQ(mkfifo("pipe.bmp", 0600), 0);
   for (const char* name : {"large.bmp", "pipe.bmp"}) EXPECT_TRUE(read(name, 1).size.isEmpty());
@@ -69,10 +58,11 @@ TEST(Thumbnail, IsReducedOrKeepsSharpPixels) {
 
 TEST(Thumbnail, OfASlowPictureIsAbandoned) {
   const StartFolder folder;
-  MakeSlowPicture("slow.pgm");
+  // A text format decodes slowly.
+  WriteText("slow.pgm", "P2\n4000 4000\n9\n" + QByteArray("1\n").repeated(16'000'000));
   MakePicture("quick.png", {20, 20}, Qt::red);
   ThumbnailCache thumbnails;
-  thumbnails.Request({folder.File("slow.pgm")}, 1);
+  thumbnails.Request({folder.File("slow.pgm")}, 4);
   thumbnails.Request({folder.File("quick.png")}, 4);  // the slow one is no longer visible
   EXPECT_TRUE(HasFinished());
   ASSERT_NE(thumbnails.Of(folder.File("quick.png")), nullptr);
@@ -88,61 +78,57 @@ TEST(Thumbnail, OfASlowPictureIsAbandoned) {
 struct CustomFiles : FormFixture {
   QListWidget* list = Find<QListWidget>("File1");
 
-  QStringList Rows() const {
-    QStringList rows;
-    for (int i = 0; i < list->count(); ++i) rows << list->item(i)->text();
-    return rows;
-  }
   QPoint PlaceOf(int row) const {
     return list->visualItemRect(list->item(row)).topLeft() + QPoint(11, 9);
   }
   QString ToolTipAt(int row) const {
-    QHelpEvent ask(QEvent::ToolTip, PlaceOf(row), list->viewport()->mapToGlobal(PlaceOf(row)));
+    const QPoint place = PlaceOf(row);
+    QHelpEvent ask(QEvent::ToolTip, place, list->viewport()->mapToGlobal(place));
     QApplication::sendEvent(list->viewport(), &ask);
     return QToolTip::isVisible() ? QToolTip::text() : QString();
   }
   QColor PixelAt(int row) const { return Shown(*list->viewport()).pixelColor(PlaceOf(row)); }
-  void ClickRow(int row) const {
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, PlaceOf(row));
+  void PressReturn(QWidget* control) {
+    window.activateWindow();
+    control->setFocus();
+    QTest::keyClick(control, Qt::Key_Return);
   }
 };
 
 TEST_F(CustomFiles, AreListedWithThumbnailsAndToolTips) {
   const QString longName = QString(200, 'n') + "<b>.bmp";
   MakePicture(longName, {64, 48}, Qt::red);
-  MakePicture("tile10.png", {9, 9}, Qt::red);
   ASSERT_TRUE(QDir().mkdir("art"));
   MakePicture("art/a & %2.bmp", {64, 48}, Qt::red);
-  QFile::rename("tile10.png", "tile10.gif");  // the extension doesn't matter
-  for (const char* name : {"Tile2.GIF", "notes.txt"}) {
-    ASSERT_TRUE(QFile(name).open(QIODevice::WriteOnly));
-  }
+  for (const char* name : {"tile10.gif", "Tile2.GIF", "notes.txt"}) WriteText(name, "text");
   ASSERT_EQ(mkfifo("art/pipe.gif", 0600), 0);
   auto* sets = Find<QComboBox>("TileSetSelector");
   emit sets->activated(kCustomSet);
-  EXPECT_EQ(Rows(), (QStringList{longName, "Tile2.GIF", "tile10.gif"}));
+  EXPECT_EQ(list->count(), 3);
+  EXPECT_EQ(list->item(2)->text(), "tile10.gif");
+  EXPECT_TRUE(ToolTipAt(0).contains(longName.toHtmlEscaped())) << "it doesn't fit in the list";
   EXPECT_TRUE(QTest::qWaitFor([this] { return PixelAt(0) == Qt::red; }));
   EXPECT_TRUE(HasFinished());
   EXPECT_EQ(PixelAt(1), Qt::white) << "not a picture";
-  EXPECT_TRUE(ToolTipAt(0).contains(longName.toHtmlEscaped()));
-  ClickRow(1);
-  auto* status = Find<QLabel>("SimpleText");
-  EXPECT_TRUE(status->text().startsWith("Tile2.GIF can't be used as a tile"));
 
   auto* folders = Find<QListWidget>("Dir1");
-  EXPECT_EQ(folders->currentItem()->data(Qt::AccessibleDescriptionRole).toString(),
-            QDir::currentPath());
-  emit folders->itemDoubleClicked(folders->findItems("art", Qt::MatchContains).last());
-  EXPECT_EQ(Rows(), QStringList("a & %2.bmp")) << "a pipe isn't listed";
+  EXPECT_EQ(folders->currentItem()->toolTip(), QDir::currentPath());
+  EXPECT_EQ(folders->currentItem()->data(Qt::AccessibleDescriptionRole), QDir::currentPath());
+  folders->setCurrentItem(folders->findItems("art", Qt::MatchContains).last());
+  PressReturn(folders);
+  EXPECT_EQ(list->count(), 1) << "a pipe isn't listed";
   EXPECT_TRUE(
       QTest::qWaitFor([this] { return ToolTipAt(0).endsWith("a &amp; %2.bmp, 64 x 48</div>"); }));
-  ClickRow(0);
+  list->setCurrentRow(0);
+  PressReturn(list);
   EXPECT_EQ(Find<QLabel>("Label5")->text(), "64x48");
-  EXPECT_EQ(status->text(), "Custom tile selected: a & %2.bmp");
   EXPECT_TRUE(Find("Canvas")->hasFocus());
   MakePicture("art/a & %2.bmp", {64, 48}, Qt::blue);
   emit sets->activated(kCustomSet);  // reads the folder again
   EXPECT_TRUE(QTest::qWaitFor([this] { return PixelAt(0) == Qt::blue; }));
+
+  emit Find<QComboBox>("Drive1")->activated(0);
+  EXPECT_EQ(form.palette.Dir1.Path(), "/");
 }
 
 }  // namespace

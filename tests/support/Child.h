@@ -4,8 +4,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <QApplication>
-#include <QSettings>
 #include <cstdio>
 #include <fstream>
 

@@ -2,12 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QAction>
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QToolBar>
+#include <QtWidgets>
 #include <deque>
 #include <filesystem>
 #include <new>
