@@ -53,7 +53,7 @@ void AddTurn(RatioTable& table, const std::string& name, Transform turn, int sid
 
   const auto turned = std::make_shared<QImage>();
   contest.Against(
-      "Qt", Faster(1.5),
+      "Qt", Faster(1.0),
       [=] { *turned = ImageOver(picture.View()).transformed(QTransform().rotate(degrees)); },
       PixelsOf(turned));
 #ifdef MORVANE_BENCH_PIXMAN

@@ -3,9 +3,20 @@
 #include <algorithm>
 #include <cstring>
 
-#include "document/picture/ClipCopy.h"
-
 namespace morvane {
+namespace {
+
+/// The part of a copy that lies inside both the target and the source, in target coordinates.
+Rect ClipCopy(const Surface& target, const Rect& rect, const PictureView& source, int sourceX,
+              int sourceY) {
+  const int dx = rect.left - sourceX;
+  const int dy = rect.top - sourceY;
+  return rect.Intersected(target.Bounds())
+      .Intersected({dx, dy, source.width + dx, source.height + dy});
+}
+
+}  // namespace
+
 void BitBlt(const Surface& target, int x, int y, int width, int height, const PictureView& source,
             int sourceX, int sourceY) {
   const Rect rect = ClipCopy(target, {x, y, x + width, y + height}, source, sourceX, sourceY);
@@ -14,6 +25,19 @@ void BitBlt(const Surface& target, int x, int y, int width, int height, const Pi
   for (int row = rect.top; row < rect.bottom; ++row) {
     std::memcpy(target.Row(row) + rect.left,
                 source.Row(row - y + sourceY) + rect.left - x + sourceX, bytes);
+  }
+  target.NoteDamage(rect);
+}
+
+void TransparentBlt(const Surface& target, int x, int y, int width, int height,
+                    const PictureView& source, int sourceX, int sourceY, Color transparent) {
+  const Rect rect = ClipCopy(target, {x, y, x + width, y + height}, source, sourceX, sourceY);
+  if (rect.IsEmpty()) return;
+  const Pixel key = PixelOf(transparent);
+  for (int row = rect.top; row < rect.bottom; ++row) {
+    Pixel* __restrict to = target.Row(row) + rect.left;
+    const Pixel* __restrict from = source.Row(row - y + sourceY) + rect.left - x + sourceX;
+    for (int i = 0; i < rect.Width(); ++i) to[i] = from[i] == key ? to[i] : from[i];
   }
   target.NoteDamage(rect);
 }
