@@ -4,18 +4,11 @@
 
 namespace morvane {
 
-/// Whether a pointer coordinate lies between the two grid lines of cell k, on neither of them.
-bool CellTest(float v, int k);
-
-/// Whether a pointer coordinate is near grid index k.
-bool LineTest(float v, int k);
-
-/// Whether a pointer coordinate lies well inside cell k, clear of both its sides.
-bool BodyTest(float v, int k);
-
-/// The index from 0 up to extent / kCellSize for which the test holds; at most one does.
+/// The cell of a pointer coordinate, from 0 up to extent / kCellSize; none on a grid line.
 std::optional<int> FindCell(float v, int extent);
+/// The grid index that a pointer coordinate is near to.
 std::optional<int> FindLine(float v, int extent);
+/// The cell that a pointer coordinate lies well inside of, clear of both its sides.
 std::optional<int> FindBody(float v, int extent);
 
 }  // namespace morvane
