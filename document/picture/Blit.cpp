@@ -59,12 +59,4 @@ void FillBox(const Surface& target, const Rect& box, Color color) {
   target.NoteDamage(rect);
 }
 
-void DrawColumn(const Surface& target, int x, Color color) {
-  FillBox(target, {x, 0, x + 1, target.height}, color);
-}
-
-void DrawRow(const Surface& target, int y, Color color) {
-  FillBox(target, {0, y, target.width, y + 1}, color);
-}
-
 }  // namespace morvane
