@@ -4,7 +4,7 @@
 #include "bench/SharedPicture.h"
 #include "bench/TempFolder.h"
 #include "document/MapFiles.h"
-#include "document/Snapshot.h"
+#include "document/Undo.h"
 #include "document/Undo.h"
 #include "document/picture/Blit.h"
 

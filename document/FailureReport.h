@@ -6,11 +6,9 @@
 
 namespace morvane {
 
-/// Reports to the user what failed, and the system's reason.
-void ReportFailure(Platform& platform, const std::string& what, const Failure& reason);
-
-/// The same for a failed operation on a file.
-void ReportFileFailure(Platform& platform, const std::string& what, const std::string& file,
-                       const Failure& reason);
+/// Reports to the user what failed, and the reason.
+inline void ReportFailure(Platform& platform, const std::string& what, const Failure& reason) {
+  platform.MsgBox(what + "\n\n" + reason, BoxStyle::OkExclamation, kProgramName);
+}
 
 }  // namespace morvane

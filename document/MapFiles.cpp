@@ -106,7 +106,7 @@ void SetTitle(Document& document) {
 void OpenMap(Document& document, const std::string& path) {
   Result<LoadedPicture> loaded = LoadPicture(document.platform, path);
   if (!loaded.Ok()) {
-    ReportFileFailure(document.platform, "The map could not be opened.", path, loaded.Reason());
+    ReportFailure(document.platform, "The map could not be opened.\n\n" + path, loaded.Reason());
     return;
   }
   document.CurrentFile = path;

@@ -12,12 +12,14 @@ namespace {
 /// The area for which the grid is drawn in advance, so that it is there when the window grows.
 constexpr Size kDrawnAhead = {1432, 1168};
 constexpr Size kInsideDrawnAhead = {1428, 1164};
-constexpr int kColumnsAhead = 72;
-constexpr int kRowsAhead = 59;
 
-void DrawGrid(const Surface& surface, int columns, int rows, Color color) {
-  for (int i = 1; i <= columns; ++i) DrawColumn(surface, GridLine(i), color);
-  for (int i = 1; i <= rows; ++i) DrawRow(surface, GridLine(i), color);
+void DrawGrid(const Surface& surface, Color color) {
+  for (int x = GridLine(1); x < surface.width; x += kCellSize) {
+    FillBox(surface, {x, 0, x + 1, surface.height}, color);
+  }
+  for (int y = GridLine(1); y < surface.height; y += kCellSize) {
+    FillBox(surface, {0, y, surface.width, y + 1}, color);
+  }
 }
 
 void Fill(PictureBox& box, Color color) {
@@ -30,7 +32,7 @@ void DrawGridAhead(PictureBox& canvas, Color color) {
   const Size size = {canvas.Width(), canvas.Height()};
   canvas.SetWidth(kDrawnAhead.width);
   canvas.SetHeight(kDrawnAhead.height);
-  DrawGrid(canvas.hDC(), kColumnsAhead, kRowsAhead, color);
+  DrawGrid(canvas.hDC(), color);
   canvas.SetWidth(size.width);
   canvas.SetHeight(size.height);
   canvas.TrimImage();
@@ -48,7 +50,7 @@ bool IsBlankMap(const PictureView& map) {
   Surface ahead = blank.Draw();
   ahead.width = std::min(ahead.width, kInsideDrawnAhead.width);
   ahead.height = std::min(ahead.height, kInsideDrawnAhead.height);
-  DrawGrid(ahead, kColumnsAhead, kRowsAhead, lineColor);
+  DrawGrid(ahead, lineColor);
   return blank.View() == map;
 }
 
@@ -66,10 +68,10 @@ void mnuFileNew_Click(Document& document) {
   PictureBox& Canvas = document.Canvas;
   PictureBox& pbclear = document.pbclear;
   Fill(Canvas, CanvasColor);
-  if (ShowGrid) DrawGridAhead(Canvas, GridColor);
   Fill(pbclear, CanvasColor);
   if (ShowGrid) {
-    DrawGrid(pbclear.hDC(), pbclear.Width() / kCellSize, pbclear.Height() / kCellSize, GridColor);
+    DrawGridAhead(Canvas, GridColor);
+    DrawGrid(pbclear.hDC(), GridColor);
   }
   Canvas.Refresh();
 

@@ -23,21 +23,6 @@ void Options::Form_Load() {
   GridCheck = LongValue(settings.GetINIFileString("Map", "Grid", ""));
 }
 
-void Options::ButtonMapDir_Click() {
-  Browse("Select the directory where Morvane maps will be saved.", TextMapDir);
-}
-
-void Options::ButtonCustomDir_Click() {
-  Browse("Select the directory with your collection of Morvane custom tiles.", TextCustomDir);
-}
-
-void Options::PaletteButton_Click() {
-  PickColor(ColorBox);
-}
-void Options::GridPaletteButton_Click() {
-  PickColor(GridColorBox);
-}
-
 bool Options::cmdOK_Click() {
   const Settings& settings = document_.settings;
   Failure failure;
@@ -50,8 +35,8 @@ bool Options::cmdOK_Click() {
   write("Color", "Grid", std::to_string(GridColorBox));
   write("Map", "Grid", GridCheck == 1 ? "1" : "0");
   if (failure.empty()) return true;
-  ReportFileFailure(document_.platform, "The options could not be stored.", settings.Path(),
-                    failure);
+  ReportFailure(document_.platform, "The options could not be stored.\n\n" + settings.Path(),
+                failure);
   return false;
 }
 

@@ -19,10 +19,14 @@ class Options {
 
   /// Fills the fields from the settings.
   void Form_Load();
-  void ButtonMapDir_Click();
-  void ButtonCustomDir_Click();
-  void PaletteButton_Click();
-  void GridPaletteButton_Click();
+  void ButtonMapDir_Click() {
+    Browse("Select the directory where Morvane maps will be saved.", TextMapDir);
+  }
+  void ButtonCustomDir_Click() {
+    Browse("Select the directory with your collection of Morvane custom tiles.", TextCustomDir);
+  }
+  void PaletteButton_Click() { PickColor(ColorBox); }
+  void GridPaletteButton_Click() { PickColor(GridColorBox); }
   /// Writes the fields into the settings. Returns whether the dialog may close: if the settings
   /// can't be written, it reports that and keeps the fields.
   bool cmdOK_Click();

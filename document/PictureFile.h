@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <string>
 
 #include "document/Platform.h"
@@ -13,10 +12,10 @@ namespace morvane {
 /// whole.
 inline constexpr std::size_t kMaxForeignBytes = 256'000'000;
 
-/// Runs a function that loads a picture. Running out of memory becomes a failure like any other.
-Failure CatchOutOfMemory(const std::function<Failure()>& load);
+inline constexpr const char* kOutOfMemory = "There is not enough memory for this picture.";
 
-/// Loads a picture from an image file of any known format.
+/// Loads a picture from an image file of any known format. Running out of memory is a failure like
+/// any other.
 Result<LoadedPicture> LoadPicture(Platform& platform, const std::string& path);
 
 /// Writes the picture as a BMP file, replacing the file as a whole or not at all.

@@ -74,7 +74,7 @@ class Platform {
   /// Whether there is a folder whose names can be listed and whose files can be opened.
   virtual bool IsFolderReadable(const std::string& path) = 0;
   /// Opens a normal file for reading; anything else is refused with its reason.
-  virtual Result<std::unique_ptr<ByteSource>> OpenFile(const std::string& path) = 0;
+  virtual OpenedFile OpenFile(const std::string& path) = 0;
   /// Replaces a file atomically: after a failure the old file is intact.
   virtual Failure WriteFile(const std::string& path, ByteSource& content) = 0;
   /// Writes a new file as a whole. Never replaces an existing one.
@@ -108,7 +108,7 @@ class Platform {
   /// Replaces the one snapshot of this process. After a failure there is none.
   virtual Failure WriteSnapshot(ByteSource& content) = 0;
   /// The snapshot, to be read before the next one is written.
-  virtual Result<std::unique_ptr<ByteSource>> OpenSnapshot() = 0;
+  virtual OpenedFile OpenSnapshot() = 0;
   /// Whether the snapshot is unmodified since it was written.
   virtual bool IsSnapshotUntouched() = 0;
   virtual void DeleteSnapshot() = 0;

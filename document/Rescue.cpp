@@ -4,6 +4,7 @@
 #include <array>
 #include <ctime>
 #include <functional>
+#include <new>
 #include <utility>
 
 #include "document/NewMap.h"
@@ -59,14 +60,13 @@ bool IsUnsaved(Document& document) {
 
 /// Whether a file holds a complete map on which something was painted, or could hold one.
 bool IsWorthKeeping(ByteSource& file) {
-  bool isPainted = false;
-  const Failure outOfMemory = CatchOutOfMemory([&] {
-    if (!IsBmp(file)) return Failure();
+  try {
+    if (!IsBmp(file)) return false;
     Result<LoadedPicture> map = ReadBmp(file);
-    isPainted = map.Ok() && !IsBlankMap(map.Value().picture.View());
-    return Failure();
-  });
-  return isPainted || !outOfMemory.empty();
+    return map.Ok() && !IsBlankMap(map.Value().picture.View());
+  } catch (const std::bad_alloc&) {
+    return true;
+  }
 }
 
 }  // namespace
@@ -80,10 +80,11 @@ std::string WriteRescueCopy(Document& document) {
 }
 
 void SettleMap(Document& document) {
-  CatchOutOfMemory([&document] {
+  try {
     document.SettledMap = Picture(document.Canvas.Image());
-    return Failure();
-  });
+  } catch (const std::bad_alloc&) {
+    // The map only gets another rescue copy.
+  }
 }
 
 bool RescueForSession(Document& document) {

@@ -9,8 +9,8 @@ namespace {
 
 /// Replaces the map with the snapshot. An unmodified snapshot that can be read to its end is
 /// decoded into the map's own memory; any other could turn out to be damaged half-way.
-Failure RestoreSnapshot(Document& document) {
-  Result<std::unique_ptr<ByteSource>> snapshot = document.platform.OpenSnapshot();
+Failure RestoreSnapshot(Document& document) try {
+  OpenedFile snapshot = document.platform.OpenSnapshot();
   if (!snapshot.Ok()) return snapshot.Reason();
   BmpDecoder decoder(*snapshot.Value());
   Failure failure = decoder.Open();
@@ -26,9 +26,21 @@ Failure RestoreSnapshot(Document& document) {
   failure = decoder.Decode(picture.Draw());
   if (failure.empty()) document.Canvas.SetPicture(std::move(picture));
   return failure;
+} catch (const std::bad_alloc&) {
+  return kOutOfMemory;
 }
 
 }  // namespace
+
+void TakeSnapshot(Document& document) {
+  BmpEncoder map(document.Canvas.Image());
+  const Failure failure = document.platform.WriteSnapshot(map);
+  if (failure.empty() || document.SnapshotFailureReported) return;
+  document.SnapshotFailureReported = true;
+  ReportFailure(document.platform,
+                "The map could not be kept for Undo. Drawing goes on, but can't be taken back.",
+                failure);
+}
 
 void EnableUndo(Document& document) {
   document.UndoButtonEnabled = true;
@@ -42,7 +54,7 @@ void mnuEditUndo_Click(Document& document) {
   document.Canvas.MousePointer = Pointer::Hourglass;
   document.platform.ShowState();
 
-  const Failure failure = CatchOutOfMemory([&document] { return RestoreSnapshot(document); });
+  const Failure failure = RestoreSnapshot(document);
   document.UndoButtonEnabled = false;
   document.mnuEditUndoEnabled = false;
 

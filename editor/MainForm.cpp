@@ -1,9 +1,10 @@
 #include "editor/MainForm.h"
 
+#include <new>
+
 #include "document/MapFiles.h"
-#include "document/PictureFile.h"
 #include "document/Rescue.h"
-#include "document/Snapshot.h"
+#include "document/Undo.h"
 #include "document/bmp/Bmp.h"
 #include "palette/PalettePages.h"
 #include "palette/TileSelection.h"
@@ -59,22 +60,24 @@ void MainForm::EndRun() {
 void MainForm::RescueAtTermination() {
   if (hasEnded_) return;
   hasEnded_ = true;
-  CatchOutOfMemory([this] {
+  try {
     // If the rescue copy takes too long or fails, the next run finds the complete map here.
     BmpEncoder map(document.Canvas.Image());
     document.platform.WriteSnapshot(map);
     if (RescueUnsavedMap(document)) document.platform.DeleteSnapshot();
-    return Failure();
-  });
+  } catch (const std::bad_alloc&) {
+    // The snapshot stays.
+  }
 }
 
 bool MainForm::SessionEnds(bool mayAsk) {
   // The question may be open already.
   if (!mayAsk || isAsking_) {
-    CatchOutOfMemory([this] {
+    try {
       RescueForSession(document);
-      return Failure();
-    });
+    } catch (const std::bad_alloc&) {
+      // The session ends in any case.
+    }
     return false;
   }
   if (Form_Unload()) return true;

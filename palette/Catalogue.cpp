@@ -5,26 +5,17 @@
 namespace morvane {
 namespace {
 
+constexpr std::array<Page, kMaxPages> kDungeonPages = {
+    {{"Tiles", "tiles"}, {"Furniture", "furniture"}, {"Various", "various"}}};
+constexpr std::array<Page, kMaxPages> kTsrPages = {{{"Tiles", "tiles"}, {}, {}}};
+constexpr std::array<Page, kMaxPages> kVillagePages = {
+    {{"Tiles", "tiles"}, {"Buildings", "buildings"}, {"Various", "various"}}};
+
 constexpr std::array<TileSet, kBuiltInSets> kTileSets = {{
-    {"Abandoned Cathedral",
-     "abandoned-cathedral",
-     "TabStrip1",
-     "Frame1",
-     3,
-     {{{"Tiles", "tiles"}, {"Furniture", "furniture"}, {"Various", "various"}}}},
-    {"Grave Dungeon",
-     "grave-dungeon",
-     "TabStrip3",
-     "Frame3",
-     3,
-     {{{"Tiles", "tiles"}, {"Furniture", "furniture"}, {"Various", "various"}}}},
-    {"TSR Original", "tsr-original", "TabStrip2", "Frame2", 1, {{{"Tiles", "tiles"}, {}, {}}}},
-    {"Classic Village",
-     "classic-village",
-     "TabStrip4",
-     "Frame4",
-     3,
-     {{{"Tiles", "tiles"}, {"Buildings", "buildings"}, {"Various", "various"}}}},
+    {"Abandoned Cathedral", "abandoned-cathedral", "TabStrip1", "Frame1", 3, kDungeonPages},
+    {"Grave Dungeon", "grave-dungeon", "TabStrip3", "Frame3", 3, kDungeonPages},
+    {"TSR Original", "tsr-original", "TabStrip2", "Frame2", 1, kTsrPages},
+    {"Classic Village", "classic-village", "TabStrip4", "Frame4", 3, kVillagePages},
 }};
 
 constexpr std::array<Item, kItemCount> kItems = {{

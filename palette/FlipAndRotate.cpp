@@ -22,7 +22,7 @@ void TurnCustom(PictureBox& Custom, Transform transform) {
   }
 }
 
-void Turn(Palette& palette, Transform transform, const char* done) {
+void Turn(Palette& palette, Transform transform) {
   const Picture stamp = TurnedImage(palette.Picture1, transform);
   Size size = {stamp.Width(), stamp.Height()};
   palette.SetPicture1(stamp, size);
@@ -33,25 +33,23 @@ void Turn(Palette& palette, Transform transform, const char* done) {
   palette.Shape1.Width = size.width;
   palette.Shape1.Height = size.height;
   palette.LeaveToTileMode();
-  palette.document.StatusText = palette.Label2 + done;
+  palette.document.StatusText =
+      palette.Label2 + (IsFlip(transform) ? " tile flipped" : " tile rotated");
 }
-
-constexpr const char* kFlipped = " tile flipped";
-constexpr const char* kRotated = " tile rotated";
 
 }  // namespace
 
 void FlipHorizontal_Click(Palette& palette) {
-  Turn(palette, Transform::FlipHorizontal, kFlipped);
+  Turn(palette, Transform::FlipHorizontal);
 }
 void FlipVertical_Click(Palette& palette) {
-  Turn(palette, Transform::FlipVertical, kFlipped);
+  Turn(palette, Transform::FlipVertical);
 }
 void Rotate_Click(Palette& palette) {
-  Turn(palette, Transform::RotateRight, kRotated);
+  Turn(palette, Transform::RotateRight);
 }
 void RotateLeft_Click(Palette& palette) {
-  Turn(palette, Transform::RotateLeft, kRotated);
+  Turn(palette, Transform::RotateLeft);
 }
 
 }  // namespace morvane

@@ -3,20 +3,9 @@
 namespace morvane {
 namespace {
 
-/// Where a set stores its current page; null if it has only one.
-template <typename AnyPalette>
-auto* PageVariable(AnyPalette& palette, int set) {
-  switch (set) {
-    case kAbandonedCathedral:
-      return &palette.CurFrame1;
-    case kGraveDungeon:
-      return &palette.CurFrame3;
-    case kClassicVillage:
-      return &palette.CurFrame4;
-    default:
-      return static_cast<decltype(&palette.CurFrame1)>(nullptr);
-  }
-}
+/// Where each set stores its current page; null if it has only one.
+constexpr std::array<int Palette::*, kBuiltInSets> kPageVariables = {
+    &Palette::CurFrame1, &Palette::CurFrame3, nullptr, &Palette::CurFrame4};
 
 }  // namespace
 
@@ -28,12 +17,11 @@ void TileSetSelector_Click(Palette& palette, int ListIndex) {
 }
 
 void TabStrip_Click(Palette& palette, int set, int tab) {
-  if (int* page = PageVariable(palette, set)) *page = tab;
+  if (kPageVariables[set] != nullptr) palette.*kPageVariables[set] = tab;
 }
 
 int CurrentPage(const Palette& palette, int set) {
-  const int* page = PageVariable(palette, set);
-  return page == nullptr ? 1 : *page;
+  return kPageVariables[set] == nullptr ? 1 : palette.*kPageVariables[set];
 }
 
 bool IsPageVisible(const Palette& palette, int set, int page) {

@@ -7,26 +7,6 @@
 namespace morvane {
 namespace {
 
-/// Loads each sheet once, on its first use.
-class Sheets {
- public:
-  explicit Sheets(const TilePictures::SheetLoader& load) : load_(load) {}
-
-  Picture Cut(int set, std::string_view sheet, const Rect& rect) {
-    const std::string name = std::string(TileSets()[set].folder) + "/" + std::string(sheet);
-    const auto [found, isNew] = sheets_.try_emplace(name);
-    if (isNew) found->second = load_(name);
-    Picture picture(rect.Width(), rect.Height());
-    BitBlt(picture.Draw(), 0, 0, rect.Width(), rect.Height(), found->second.View(), rect.left,
-           rect.top);
-    return picture;
-  }
-
- private:
-  const TilePictures::SheetLoader& load_;
-  std::map<std::string, Picture> sheets_;
-};
-
 Rect RectAt(int x, int y, Size size) {
   return {x, y, x + size.width, y + size.height};
 }
@@ -43,16 +23,24 @@ Rect EdgeOnSheet(const EdgePicture& picture) {
 }
 
 TilePictures::TilePictures(const SheetLoader& load) {
-  Sheets sheets(load);
+  std::map<std::string, Picture> sheets;  // each is loaded once, on its first use
+  const auto cut = [&](int set, std::string_view sheet, const Rect& rect) {
+    const std::string name = std::string(TileSets()[set].folder) + "/" + std::string(sheet);
+    if (!sheets.contains(name)) sheets[name] = load(name);
+    Picture picture(rect.Width(), rect.Height());
+    BitBlt(picture.Draw(), 0, 0, rect.Width(), rect.Height(), sheets[name].View(), rect.left,
+           rect.top);
+    return picture;
+  };
   for (std::size_t i = 0; i < items_.size(); ++i) {
     const Item& item = Items()[i];
     const Page& page = TileSets()[item.set].pages[item.page - 1];
-    items_[i] = sheets.Cut(item.set, page.sheet,
-                           RectAt(item.column * kSheetCell, item.row * kSheetCell, item.stored));
+    items_[i] = cut(item.set, page.sheet,
+                    RectAt(item.column * kSheetCell, item.row * kSheetCell, item.stored));
   }
   for (std::size_t i = 0; i < edges_.size(); ++i) {
     const EdgePicture& edge = EdgePictures()[i];
-    edges_[i] = sheets.Cut(edge.set, "edges", EdgeOnSheet(edge));
+    edges_[i] = cut(edge.set, "edges", EdgeOnSheet(edge));
   }
 }
 

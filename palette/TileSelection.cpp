@@ -1,18 +1,6 @@
 #include "palette/TileSelection.h"
 
 namespace morvane {
-namespace {
-
-void EnterTileMode(Palette& palette) {
-  palette.Shape1.Width = palette.Picture1.Width();
-  palette.Shape1.Height = palette.Picture1.Height();
-  palette.LeaveToTileMode();
-  palette.document.StatusText = palette.Label2 + " tile selected";
-  palette.Label5.clear();
-  palette.document.Canvas.SetFocus();
-}
-
-}  // namespace
 
 void ShowStamp(Palette& palette, const Item& item) {
   palette.Label2 = item.caption;
@@ -21,7 +9,12 @@ void ShowStamp(Palette& palette, const Item& item) {
 
 void Item_Click(Palette& palette, const Item& item) {
   ShowStamp(palette, item);
-  EnterTileMode(palette);
+  palette.Shape1.Width = palette.Picture1.Width();
+  palette.Shape1.Height = palette.Picture1.Height();
+  palette.LeaveToTileMode();
+  palette.document.StatusText = palette.Label2 + " tile selected";
+  palette.Label5.clear();
+  palette.document.Canvas.SetFocus();
 }
 
 }  // namespace morvane

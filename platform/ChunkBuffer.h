@@ -1,10 +1,10 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <new>
 #include <span>
 
 #include "document/Platform.h"
@@ -14,16 +14,15 @@ namespace morvane {
 /// Page-aligned memory for one chunk of a file; aligned writes are the fastest.
 class ChunkBuffer {
  public:
-  std::span<std::uint8_t> First(std::size_t count) const { return {bytes_.get(), count}; }
+  std::span<std::uint8_t> First(std::size_t count) const {
+    return std::span(pages_->bytes).first(count);
+  }
 
  private:
-  static constexpr std::align_val_t kPage{4096};
-  struct Release {
-    void operator()(std::uint8_t* bytes) const { ::operator delete(bytes, kPage); }
+  struct alignas(4096) Pages {
+    std::array<std::uint8_t, kChunkBytes> bytes;
   };
-
-  std::unique_ptr<std::uint8_t[], Release> bytes_{
-      static_cast<std::uint8_t*>(::operator new(kChunkBytes, kPage))};
+  std::unique_ptr<Pages> pages_ = std::make_unique_for_overwrite<Pages>();
 };
 
 /// Passes the bytes of a source to `write` chunk by chunk, with the offset of each. `write` returns

@@ -1,17 +1,12 @@
 #include "platform/EndMarker.h"
 
-#include <algorithm>
-#include <array>
 #include <cstddef>
+#include <string_view>
 
 namespace morvane {
 namespace {
 
 using File = std::span<const std::uint8_t>;
-
-bool BeginsWith(File file, std::span<const std::uint8_t> mark) {
-  return file.size() >= mark.size() && std::equal(mark.begin(), mark.end(), file.begin());
-}
 
 /// Steps from marker to marker: an end marker inside a segment belongs to an embedded preview.
 bool JpegHasItsEnd(File file) {
@@ -74,10 +69,9 @@ bool GifHasItsEnd(File file) {
 }  // namespace
 
 bool HasEndMarker(File file) {
-  constexpr std::array<std::uint8_t, 3> kJpeg = {0xFF, 0xD8, 0xFF};
-  constexpr std::array<std::uint8_t, 4> kGif = {'G', 'I', 'F', '8'};
-  if (BeginsWith(file, kJpeg)) return JpegHasItsEnd(file);
-  return !BeginsWith(file, kGif) || GifHasItsEnd(file);
+  const std::string_view text(reinterpret_cast<const char*>(file.data()), file.size());
+  if (text.starts_with("\xFF\xD8\xFF")) return JpegHasItsEnd(file);
+  return !text.starts_with("GIF8") || GifHasItsEnd(file);
 }
 
 }  // namespace morvane

@@ -20,34 +20,6 @@ Failure CheckRegularFile(const struct stat& file) {
   return file.st_size > kMaxFileBytes ? kTooLargeFile : Failure();
 }
 
-class NormalFile : public ByteSource {
- public:
-  /// Another file may take the name between the check and the opening, so it is checked twice.
-  Failure Open(const std::string& path) {
-    constexpr int kFlags = O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
-    struct stat status {};
-    if (stat(path.c_str(), &status) != 0) {
-      return errno == ENOENT ? "There is no such file." : ErrnoMessage();
-    }
-    Failure failure = CheckRegularFile(status);
-    if (!failure.empty()) return failure;
-    file_ = Descriptor(open(path.c_str(), kFlags));
-    if (!file_.IsOpen() || fstat(file_.Number(), &status) != 0) return ErrnoMessage();
-    size_ = static_cast<std::size_t>(status.st_size);
-    return CheckRegularFile(status);
-  }
-
-  std::size_t Size() const override { return size_; }
-
-  Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override {
-    return morvane::ReadAt(file_.Number(), place, buffer);
-  }
-
- private:
-  Descriptor file_;
-  std::size_t size_ = 0;
-};
-
 /// The path with symbolic links resolved, whether the target exists or not.
 std::filesystem::path ResolveLinks(std::filesystem::path path) {
   constexpr int kMaxLinks = 40;
@@ -71,11 +43,21 @@ Descriptor OpenFolder(const std::filesystem::path& path) {
 
 }  // namespace
 
-Result<std::unique_ptr<ByteSource>> OpenRegularFile(const std::string& path) {
-  using Opened = Result<std::unique_ptr<ByteSource>>;
-  auto file = std::make_unique<NormalFile>();
-  Failure failure = file->Open(path);
-  return failure.empty() ? Opened(std::move(file)) : Opened::Failed(std::move(failure));
+OpenedFile OpenRegularFile(const std::string& path) {
+  constexpr int kFlags = O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+  struct stat status {};
+  if (stat(path.c_str(), &status) != 0) {
+    return Failed{errno == ENOENT ? "There is no such file." : ErrnoMessage()};
+  }
+  Failure failure = CheckRegularFile(status);
+  if (!failure.empty()) return Failed{std::move(failure)};
+  Descriptor file(open(path.c_str(), kFlags));
+  if (!file.IsOpen() || fstat(file.Number(), &status) != 0) return Failed{ErrnoMessage()};
+  // Another file may have taken the name before the opening, so it is checked again.
+  failure = CheckRegularFile(status);
+  if (!failure.empty()) return Failed{std::move(failure)};
+  const auto size = static_cast<std::size_t>(status.st_size);
+  return OpenedFile(std::make_unique<FileSource>(std::move(file), size));
 }
 
 Failure ReplaceFile(const std::string& path, ByteSource& content) {

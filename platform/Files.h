@@ -8,7 +8,7 @@
 namespace morvane {
 
 /// Opens a regular file. Folders, pipes and devices are refused without being opened.
-Result<std::unique_ptr<ByteSource>> OpenRegularFile(const std::string& path);
+OpenedFile OpenRegularFile(const std::string& path);
 
 /// Writes a temporary file in the target's folder, flushes it and renames it over the target, which
 /// is the old file or the new one at any time. Symbolic links are followed; owner, group and mode

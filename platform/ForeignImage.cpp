@@ -47,30 +47,29 @@ bool IsLaidOnItsSide(const QImageReader& reader) {
 
 Result<ForeignImage> ReadForeignImage(const Bytes& content, const std::atomic<bool>& isCanceled,
                                       long long maxPixels, const ReducedSize& reduced) {
-  using Refused = Result<ForeignImage>;
   StoppableBytes bytes(content, isCanceled);
   QImageReader reader(&bytes);
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
   // A drawing may refer to other files and network addresses.
   if (reader.format().startsWith("svg") || reader.format() == "pdf") {
-    return Refused::Failed("Drawings of this kind can't be used, only pictures.");
+    return Failed{"Drawings of this kind can't be used, only pictures."};
   }
   const QSize claimed = reader.size();
-  if (claimed.isValid() && IsTooLarge(claimed, maxPixels)) return Refused::Failed(kTooLarge);
+  if (claimed.isValid() && IsTooLarge(claimed, maxPixels)) return Failed{kTooLarge};
   const bool isReduced =
       reduced && claimed.isValid() && reader.supportsOption(QImageIOHandler::ScaledSize);
   if (isReduced) reader.setScaledSize(reduced(claimed));
-  const JpegWarnings damage;
+  TakeJpegDamage();  // of earlier pictures
   const QImage image = reader.read();
   if (image.isNull()) {
-    return Refused::Failed(
-        "This is not a picture that can be read: " + reader.errorString().toStdString() + ".");
+    return Failed{"This is not a picture that can be read: " + reader.errorString().toStdString() +
+                  "."};
   }
   // Not every decoder knows the size in advance.
-  if (IsTooLarge(image.size(), maxPixels)) return Refused::Failed(kTooLarge);
-  if (damage.HasFoundDamage() || !HasEndMarker(content)) {
-    return Refused::Failed("The file is incomplete or damaged.");
+  if (IsTooLarge(image.size(), maxPixels)) return Failed{kTooLarge};
+  if (TakeJpegDamage() || !HasEndMarker(content)) {
+    return Failed{"The file is incomplete or damaged."};
   }
   if (!isReduced) return ForeignImage{image, image.size()};
   return ForeignImage{image, IsLaidOnItsSide(reader) ? claimed.transposed() : claimed};

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
-#include <cstring>
+#include <utility>
 
 namespace morvane {
 namespace {
@@ -15,15 +15,16 @@ constexpr const char* kDecoder = "qt.gui.imageio.jpeg";
 constexpr std::array kDamage = {"premature end of data segment", "bad Huffman code",
                                 "bad arithmetic code", "instead of RST"};
 
-thread_local JpegWarnings* listener = nullptr;
+thread_local bool hasFoundDamage = false;
 
 QtMessageHandler nextHandler = nullptr;
 QLoggingCategory::CategoryFilter nextFilter = nullptr;
 std::atomic<bool> isLogWanted = true;
 
 void HandleMessage(QtMsgType type, const QMessageLogContext& context, const QString& text) {
-  if (listener != nullptr && qstrcmp(context.category, kDecoder) == 0) {
-    listener->Receive(qPrintable(text));
+  if (qstrcmp(context.category, kDecoder) == 0) {
+    const auto reports = [&text](const char* damage) { return text.contains(damage); };
+    hasFoundDamage |= std::any_of(kDamage.begin(), kDamage.end(), reports);
     if (!isLogWanted) return;
   }
   nextHandler(type, context, text);
@@ -49,24 +50,13 @@ bool Listen() {
 
 }  // namespace
 
-void JpegWarnings::Install() {
+void WatchJpegWarnings() {
   [[maybe_unused]] static const bool isListening = Listen();
 }
 
-JpegWarnings::JpegWarnings() {
-  Install();
-  listener = this;
-}
-
-JpegWarnings::~JpegWarnings() {
-  listener = nullptr;
-}
-
-void JpegWarnings::Receive(const char* line) {
-  hasFoundDamage_ =
-      hasFoundDamage_ || std::any_of(kDamage.begin(), kDamage.end(), [line](const char* damage) {
-        return std::strstr(line, damage) != nullptr;
-      });
+bool TakeJpegDamage() {
+  WatchJpegWarnings();
+  return std::exchange(hasFoundDamage, false);
 }
 
 }  // namespace morvane

@@ -2,25 +2,11 @@
 
 namespace morvane {
 
-/// Detects damage that Qt's JPEG decoder finds in this thread. The decoder fills in what is missing
-/// and reports that only in its log.
-class JpegWarnings {
- public:
-  JpegWarnings();
-  JpegWarnings(const JpegWarnings&) = delete;
-  JpegWarnings& operator=(const JpegWarnings&) = delete;
-  ~JpegWarnings();
+/// Starts to listen to Qt's JPEG decoder, which fills in what is missing in a file and reports that
+/// only in its log. Call it at the start: for a moment no message handler is installed.
+void WatchJpegWarnings();
 
-  /// Installs the message handler, unless that was done before. Call it at the start: for a moment
-  /// no handler is installed.
-  static void Install();
-
-  bool HasFoundDamage() const { return hasFoundDamage_; }
-  /// Receives a line of the decoder's log.
-  void Receive(const char* line);
-
- private:
-  bool hasFoundDamage_ = false;
-};
+/// Whether the decoder has found damage in this thread since the last call.
+bool TakeJpegDamage();
 
 }  // namespace morvane

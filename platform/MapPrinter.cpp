@@ -5,7 +5,6 @@
 #include <QFileInfo>
 #include <QPainter>
 #include <QPrintDialog>
-#include <QPrinter>
 #include <QPrinterInfo>
 #include <algorithm>
 
@@ -27,12 +26,9 @@ bool IsWholePdf(const QString& path) {
 
 }  // namespace
 
-MapPrinter::MapPrinter() = default;
-MapPrinter::~MapPrinter() = default;
-
 QPrinter& MapPrinter::Printer() {
   if (!printer_) {
-    printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer_.emplace(QPrinter::HighResolution);
     printer_->setDocName("Morvane");
   }
   return *printer_;

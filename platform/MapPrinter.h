@@ -1,11 +1,11 @@
 #pragma once
 
-#include <memory>
+#include <QPrinter>
+#include <optional>
 
 #include "document/Platform.h"
 #include "document/picture/Picture.h"
 
-class QPrinter;
 class QWidget;
 
 namespace morvane {
@@ -13,11 +13,6 @@ namespace morvane {
 /// The printer of the program, kept from one print to the next.
 class MapPrinter {
  public:
-  MapPrinter();
-  MapPrinter(const MapPrinter&) = delete;
-  MapPrinter& operator=(const MapPrinter&) = delete;
-  ~MapPrinter();
-
   /// Prints one page with the picture at the top left of the printable area.
   Failure Print(const PictureView& picture);
 
@@ -27,7 +22,7 @@ class MapPrinter {
  private:
   QPrinter& Printer();
 
-  std::unique_ptr<QPrinter> printer_;  ///< made at the first use, as that asks the print system
+  std::optional<QPrinter> printer_;  ///< made at the first use, as that asks the print system
 };
 
 }  // namespace morvane

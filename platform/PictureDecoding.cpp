@@ -4,11 +4,11 @@
 #include <atomic>
 #include <future>
 #include <memory>
-#include <new>
 #include <system_error>
 #include <thread>
 #include <utility>
 
+#include "document/PictureFile.h"
 #include "platform/ForeignImage.h"
 #include "platform/Images.h"
 
@@ -16,80 +16,53 @@ namespace morvane {
 namespace {
 
 /// The number of running decoders, abandoned or not.
-std::atomic<int>& RunningDecoders() {
-  static std::atomic<int> count = 0;
-  return count;
+std::atomic<int> runningDecoders = 0;
+
+Result<Picture> Decode(const Bytes& content, const std::atomic<bool>& isCanceled,
+                       long long maxPixels) {
+  Result<ForeignImage> read = ReadForeignImage(content, isCanceled, maxPixels);
+  if (!read.Ok()) return Failed{read.Reason()};
+  const QImage& image = read.Value().image;
+  Picture picture(image.width(), image.height());
+  QImage onWhite = ImageOver(picture.Draw());
+  QPainter(&onWhite).drawImage(QRect(QPoint(0, 0), image.size()), image);
+  // Some decoders leave the fourth byte 0, which drawing copies.
+  MakeOpaque(picture.Draw());
+  return picture;
 }
-
-/// A picture that is decoded in another thread.
-class Decoding {
- public:
-  Decoding(Bytes content, long long maxPixels)
-      : content_(std::move(content)), mostPixels_(maxPixels) {}
-
-  std::future<Result<Picture>> Outcome() { return outcome_.get_future(); }
-  void Cancel() { isCanceled_ = true; }
-
-  void Run() {
-    Result<Picture> picture = DecodeWithinMemory();
-    --RunningDecoders();
-    outcome_.set_value(std::move(picture));
-  }
-
- private:
-  Result<Picture> DecodeWithinMemory() {
-    try {
-      return Decode();
-    } catch (const std::bad_alloc&) {
-      return Result<Picture>::Failed("There is not enough memory for this picture.");
-    }
-  }
-
-  Result<Picture> Decode() {
-    Result<ForeignImage> read = ReadForeignImage(content_, isCanceled_, mostPixels_);
-    if (!read.Ok()) return Result<Picture>::Failed(read.Reason());
-    const QImage& image = read.Value().image;
-    Picture picture(image.width(), image.height());
-    QImage onWhite = ImageOver(picture.Draw());
-    QPainter(&onWhite).drawImage(QRect(QPoint(0, 0), image.size()), image);
-    // Some decoders leave the fourth byte 0, which drawing copies.
-    MakeOpaque(picture.Draw());
-    return picture;
-  }
-
-  Bytes content_;
-  long long mostPixels_;
-  std::atomic<bool> isCanceled_ = false;
-  std::promise<Result<Picture>> outcome_;
-};
 
 }  // namespace
 
 Result<Picture> DecodeForeignPicture(Bytes content, DecodingLimits limits) {
-  if (IsStillDecoding()) {
-    return Result<Picture>::Failed("The decoder is still busy with an earlier picture.");
-  }
-  const auto decoding = std::make_shared<Decoding>(std::move(content), limits.pixels);
-  std::future<Result<Picture>> outcome = decoding->Outcome();
+  if (IsStillDecoding()) return Failed{"The decoder is still busy with an earlier picture."};
+  const auto isCanceled = std::make_shared<std::atomic<bool>>(false);
+  std::packaged_task<Result<Picture>()> decode(
+      [content = std::move(content), isCanceled, maxPixels = limits.pixels] {
+        return Decode(content, *isCanceled, maxPixels);
+      });
+  std::future<Result<Picture>> outcome = decode.get_future();
   std::thread thread;
-  ++RunningDecoders();
+  ++runningDecoders;
   try {
-    thread = std::thread([decoding] { decoding->Run(); });
+    thread = std::thread([decode = std::move(decode)]() mutable {
+      decode();
+      --runningDecoders;
+    });
   } catch (const std::system_error&) {
-    --RunningDecoders();
-    return Result<Picture>::Failed("There is not enough memory for this picture.");
+    --runningDecoders;
+    return Failed{kOutOfMemory};
   }
   if (outcome.wait_for(limits.time) == std::future_status::ready) {
     thread.join();
     return outcome.get();
   }
   thread.detach();
-  decoding->Cancel();
-  return Result<Picture>::Failed("The picture takes too long to decode.");
+  *isCanceled = true;
+  return Failed{"The picture takes too long to decode."};
 }
 
 bool IsStillDecoding() {
-  return RunningDecoders() > 0;
+  return runningDecoders > 0;
 }
 
 }  // namespace morvane

@@ -14,7 +14,8 @@ struct DecodingLimits {
 
 /// Decodes a picture of any format but BMP with Qt's decoders, turned upright and laid over white.
 /// One with more pixels than the limit is refused. The caller waits at most for the time limit.
-/// Then decoding is abandoned, and its thread ends as soon as the decoder reads more bytes.
+/// Then decoding is abandoned, and its thread ends as soon as the decoder reads more bytes. Throws
+/// std::bad_alloc if memory runs out.
 Result<Picture> DecodeForeignPicture(Bytes content, DecodingLimits limits = {});
 
 /// Whether an abandoned decoder is still running.

@@ -75,10 +75,9 @@ std::string FindProfileValue(const std::string& text, const std::string& section
 
 Result<std::string> WithProfileValue(const std::string& text, const std::string& section,
                                      const std::string& key, const std::string& value) {
-  using Changed = Result<std::string>;
   constexpr std::string_view kEnds("\r\n\0", 3);
   if (value.find_first_of(kEnds) != std::string::npos) {
-    return Changed::Failed("A setting can't hold a line break.");
+    return Failed{"A setting can't hold a line break."};
   }
   const bool plainBreaks =
       text.find('\n') != std::string::npos && text.find("\r\n") == std::string::npos;
@@ -88,7 +87,7 @@ Result<std::string> WithProfileValue(const std::string& text, const std::string&
   if (place.hasKey) {
     const std::size_t equals = text.find('=', place.begin);
     const std::size_t valueEnd = text[place.end - 1] == '\r' ? place.end - 1 : place.end;
-    return Changed(result.replace(equals + 1, valueEnd - equals - 1, Written(value)));
+    return result.replace(equals + 1, valueEnd - equals - 1, Written(value));
   }
   std::string added = key + "=" + Written(value) + lineBreak;
   std::size_t at = place.begin;
@@ -98,7 +97,7 @@ Result<std::string> WithProfileValue(const std::string& text, const std::string&
     if (!text.empty()) added.insert(0, lineBreak);
   }
   if (at > 0 && text[at - 1] != '\n') added.insert(0, lineBreak);
-  return Changed(result.insert(at, added));
+  return result.insert(at, added);
 }
 
 std::string CutText(std::string text, std::size_t most) {

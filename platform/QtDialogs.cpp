@@ -10,49 +10,37 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
+#include <QPluginLoader>
 #include <QTreeView>
 #include <algorithm>
 #include <climits>
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <system_error>
+#include <utility>
 
 #include "document/picture/Color.h"
-#include "platform/DesktopTheme.h"
 #include "platform/ScreenRoom.h"
 
 namespace morvane {
 namespace {
 
-QMessageBox::StandardButtons ButtonsOf(BoxStyle style) {
-  switch (style) {
-    case BoxStyle::YesNoCancelQuestion:
-      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
-    case BoxStyle::YesNoQuestion:
-    case BoxStyle::YesNoExclamation:
-      return QMessageBox::Yes | QMessageBox::No;
-    default:
-      return QMessageBox::Ok;
-  }
+/// Qt doesn't give the name of its platform theme. The portal's theme loads the desktop's as well,
+/// so both plugins may be loaded.
+bool IsThemeLoaded(const char* plugin) {
+  return QPluginLoader(plugin).isLoaded();
 }
 
-QMessageBox::Icon IconOf(BoxStyle style) {
-  switch (style) {
-    case BoxStyle::YesNoCancelQuestion:
-    case BoxStyle::YesNoQuestion:
-      return QMessageBox::Question;
-    case BoxStyle::OkExclamation:
-    case BoxStyle::YesNoExclamation:
-      return QMessageBox::Warning;
-    default:
-      return QMessageBox::NoIcon;
-  }
+/// Whether the desktop's file dialogs are those of its portal. They ignore the start folder, ask
+/// before a file is replaced, and never return if the portal's process ends.
+bool HasPortalDialogs() {
+  return IsThemeLoaded("platformthemes/libqxdgdesktopportal");
 }
 
-/// Qt gives access keys only to Yes and No.
-void AddAccessKeys(const QMessageBox& box) {
-  if (auto* ok = box.button(QMessageBox::Ok)) ok->setText("&OK");
-  if (auto* cancel = box.button(QMessageBox::Cancel)) cancel->setText("&Cancel");
+/// Whether the desktop's file dialogs are those of GTK.
+bool HasGtkDialogs() {
+  return IsThemeLoaded("platformthemes/libqgtk3") && !HasPortalDialogs();
 }
 
 QAbstractButton& AcceptButton(const QFileDialog& box) {
@@ -193,22 +181,28 @@ std::string SelectedPath(QFileDialog& box) {
 
 Answer ShowMessage(QWidget* owner, const std::string& text, BoxStyle style,
                    const std::string& title) {
-  QMessageBox box(IconOf(style), QString::fromStdString(title), QString::fromStdString(text),
-                  ButtonsOf(style), owner);
+  using Look = std::pair<QMessageBox::Icon, QMessageBox::StandardButtons>;
+  constexpr auto kYesNo = QMessageBox::Yes | QMessageBox::No;
+  static const std::map<BoxStyle, Look> kLooks = {
+      {BoxStyle::OkOnly, {QMessageBox::NoIcon, QMessageBox::Ok}},
+      {BoxStyle::YesNoCancelQuestion, {QMessageBox::Question, kYesNo | QMessageBox::Cancel}},
+      {BoxStyle::YesNoQuestion, {QMessageBox::Question, kYesNo}},
+      {BoxStyle::OkExclamation, {QMessageBox::Warning, QMessageBox::Ok}},
+      {BoxStyle::YesNoExclamation, {QMessageBox::Warning, kYesNo}},
+  };
+  static const std::map<int, Answer> kAnswers = {{QMessageBox::Yes, Answer::Yes},
+                                                 {QMessageBox::No, Answer::No},
+                                                 {QMessageBox::Ok, Answer::Ok},
+                                                 {QMessageBox::Cancel, Answer::Cancel}};
+  const auto& [icon, buttons] = kLooks.at(style);
+  QMessageBox box(icon, QString::fromStdString(title), QString::fromStdString(text), buttons,
+                  owner);
   box.setTextFormat(Qt::PlainText);
-  box.setDefaultButton(box.button(QMessageBox::Yes) != nullptr ? QMessageBox::Yes
-                                                               : QMessageBox::Ok);
-  AddAccessKeys(box);
-  switch (box.exec()) {
-    case QMessageBox::Yes:
-      return Answer::Yes;
-    case QMessageBox::No:
-      return Answer::No;
-    case QMessageBox::Ok:
-      return Answer::Ok;
-    default:
-      return Answer::Cancel;
-  }
+  box.setDefaultButton(buttons.testFlag(QMessageBox::Yes) ? QMessageBox::Yes : QMessageBox::Ok);
+  // Qt gives access keys only to Yes and No.
+  if (auto* ok = box.button(QMessageBox::Ok)) ok->setText("&OK");
+  if (auto* cancel = box.button(QMessageBox::Cancel)) cancel->setText("&Cancel");
+  return kAnswers.at(box.exec());
 }
 
 std::string AskForFile(QWidget* owner, const FileDialog& dialog, FileDialogMode mode,

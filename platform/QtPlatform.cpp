@@ -1,20 +1,12 @@
 #include "platform/QtPlatform.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QImageReader>
 #include <QStandardPaths>
 #include <filesystem>
 #include <utility>
 
-#include "document/io/ByteSources.h"
-#include "platform/Files.h"
-#include "platform/Folders.h"
-#include "platform/Leftovers.h"
-#include "platform/PictureDecoding.h"
 #include "platform/PrivateProfile.h"
-#include "platform/RescueNotes.h"
-#include "platform/TextDrawing.h"
 
 namespace morvane {
 namespace {
@@ -23,11 +15,11 @@ namespace {
 constexpr std::size_t kMaxTextBytes = 16'000'000;
 
 Result<std::string> ReadText(const std::string& path) {
-  Result<std::unique_ptr<ByteSource>> file = OpenRegularFile(path);
-  if (!file.Ok()) return Result<std::string>::Failed(file.Reason());
-  if (file.Value()->Size() > kMaxTextBytes) return Result<std::string>::Failed(kTooLargeFile);
+  OpenedFile file = OpenRegularFile(path);
+  if (!file.Ok()) return Failed{file.Reason()};
+  if (file.Value()->Size() > kMaxTextBytes) return Failed{kTooLargeFile};
   Result<Bytes> bytes = ReadAll(*file.Value());
-  if (!bytes.Ok()) return Result<std::string>::Failed(bytes.Reason());
+  if (!bytes.Ok()) return Failed{bytes.Reason()};
   return std::string(bytes.Value().begin(), bytes.Value().end());
 }
 
@@ -45,15 +37,6 @@ QtPlatform::QtPlatform() {
   QImageReader::setAllocationLimit(static_cast<int>(kMaxPixels * kMaxBytesPerPixel / kMegabyte));
 }
 
-void QtPlatform::SetWindow(QWidget* window, std::function<void()> showState) {
-  window_ = window;
-  showState_ = std::move(showState);
-}
-
-void QtPlatform::SetTextForm(std::function<bool(std::string& text)> showTextForm) {
-  showTextForm_ = std::move(showTextForm);
-}
-
 void QtPlatform::ShowState() {
   if (showState_) showState_();
 }
@@ -61,14 +44,6 @@ void QtPlatform::ShowState() {
 Answer QtPlatform::MsgBox(const std::string& text, BoxStyle style, const std::string& title) {
   ShowState();
   return ShowMessage(OwnerAbove(window_), text, style, title);
-}
-
-std::string QtPlatform::ShowOpen(const FileDialog& dialog) {
-  return ShowFileDialog(dialog, FileDialogMode::Open);
-}
-
-std::string QtPlatform::ShowSave(const FileDialog& dialog) {
-  return ShowFileDialog(dialog, FileDialogMode::Save);
 }
 
 std::string QtPlatform::ShowFileDialog(const FileDialog& dialog, FileDialogMode mode) {
@@ -79,42 +54,9 @@ std::string QtPlatform::ShowFileDialog(const FileDialog& dialog, FileDialogMode 
   return path;
 }
 
-std::string QtPlatform::CurrentDirectory() {
-  return QDir::currentPath().toStdString();
-}
-
 bool QtPlatform::FileExists(const std::string& path) {
   std::error_code error;
   return std::filesystem::is_regular_file(path, error);
-}
-
-bool QtPlatform::IsFolderReadable(const std::string& path) {
-  return IsReadableFolder(path);
-}
-
-Result<std::unique_ptr<ByteSource>> QtPlatform::OpenFile(const std::string& path) {
-  return OpenRegularFile(path);
-}
-
-Failure QtPlatform::WriteFile(const std::string& path, ByteSource& content) {
-  return ReplaceFile(path, content);
-}
-
-NewFileOutcome QtPlatform::WriteNewFile(const std::string& path, ByteSource& content) {
-  return morvane::WriteNewFile(path, content);
-}
-
-std::vector<std::string> QtPlatform::ListFolders(const std::string& folder) {
-  return FoldersIn(folder);
-}
-
-std::vector<std::string> QtPlatform::ListDrives() {
-  return MountedVolumes();
-}
-
-std::vector<std::string> QtPlatform::ListFiles(const std::string& folder,
-                                               const std::string& pattern) {
-  return MatchingFiles(folder, pattern);
 }
 
 std::vector<std::string> QtPlatform::RescueFolders() {
@@ -125,18 +67,6 @@ std::vector<std::string> QtPlatform::RescueFolders() {
     if (!folder.isEmpty()) folders.push_back(folder.toStdString());
   }
   return folders;
-}
-
-void QtPlatform::NoteRescueCopy(const std::string& path) {
-  WriteRescueNote(path);
-}
-
-std::vector<std::string> QtPlatform::RescueNotes() {
-  return ReadRescueNotes();
-}
-
-void QtPlatform::DeleteRescueNotes(const std::vector<std::string>& paths) {
-  morvane::DeleteRescueNotes(paths);
 }
 
 std::string QtPlatform::GetPrivateProfileString(const std::string& section, const std::string& key,
@@ -164,41 +94,9 @@ Failure QtPlatform::WritePrivateProfileString(const std::string& section, const 
   return ReplaceFile(path, content);
 }
 
-Failure QtPlatform::WriteSnapshot(ByteSource& content) {
-  return snapshot_.Write(content);
-}
-
-Result<std::unique_ptr<ByteSource>> QtPlatform::OpenSnapshot() {
-  return snapshot_.Read();
-}
-
-bool QtPlatform::IsSnapshotUntouched() {
-  return snapshot_.IsUntouched();
-}
-
-void QtPlatform::DeleteSnapshot() {
-  snapshot_.Delete();
-}
-
-std::vector<std::unique_ptr<Leftover>> QtPlatform::FindLeftovers() {
-  return LeftoverSnapshots();
-}
-
-Result<Picture> QtPlatform::DecodePicture(Bytes content) {
-  return DecodeForeignPicture(std::move(content));
-}
-
 bool QtPlatform::EditText(std::string& text) {
   ShowState();
   return showTextForm_ && showTextForm_(text);
-}
-
-void QtPlatform::DrawText(const std::string& text, Picture& picture) {
-  DrawRichText(text, picture);
-}
-
-Failure QtPlatform::Print(const PictureView& picture) {
-  return printer_.Print(picture);
 }
 
 void QtPlatform::ShowPrinterSetup(const std::string& title) {

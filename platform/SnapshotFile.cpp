@@ -21,25 +21,6 @@ bool IsHeldByOthers(int file) {
   return flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
 }
 
-/// An open file that somebody else owns.
-class HeldFile : public ByteSource {
- public:
-  HeldFile(int file, std::size_t size, std::string path)
-      : file_(file), size_(size), path_(std::move(path)) {}
-
-  std::size_t Size() const override { return size_; }
-
-  Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override {
-    const Failure failure = morvane::ReadAt(file_, place, buffer);
-    return failure.empty() ? failure : path_ + ": " + failure;
-  }
-
- private:
-  int file_;
-  std::size_t size_;
-  std::string path_;
-};
-
 }  // namespace
 
 Failure SnapshotFile::Write(ByteSource& content) {
@@ -69,10 +50,10 @@ bool SnapshotFile::WriteToPrivateFolder(ByteSource& content) {
   return false;
 }
 
-Result<std::unique_ptr<ByteSource>> SnapshotFile::Read() const {
-  using Opened = Result<std::unique_ptr<ByteSource>>;
-  if (size_ == 0) return Opened::Failed("No earlier state of the map was kept.");
-  return Opened(std::make_unique<HeldFile>(place_.File(), size_, place_.Path()));
+OpenedFile SnapshotFile::Read() const {
+  if (size_ == 0) return Failed{"No earlier state of the map was kept."};
+  Descriptor file(fcntl(place_.File(), F_DUPFD_CLOEXEC, 0));
+  return OpenedFile(std::make_unique<FileSource>(std::move(file), size_, place_.Path() + ": "));
 }
 
 bool SnapshotFile::IsUntouched() const {

@@ -24,7 +24,7 @@ class SnapshotFile {
  public:
   Failure Write(ByteSource& content);
   /// The snapshot, to be read before the next one is written.
-  Result<std::unique_ptr<ByteSource>> Read() const;
+  OpenedFile Read() const;
   /// Whether the file is unmodified since it was written.
   bool IsUntouched() const;
   void Delete();

@@ -70,6 +70,11 @@ Failure ReadAt(int file, std::size_t place, std::span<std::uint8_t> buffer) {
   return {};
 }
 
+Failure FileSource::ReadAt(std::size_t place, std::span<std::uint8_t> buffer) {
+  Failure failure = morvane::ReadAt(file_.Number(), place, buffer);
+  return failure.empty() ? failure : prefix_ + failure;
+}
+
 bool WriteAt(int file, std::size_t place, std::span<const std::uint8_t> bytes) {
   while (!bytes.empty()) {
     const ssize_t written = pwrite(file, bytes.data(), bytes.size(), static_cast<off_t>(place));

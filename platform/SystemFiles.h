@@ -31,6 +31,22 @@ class Descriptor {
   int number_ = -1;
 };
 
+/// The content of an open file.
+class FileSource : public ByteSource {
+ public:
+  /// What failed begins with the prefix.
+  FileSource(Descriptor file, std::size_t size, std::string prefix = {})
+      : file_(std::move(file)), size_(size), prefix_(std::move(prefix)) {}
+
+  std::size_t Size() const override { return size_; }
+  Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override;
+
+ private:
+  Descriptor file_;
+  std::size_t size_;
+  std::string prefix_;
+};
+
 /// Whether a file is a regular file of this user with one name, and so not planted or linked by
 /// others.
 bool IsOurs(const struct stat& file);

@@ -91,7 +91,7 @@ Thumbnail ReadForeignThumbnail(ByteSource& file, int zoom, const std::atomic<boo
 
 Thumbnail ReadThumbnail(const std::string& path, int zoom, const std::atomic<bool>& isCanceled) {
   try {
-    Result<std::unique_ptr<ByteSource>> opened = OpenRegularFile(path);
+    OpenedFile opened = OpenRegularFile(path);
     if (!opened.Ok()) return {};
     StoppableFile file(*opened.Value(), isCanceled);
     if (!IsBmp(file)) return ReadForeignThumbnail(file, zoom, isCanceled);

@@ -1,5 +1,6 @@
 #include "shell/CanvasView.h"
 
+#include <QHash>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -15,12 +16,9 @@ namespace {
 constexpr QColor kOutlineColor(0, 106, 236);
 constexpr int kOutlineWidth = 2;
 
+/// Qt uses the same numbers.
 int ButtonMask(Qt::MouseButtons buttons) {
-  int mask = 0;
-  if (buttons.testFlag(Qt::LeftButton)) mask |= kLeftButton;
-  if (buttons.testFlag(Qt::RightButton)) mask |= kRightButton;
-  if (buttons.testFlag(Qt::MiddleButton)) mask |= kMiddleButton;
-  return mask;
+  return buttons.toInt() & (kLeftButton | kRightButton | kMiddleButton);
 }
 
 /// On high-DPI displays a position may have a fraction, so it is rounded down.
@@ -37,24 +35,12 @@ int ModifierMask(Qt::KeyboardModifiers modifiers) {
 }
 
 int KeyNumber(int key) {
-  switch (key) {
-    case Qt::Key_Escape:
-      return kKeyEscape;
-    case Qt::Key_Left:
-      return kKeyLeft;
-    case Qt::Key_Up:
-      return kKeyUp;
-    case Qt::Key_Right:
-      return kKeyRight;
-    case Qt::Key_Down:
-      return kKeyDown;
-    case Qt::Key_M:
-      return kKeyM;
-    case Qt::Key_F11:
-      return kKeyF11;
-    default:
-      return 0;
-  }
+  static const QHash<int, int> kNumbers = {
+      {Qt::Key_Escape, kKeyEscape}, {Qt::Key_Left, kKeyLeft}, {Qt::Key_Up, kKeyUp},
+      {Qt::Key_Right, kKeyRight},   {Qt::Key_Down, kKeyDown}, {Qt::Key_M, kKeyM},
+      {Qt::Key_F11, kKeyF11},
+  };
+  return kNumbers.value(key);
 }
 
 }  // namespace
@@ -82,7 +68,8 @@ void CanvasView::paintEvent(QPaintEvent* event) {
   PictureBoxView::paintEvent(event);
   QPainter painter(this);
   for (const QRect& bar : OutlineRegion() & event->region()) painter.fillRect(bar, kOutlineColor);
-  if (!contentsRect().contains(event->rect()) && ShowsFocus()) {
+  const bool showsFocus = hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange);
+  if (showsFocus && !contentsRect().contains(event->rect())) {
     painter.setClipRegion(QRegion(rect()) - contentsRect());
     painter.fillRect(rect(), palette().color(QPalette::Highlight));
   }
@@ -115,10 +102,6 @@ void CanvasView::keyPressEvent(QKeyEvent* event) {
   bool handled = false;
   emit KeyPressed(KeyNumber(event->key()), ModifierMask(event->modifiers()), handled);
   if (!handled) PictureBoxView::keyPressEvent(event);
-}
-
-bool CanvasView::ShowsFocus() const {
-  return hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange);
 }
 
 QRegion CanvasView::OutlineRegion() const {

@@ -31,8 +31,6 @@ class CanvasView : public PictureBoxView {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  /// Whether the border shows that the map has the keyboard focus.
-  bool ShowsFocus() const;
   /// The visible outline in pixels of the widget; empty if it is hidden.
   QRegion OutlineRegion() const;
 

@@ -14,7 +14,7 @@ constexpr QLine LineOf(int x1, int y1, int x2, int y2) {
 }
 
 constexpr std::array<QLine, 6> kLines = {
-    LineOf(60, 480, 2400, 480),    LineOf(2415, 1200, 60, 1200),   LineOf(2400, 2325, 60, 2325),
+    LineOf(60, 480, 2400, 480),    LineOf(60, 1200, 2415, 1200),   LineOf(60, 2325, 2400, 2325),
     LineOf(1200, 480, 1200, 1200), LineOf(1800, 1200, 1800, 2325), LineOf(720, 1200, 720, 2325),
 };
 

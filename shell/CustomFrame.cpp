@@ -44,15 +44,17 @@ class IndentDelegate : public QStyledItemDelegate {
 CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
     : GroupFrame("Custom Tiles", window),
       palette_(palette),
-      drive_(new QComboBox(this)),
-      dimensions_(new FittedLabel(Px(855), this)),
-      folders_(new QListWidget(this)),
-      files_(new QListWidget(this)),
+      drive_(Placed(new QComboBox(this), "Drive1", PlaceOf(120, 240, 1095, 315))),
+      dimensions_(Placed(new FittedLabel(Px(855), this), "Label5", PlaceOf(1320, 300, 855, 255))),
+      folders_(Placed(new QListWidget(this), "Dir1", PlaceOf(120, 600, 2055, 1215))),
+      files_(Placed(new QListWidget(this), "File1", PlaceOf(120, 1800, 2055, 2820))),
       fileRows_(new FileRows(files_)) {
-  setObjectName("Frame5");
   setFont(ArialFont(kSmallText));
-  setGeometry(PlaceOf(120, 2880, 2295, 4815));
-  drive_->setObjectName("Drive1");
+  Placed(this, "Frame5", PlaceOf(120, 2880, 2295, 4815));
+  for (QListWidget* list : {folders_, files_}) {
+    list->setUniformItemSizes(true);
+    list->installEventFilter(this);
+  }
   drive_->setAccessibleName("Drive");
   AnnounceEntry(drive_);
   // Qt takes the accessible name of a drop-down list only from its label. There is no room for a
@@ -60,23 +62,13 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   auto* label = new QLabel("Drive", this);
   label->setBuddy(drive_);
   label->hide();
-  drive_->setGeometry(PlaceOf(120, 240, 1095, 315));
-  dimensions_->setObjectName("Label5");
-  dimensions_->setGeometry(PlaceOf(1320, 300, 855, 255));
   dimensions_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-  folders_->setObjectName("Dir1");
   folders_->setAccessibleName("Folder");
-  folders_->setGeometry(PlaceOf(120, 600, 2055, 1215));
-  files_->setObjectName("File1");
   files_->setAccessibleName("Custom tile pictures");
-  files_->setGeometry(PlaceOf(120, 1800, 2055, 2820));
-  files_->setUniformItemSizes(true);
   files_->setItemDelegate(fileRows_);
 
-  folders_->setUniformItemSizes(true);
   // There are only four rows and no room for a scroll bar: tool tips show elided names.
   folders_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  for (QWidget* list : {folders_, files_}) list->installEventFilter(this);
   folders_->setIconSize({16, 16});
   folders_->setItemDelegate(new IndentDelegate(folders_));
 

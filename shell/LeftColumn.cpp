@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QToolButton>
+#include <array>
 
 #include "shell/ArtSheets.h"
 #include "shell/PictureBoxView.h"
@@ -15,36 +16,21 @@
 namespace morvane {
 namespace {
 
-void SetUpLabel(QLabel* label, const char* name, const QRect& place, const QFont& font) {
-  label->setObjectName(name);
-  label->setGeometry(place);
+template <typename Label>
+Label* SetUp(Label* label, const char* name, const QRect& place, const QFont& font) {
   label->setFont(font);
   label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   label->setTextFormat(Qt::PlainText);
+  return Placed(label, name, place);
 }
 
-QLabel* AddLabel(QWidget* window, const char* name, const char* text, const QRect& place,
-                 const QFont& font) {
-  auto* label = new QLabel(text, window);
-  SetUpLabel(label, name, place, font);
-  return label;
-}
-
+/// Caption and picture of the mode button.
 struct ModeLook {
   const char* caption;
   const char* face;
 };
-
-ModeLook LookOf(Mode mode) {
-  switch (mode) {
-    case Mode::Wall:
-      return {"Wall", "mode-wall"};
-    case Mode::Door:
-      return {"Door", "mode-door"};
-    default:
-      return {"Tile", "mode-tile"};
-  }
-}
+constexpr std::array<ModeLook, 3> kModeLooks = {
+    {{"Tile", "mode-tile"}, {"Wall", "mode-wall"}, {"Door", "mode-door"}}};
 
 }  // namespace
 
@@ -59,13 +45,14 @@ void LeftColumn::AddModeBox(QWidget* window) {
   wallButton_->setAccessibleDescription("Tile");
   const QFont heading = ArialFont(kLabelText, true);
   const QFont text = ArialFont(kSmallText);
-  AddLabel(window, "Label4", "Mode:", PlaceOf(630, 600, 615, 255), heading)->setBuddy(wallButton_);
-  mode_ = AddLabel(window, "lbMode", "Tile", PlaceOf(630, 840, 495, 255), text);
+  SetUp(new QLabel("Mode:", window), "Label4", PlaceOf(630, 600, 615, 255), heading)
+      ->setBuddy(wallButton_);
+  mode_ = SetUp(new QLabel("Tile", window), "lbMode", PlaceOf(630, 840, 495, 255), text);
   auto* selected =
-      AddLabel(window, "Label1", "Selected Tile:", PlaceOf(1290, 600, 1335, 255), heading);
+      SetUp(new QLabel("Selected Tile:", window), "Label1", PlaceOf(1290, 600, 1335, 255), heading);
   // The map covers the right end of this label.
-  tile_ = new FittedLabel(Px(2520) - Px(1290) - 2, window);
-  SetUpLabel(tile_, "Label2", PlaceOf(1290, 840, 1770, 255), text);
+  tile_ = SetUp(new FittedLabel(Px(2520) - Px(1290) - 2, window), "Label2",
+                PlaceOf(1290, 840, 1770, 255), text);
   selected->setBuddy(tile_);
 }
 
@@ -85,15 +72,14 @@ void LeftColumn::AddTileSetRow(QWidget* window) {
   constexpr int kGap = 2;  // to the selector, which covers the right end of the label
   const QFont heading =
       FittedFont(ArialFont(kLabelText, true), "Tileset:", Px(750) - Px(120) - kGap);
-  auto* label = AddLabel(window, "Label3", "Tileset:", PlaceOf(120, 2475, 735, 255), heading);
+  auto* label =
+      SetUp(new QLabel("Tileset:", window), "Label3", PlaceOf(120, 2475, 735, 255), heading);
   label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  tileSet_ = new WholeEntryCombo(window);
+  tileSet_ = Placed(new WholeEntryCombo(window), "TileSetSelector", PlaceOf(750, 2445, 1650, 330));
   label->setBuddy(tileSet_);
   tileSet_->setAccessibleName("Tileset");
   AnnounceEntry(tileSet_);
-  tileSet_->setObjectName("TileSetSelector");
   tileSet_->setFont(ArialFont(kSmallText));
-  tileSet_->setGeometry(PlaceOf(750, 2445, 1650, 330));
   for (const TileSet& set : TileSets()) tileSet_->addItem(TextOf(set.caption));
   tileSet_->addItem("Custom");
   connect(tileSet_, &QComboBox::activated, this, &LeftColumn::TileSetChosen);
@@ -101,13 +87,11 @@ void LeftColumn::AddTileSetRow(QWidget* window) {
 
 QToolButton* LeftColumn::AddButton(QWidget* window, const char* name, const char* toolTip,
                                    const char* icon, const QPoint& corner) {
-  auto* button = new QToolButton(window);
-  button->setObjectName(name);
+  auto* button = Placed(new QToolButton(window), name, {corner, QSize(Px(420), Px(405))});
   button->setToolTip(toolTip);
   button->setAccessibleName(toolTip);
   button->setIcon(LoadIcon(icon));
   button->setIconSize({24, 24});
-  button->setGeometry(QRect(corner, QSize(Px(420), Px(405))));
   button->setFocusPolicy(Qt::StrongFocus);
   connect(button, &QToolButton::clicked, this, [this, name] { emit ButtonClicked(name); });
   buttons_.push_back(button);
@@ -120,7 +104,7 @@ void LeftColumn::AddStops(TabRing& ring) const {
 }
 
 void LeftColumn::ShowState() {
-  const ModeLook look = LookOf(palette_.CurrentMode());
+  const ModeLook& look = kModeLooks[static_cast<std::size_t>(palette_.CurrentMode())];
   if (mode_->text() != look.caption) {
     mode_->setText(look.caption);
     wallButton_->setIcon(LoadIcon(look.face));

@@ -91,7 +91,7 @@ int RunMorvane(int argc, char** argv) {
   // failing to save.
   std::signal(SIGXFSZ, SIG_IGN);
   qInstallMessageHandler(&TakeMessage);
-  JpegWarnings::Install();
+  WatchJpegWarnings();
   QLoggingCategory::setFilterRules("qt.gui.imageio*.warning=false\nqt.qpa.theme.*.warning=false");
   UseWholeScaleFactors();
   QApplication application(argc, argv);

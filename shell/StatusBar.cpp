@@ -15,9 +15,12 @@ StatusBar::StatusBar(QWidget* parent) : QFrame(parent), line_(new QLabel(this)) 
   setFont(ArialFont(kSmallText));
   line_->setObjectName("SimpleText");
   line_->setTextFormat(Qt::PlainText);
-  AddPanel("Status", "Status");
-  AddPanel("Date", {});
-  AddPanel("Time", {});
+  for (const char* key : {"Status", "Date", "Time"}) {
+    auto* panel = new QLabel(this);
+    panel->setObjectName(key);
+    panel->hide();
+  }
+  findChild<QLabel*>("Status")->setText("Status");
 }
 
 void StatusBar::SetSimpleText(const QString& text) {
@@ -36,12 +39,6 @@ void StatusBar::resizeEvent(QResizeEvent* /*event*/) {
 void StatusBar::ShowToolTip() {
   const bool isCut = line_->sizeHint().width() > line_->width();
   line_->setToolTip(isCut ? ToolTipOf(line_->text()) : QString());
-}
-
-void StatusBar::AddPanel(const char* key, const QString& text) {
-  auto* panel = new QLabel(text, this);
-  panel->setObjectName(key);
-  panel->hide();
 }
 
 }  // namespace morvane

@@ -23,7 +23,6 @@ class StatusBar : public QFrame {
  private:
   /// Shows a text that is too long for the bar as its tool tip.
   void ShowToolTip();
-  void AddPanel(const char* key, const QString& text);
 
   QLabel* line_;
 };

@@ -50,15 +50,11 @@ double HeightOf(const QTextCharFormat& format) {
                    double(format.intProperty(QTextFormat::FontPixelSize))});
 }
 
-QString FontKey(const QTextCharFormat& format) {
-  QString key;
-  for (const QTextFormat::Property property : kFontProperties) {
-    const QVariant value = format.property(property);
-    key += (property == QTextFormat::FontFamilies ? value.toStringList().join(',')
-                                                  : value.toString()) +
-           ';';
-  }
-  return key;
+/// A format with nothing but the font of another one.
+QTextCharFormat FontOf(const QTextCharFormat& format) {
+  QTextCharFormat font;
+  for (const QTextFormat::Property property : kFontProperties) CopyProperty(property, format, font);
+  return font;
 }
 
 }  // namespace
@@ -70,7 +66,7 @@ TextLimits::TextLimits(const QTextDocument& document)
       const QTextCharFormat format = part.fragment().charFormat();
       height_ -= part.fragment().length() * HeightOf(format);
       ++runs_;
-      fonts_.insert(FontKey(format));
+      if (!fonts_.contains(FontOf(format))) fonts_.append(FontOf(format));
     }
   }
 }
@@ -86,13 +82,15 @@ QString TextLimits::Take(const QString& text, const QTextCharFormat& format) {
 }
 
 QTextCharFormat TextLimits::Fit(const QTextCharFormat& pasted) {
-  QTextCharFormat kept;
-  if (++runs_ > kMaxRuns) return kept;
-  for (const QTextFormat::Property property : kFontProperties) {
-    CopyProperty(property, pasted, kept);
-  }
+  if (++runs_ > kMaxRuns) return {};
+  QTextCharFormat kept = FontOf(pasted);
   LimitSize(kept);
-  if (!HasFont(kept)) kept = QTextCharFormat();
+  const bool isNew = !fonts_.contains(kept);
+  if (isNew && fonts_.size() >= kMaxFonts) {
+    kept = QTextCharFormat();
+  } else if (isNew) {
+    fonts_.append(kept);
+  }
   CopyProperty(QTextFormat::FontStrikeOut, pasted, kept);
   CopyProperty(QTextFormat::TextUnderlineStyle, pasted, kept);
   if (pasted.hasProperty(QTextFormat::ForegroundBrush)) {
@@ -105,13 +103,6 @@ QTextCharFormat TextLimits::Fit(const QTextCharFormat& pasted) {
 
 double TextLimits::FittingPointSize(double points, const QTextDocument& document) {
   return LimitedPoints(points, kMaxTotalSize / document.characterCount());
-}
-
-bool TextLimits::HasFont(const QTextCharFormat& format) {
-  const QString key = FontKey(format);
-  if (!fonts_.contains(key) && fonts_.size() >= kMaxFonts) return false;
-  fonts_.insert(key);
-  return true;
 }
 
 }  // namespace morvane

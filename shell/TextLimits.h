@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QSet>
+#include <QList>
 #include <QTextCharFormat>
 
 #include "platform/TextDrawing.h"
@@ -30,11 +30,10 @@ class TextLimits {
 
  private:
   qsizetype FittingLength(const QTextCharFormat& format) const;
-  bool HasFont(const QTextCharFormat& format);
 
   double height_;
   int runs_ = 0;
-  QSet<QString> fonts_;
+  QList<QTextCharFormat> fonts_;
 };
 
 }  // namespace morvane

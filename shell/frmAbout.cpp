@@ -5,7 +5,6 @@
 #include <QPainter>
 #include <QPushButton>
 
-#include "document/About.h"
 #include "shell/ArtSheets.h"
 #include "shell/widgets/Layout.h"
 #include "shell/widgets/SharpLines.h"
@@ -42,17 +41,14 @@ frmAbout::frmAbout(Platform& platform, QWidget* owner)
       "Made by people who like dungeons.\nNo warranty for what lurks in them.\n"
       "Version " MORVANE_VERSION ", free under the MIT licence.",
       this);
-  notice->setObjectName("lblDisclaimer");
-  notice->setGeometry(PlaceOf(180, 2520, 4185, 825));
+  Placed(notice, "lblDisclaimer", PlaceOf(180, 2520, 4185, 825));
   notice->setFont(ArialFont(kSmallText));
   notice->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   QPalette blackOnWhite = notice->palette();
   blackOnWhite.setColor(QPalette::WindowText, Qt::black);
   notice->setPalette(blackOnWhite);
 
-  auto* cmdOK = new QPushButton("OK", this);
-  cmdOK->setObjectName("cmdOK");
-  cmdOK->setGeometry(PlaceOf(4485, 3000, 1230, 345));
+  auto* cmdOK = Placed(new QPushButton("OK", this), "cmdOK", PlaceOf(4485, 3000, 1230, 345));
   cmdOK->setFont(ArialFont(kSmallText));
   cmdOK->setDefault(true);
   cmdOK->setFocus();
@@ -60,19 +56,17 @@ frmAbout::frmAbout(Platform& platform, QWidget* owner)
 }
 
 void frmAbout::AddPictures(Platform& platform) {
-  auto* picIcon = new QLabel(this);
-  picIcon->setObjectName("picIcon");
+  auto* picIcon = Placed(new QLabel(this), "picIcon", PlaceOf(40, 20, 5745, 2310));
   picIcon->setAccessibleName("A map maker's table, with the name Morvane");
   picIcon->setPixmap(LoadPhoto("about", devicePixelRatioF()));
-  picIcon->setGeometry(Px(40), Px(20), Px(5745), Px(2310));
 
-  auto* secret = new SecretTile(picIcon);
-  secret->setObjectName("Picture1");
+  auto* secret = Placed(new SecretTile(picIcon), "Picture1", PlaceOf(5145, 1710, 300, 300));
   secret->setAccessibleName("A flagstone");
   secret->setIcon(LoadIcon("secret"));
-  secret->setGeometry(PlaceOf(5145, 1710, 300, 300));
   secret->setFocusPolicy(Qt::TabFocus);
-  connect(secret, &QAbstractButton::clicked, this, [&platform] { SecretTile_Click(platform); });
+  connect(secret, &QAbstractButton::clicked, this, [&platform] {
+    platform.MsgBox("You found the secret tile!!", BoxStyle::OkOnly, kProgramName);
+  });
 }
 
 void frmAbout::paintEvent(QPaintEvent* /*event*/) {

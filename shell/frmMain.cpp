@@ -42,21 +42,14 @@
 namespace morvane {
 namespace {
 
-Qt::CursorShape ShapeOf(Pointer pointer) {
-  switch (pointer) {
-    case Pointer::Cross:
-      return Qt::CrossCursor;
-    case Pointer::IBeam:
-      return Qt::IBeamCursor;
-    case Pointer::Hourglass:
-      return Qt::WaitCursor;
-    default:
-      return Qt::ArrowCursor;
-  }
-}
-
 void ShowPointer(QWidget* widget, Pointer pointer) {
-  const Qt::CursorShape shape = ShapeOf(pointer);
+  static const std::map<Pointer, Qt::CursorShape> kShapes = {
+      {Pointer::Standard, Qt::ArrowCursor},
+      {Pointer::Cross, Qt::CrossCursor},
+      {Pointer::IBeam, Qt::IBeamCursor},
+      {Pointer::Hourglass, Qt::WaitCursor},
+  };
+  const Qt::CursorShape shape = kShapes.at(pointer);
   if (widget->cursor().shape() != shape) widget->setCursor(shape);
 }
 

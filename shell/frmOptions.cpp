@@ -16,13 +16,6 @@
 namespace morvane {
 namespace {
 
-template <typename Control>
-Control* Placed(Control* control, const char* name, const QRect& place) {
-  control->setObjectName(name);
-  control->setGeometry(place);
-  return control;
-}
-
 /// A label that acts on a click like its field.
 class FieldLabel : public QLabel {
  public:
@@ -94,29 +87,21 @@ frmOptions::frmOptions(Document& document, QWidget* owner)
   options_.Form_Load();
   AddFolders();
   AddColors();
-  auto* cmdOK = AddButton(this, "cmdOK", "OK", PlaceOf(3690, 3015, 1095, 375));
-  connect(cmdOK, &QPushButton::clicked, this, [this] {
+  AddButton(this, "cmdOK", "OK", PlaceOf(3690, 3015, 1095, 375), [this] {
     options_.GridCheck = GridCheck_->isChecked() ? 1 : 0;
     if (options_.cmdOK_Click()) accept();
   });
-  auto* cmdCancel = AddButton(this, "cmdCancel", "Cancel", PlaceOf(4920, 3015, 1095, 375));
-  connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+  AddButton(this, "cmdCancel", "Cancel", PlaceOf(4920, 3015, 1095, 375), [this] { reject(); });
   GridCheck_->setChecked(options_.GridCheck == 1);
   ShowState();
 }
 
 QPushButton* frmOptions::AddButton(QWidget* parent, const char* name, const char* text,
-                                   const QRect& place) {
+                                   const QRect& place, const std::function<void()>& click) {
   auto* button = Placed(new QPushButton(text, parent), name, place);
   button->setAutoDefault(false);
-  return button;
-}
-
-QPushButton* frmOptions::AddButton(QWidget* parent, const char* name, const char* text,
-                                   const QRect& place, void (Options::*click)()) {
-  auto* button = AddButton(parent, name, text, place);
   connect(button, &QPushButton::clicked, this, [this, click] {
-    (options_.*click)();
+    click();
     ShowState();
   });
   return button;
@@ -126,13 +111,13 @@ void frmOptions::AddFolders() {
   auto* frame =
       Placed(new GroupFrame("File Locations ", this), "Frame1", PlaceOf(120, 120, 5895, 1215));
   TextMapDir_ = AddField(frame, "TextMapDir", PlaceOf(1440, 360, 3975, 285));
-  AddButton(frame, "ButtonMapDir", "...", PlaceOf(5520, 360, 255, 255),
-            &Options::ButtonMapDir_Click)
-      ->setAccessibleName("Choose the map directory");
+  AddButton(frame, "ButtonMapDir", "...", PlaceOf(5520, 360, 255, 255), [this] {
+    options_.ButtonMapDir_Click();
+  })->setAccessibleName("Choose the map directory");
   TextCustomDir_ = AddField(frame, "TextCustomDir", PlaceOf(1440, 720, 3975, 285));
-  AddButton(frame, "ButtonCustomDir", "...", PlaceOf(5520, 720, 255, 255),
-            &Options::ButtonCustomDir_Click)
-      ->setAccessibleName("Choose the custom directory");
+  AddButton(frame, "ButtonCustomDir", "...", PlaceOf(5520, 720, 255, 255), [this] {
+    options_.ButtonCustomDir_Click();
+  })->setAccessibleName("Choose the custom directory");
   AddLabel(frame, "Label1", "Map Directory:", PlaceOf(120, 360, 1695, 255), TextMapDir_);
   AddLabel(frame, "Label2", "Custom Directory:", PlaceOf(120, 720, 1935, 255), TextCustomDir_);
 }
@@ -142,10 +127,11 @@ void frmOptions::AddColors() {
       Placed(new GroupFrame("New Map Options ", this), "Frame2", PlaceOf(120, 1440, 5895, 1455));
   ColorBox_ = AddColorBox(frame, "ColorBox", "Background color", PlaceOf(1560, 360, 375, 375));
   PaletteButton_ = AddButton(frame, "PaletteButton", "Palette...", PlaceOf(2040, 360, 1095, 375),
-                             &Options::PaletteButton_Click);
+                             [this] { options_.PaletteButton_Click(); });
   GridColorBox_ = AddColorBox(frame, "GridColorBox", "Grid color", PlaceOf(1560, 840, 375, 375));
-  GridPaletteButton_ = AddButton(frame, "GridPaletteButton", "Palette...",
-                                 PlaceOf(2040, 840, 1095, 375), &Options::GridPaletteButton_Click);
+  GridPaletteButton_ =
+      AddButton(frame, "GridPaletteButton", "Palette...", PlaceOf(2040, 840, 1095, 375),
+                [this] { options_.GridPaletteButton_Click(); });
   GridCheck_ = Placed(new QCheckBox(frame), "GridCheck", PlaceOf(4080, 960, 255, 255));
   GridCheck_->setAccessibleName("Gridlines");
   AddLabel(frame, "Label3", "Background Color:", PlaceOf(120, 480, 1575, 255), PaletteButton_);

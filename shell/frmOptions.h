@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "document/Options.h"
 #include "shell/widgets/FixedDialog.h"
 
@@ -19,11 +21,9 @@ class frmOptions : public FixedDialog {
  private:
   void AddFolders();
   void AddColors();
-  static QPushButton* AddButton(QWidget* parent, const char* name, const char* text,
-                                const QRect& place);
-  /// A button that runs an event of the options.
+  /// A button that calls a function, after which the fields are updated.
   QPushButton* AddButton(QWidget* parent, const char* name, const char* text, const QRect& place,
-                         void (Options::*click)());
+                         const std::function<void()>& click);
   void ShowState();
 
   Options options_;

@@ -8,33 +8,18 @@
 #include "shell/widgets/Layout.h"
 
 namespace morvane {
-namespace {
-
-constexpr double kFirstPointSize = 9.75;
-
-QFont FirstFont() {
-  QFont font("Arial");
-  font.setPointSizeF(kFirstPointSize);
-  return font;
-}
-
-}  // namespace
-
 frmText::frmText(const std::string& text, QWidget* owner)
     : FixedDialog("frmText", "Insert Text", {Px(4680), Px(1650)}, owner),
-      RichTextBox1_(new RichTextBox(this)) {
-  RichTextBox1_->setObjectName("RichTextBox1");
+      RichTextBox1_(Placed(new RichTextBox(this), "RichTextBox1", PlaceOf(0, 0, 4695, 1095))) {
   RichTextBox1_->setAccessibleName("Text");
-  RichTextBox1_->setGeometry(PlaceOf(0, 0, 4695, 1095));
-  RichTextBox1_->document()->setDefaultFont(FirstFont());
+  QFont font("Arial");
+  font.setPointSizeF(9.75);
+  RichTextBox1_->document()->setDefaultFont(font);
   RichTextBox1_->setHtml(QString::fromStdString(text));
 
-  auto* cmdOK = new QPushButton("OK", this);
-  cmdOK->setObjectName("cmdOK");
-  cmdOK->setGeometry(PlaceOf(3600, 1200, 975, 375));
-  auto* cmdFont = new QPushButton("Font...", this);
-  cmdFont->setObjectName("cmdFont");
-  cmdFont->setGeometry(PlaceOf(2520, 1200, 975, 375));
+  auto* cmdOK = Placed(new QPushButton("OK", this), "cmdOK", PlaceOf(3600, 1200, 975, 375));
+  auto* cmdFont =
+      Placed(new QPushButton("Font...", this), "cmdFont", PlaceOf(2520, 1200, 975, 375));
   for (QPushButton* button : {cmdOK, cmdFont}) {
     button->setFont(ArialFont(kSmallText));
     button->setAutoDefault(false);

@@ -23,9 +23,8 @@ void StampText(Document& document) {
     Picture block(pbTempText.ScaleWidth(), pbTempText.ScaleHeight());
     document.platform.DrawText(document.TextToInsert, block);
     pbTempText.SetPicture(std::move(block));
-    const Color white = kWhite;
     CopyToMap(document, Gesture::Press, document.TextX - kLeftOfPointer,
-              document.TextY - kAbovePointer, pbTempText.ScaleSize(), pbTempText.Image(), &white);
+              document.TextY - kAbovePointer, pbTempText.ScaleSize(), pbTempText.Image(), kWhite);
     document.Canvas.Refresh();
   }
   document.Canvas.MousePointer = Pointer::Cross;

@@ -53,12 +53,11 @@ void PaintEdge(Palette& palette, Gesture gesture, int Button, float X, float Y) 
     std::swap(SnapX, SnapY);
     std::swap(size.width, size.height);
   }
+  std::optional<Color> colorKey;
   if (set == kClassicVillage && edge == Edge::Wall) {
-    const Color key = FenceColorKey(picture->View(), side->direction);
-    CopyToMap(document, gesture, SnapX, SnapY, size, picture->View(), &key);
-  } else {
-    CopyToMap(document, gesture, SnapX, SnapY, size, picture->View());
+    colorKey = FenceColorKey(picture->View(), side->direction);
   }
+  CopyToMap(document, gesture, SnapX, SnapY, size, picture->View(), colorKey);
 }
 
 }  // namespace morvane

@@ -44,7 +44,7 @@ class HeaderReader {
     for (auto step : {&HeaderReader::ReadSizes, &HeaderReader::ReadCompression,
                       &HeaderReader::ReadMasks, &HeaderReader::ReadPalette}) {
       Failure failure = (this->*step)();
-      if (!failure.empty()) return Result<BmpHeader>::Failed(std::move(failure));
+      if (!failure.empty()) return Failed{std::move(failure)};
     }
     return header_;
   }

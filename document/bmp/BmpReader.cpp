@@ -161,14 +161,12 @@ Failure BmpDecoder::Decode(const Surface& picture) {
 Result<LoadedPicture> ReadBmp(ByteSource& file, long long maxPixels) {
   BmpDecoder decoder(file);
   Failure failure = decoder.Open();
-  if (!failure.empty()) return Result<LoadedPicture>::Failed(std::move(failure));
+  if (!failure.empty()) return Failed{std::move(failure)};
   const Size size = decoder.PictureSize();
-  if (static_cast<long long>(size.width) * size.height > maxPixels) {
-    return Result<LoadedPicture>::Failed(kTooLarge);
-  }
+  if (static_cast<long long>(size.width) * size.height > maxPixels) return Failed{kTooLarge};
   Picture picture = Picture::Unpainted(size.width, size.height);
   failure = decoder.Decode(picture.Draw());
-  if (!failure.empty()) return Result<LoadedPicture>::Failed(std::move(failure));
+  if (!failure.empty()) return Failed{std::move(failure)};
   return LoadedPicture{std::move(picture), decoder.HasFoundDamage()};
 }
 

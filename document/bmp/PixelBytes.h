@@ -12,8 +12,4 @@ void PackPixels(std::uint8_t* to, const Pixel* from, int count);
 /// Reads pixels of three bytes each: blue, green, red.
 void UnpackPixels(Pixel* to, const std::uint8_t* from, int count);
 
-/// The scalar versions, for other processors and for the ends of rows.
-void PackPixelsScalar(std::uint8_t* to, const Pixel* from, int count);
-void UnpackPixelsScalar(Pixel* to, const std::uint8_t* from, int count);
-
 }  // namespace morvane

@@ -19,7 +19,8 @@ Failure MemorySource::ReadAt(std::size_t place, std::span<std::uint8_t> buffer) 
 Result<Bytes> ReadAll(ByteSource& source) {
   Bytes bytes(source.Size());
   Failure failure = source.ReadAt(0, bytes);
-  return failure.empty() ? Result<Bytes>(std::move(bytes)) : Result<Bytes>::Failed(failure);
+  if (!failure.empty()) return Failed{std::move(failure)};
+  return bytes;
 }
 
 Failure CheckReadable(ByteSource& source) {

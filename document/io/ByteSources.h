@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <vector>
 
@@ -24,6 +25,9 @@ class ByteSource {
   /// Fills a buffer with the bytes from an offset on. The range must lie within the source.
   virtual Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) = 0;
 };
+
+/// An open file, or why it can't be opened.
+using OpenedFile = Result<std::unique_ptr<ByteSource>>;
 
 /// The number of bytes that are read or written at once, so that no file is held in memory twice.
 inline constexpr std::size_t kChunkBytes = std::size_t{256} << 10U;

@@ -9,20 +9,23 @@ namespace morvane {
 /// Why something failed, in plain words for the user; empty when it succeeded.
 using Failure = std::string;
 
+/// Why there is no value.
+struct Failed {
+  Failure reason;
+};
+
 /// A value, or the reason why there is none.
 template <typename T>
 class [[nodiscard]] Result {
  public:
   Result(T value) : state_(std::in_place_index<0>, std::move(value)) {}
-  static Result Failed(Failure reason) { return Result(std::move(reason), FailedTag{}); }
+  Result(Failed failed) : state_(std::in_place_index<1>, std::move(failed.reason)) {}
 
   bool Ok() const { return state_.index() == 0; }
   T& Value() { return std::get<0>(state_); }
   const Failure& Reason() const { return std::get<1>(state_); }
 
  private:
-  struct FailedTag {};
-  Result(Failure reason, FailedTag) : state_(std::in_place_index<1>, std::move(reason)) {}
   std::variant<T, Failure> state_;
 };
 

@@ -3,9 +3,20 @@
 #include <algorithm>
 #include <cstring>
 
-#include "document/picture/ClipCopy.h"
-
 namespace morvane {
+namespace {
+
+/// The part of a copy that lies inside both the target and the source, in target coordinates.
+Rect ClipCopy(const Surface& target, const Rect& rect, const PictureView& source, int sourceX,
+              int sourceY) {
+  const int dx = rect.left - sourceX;
+  const int dy = rect.top - sourceY;
+  return rect.Intersected(target.Bounds())
+      .Intersected({dx, dy, source.width + dx, source.height + dy});
+}
+
+}  // namespace
+
 void BitBlt(const Surface& target, int x, int y, int width, int height, const PictureView& source,
             int sourceX, int sourceY) {
   const Rect rect = ClipCopy(target, {x, y, x + width, y + height}, source, sourceX, sourceY);
@@ -14,6 +25,19 @@ void BitBlt(const Surface& target, int x, int y, int width, int height, const Pi
   for (int row = rect.top; row < rect.bottom; ++row) {
     std::memcpy(target.Row(row) + rect.left,
                 source.Row(row - y + sourceY) + rect.left - x + sourceX, bytes);
+  }
+  target.NoteDamage(rect);
+}
+
+void TransparentBlt(const Surface& target, int x, int y, int width, int height,
+                    const PictureView& source, int sourceX, int sourceY, Color transparent) {
+  const Rect rect = ClipCopy(target, {x, y, x + width, y + height}, source, sourceX, sourceY);
+  if (rect.IsEmpty()) return;
+  const Pixel key = PixelOf(transparent);
+  for (int row = rect.top; row < rect.bottom; ++row) {
+    Pixel* __restrict to = target.Row(row) + rect.left;
+    const Pixel* __restrict from = source.Row(row - y + sourceY) + rect.left - x + sourceX;
+    for (int i = 0; i < rect.Width(); ++i) to[i] = from[i] == key ? to[i] : from[i];
   }
   target.NoteDamage(rect);
 }
@@ -33,14 +57,6 @@ void FillBox(const Surface& target, const Rect& box, Color color) {
     std::fill_n(target.Row(row) + rect.left, rect.Width(), PixelOf(color));
   }
   target.NoteDamage(rect);
-}
-
-void DrawColumn(const Surface& target, int x, Color color) {
-  FillBox(target, {x, 0, x + 1, target.height}, color);
-}
-
-void DrawRow(const Surface& target, int y, Color color) {
-  FillBox(target, {0, y, target.width, y + 1}, color);
 }
 
 }  // namespace morvane

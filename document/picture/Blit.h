@@ -26,10 +26,4 @@ void SetPixelV(const Surface& target, int x, int y, Color color);
 /// Fills a rectangle with one colour.
 void FillBox(const Surface& target, const Rect& box, Color color);
 
-/// A line along a column, 1 pixel wide, from row 0 to the lower edge.
-void DrawColumn(const Surface& target, int x, Color color);
-
-/// A line along a row, 1 pixel wide, from column 0 to the right edge.
-void DrawRow(const Surface& target, int y, Color color);
-
 }  // namespace morvane

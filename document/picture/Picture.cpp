@@ -1,15 +1,9 @@
 #include "document/picture/Picture.h"
 
 #include <algorithm>
-#include <new>
 #include <utility>
 
 namespace morvane {
-namespace {
-
-constexpr std::align_val_t kCacheLine{64};
-
-}  // namespace
 
 bool operator==(const PictureView& one, const PictureView& other) {
   if (one.width != other.width || one.height != other.height) return false;
@@ -31,13 +25,8 @@ Picture Picture::Unpainted(int width, int height) {
   Picture picture;
   picture.width_ = width;
   picture.height_ = height;
-  const std::size_t bytes = picture.Pixels() * sizeof(Pixel);
-  picture.pixels_.reset(static_cast<Pixel*>(::operator new(bytes, kCacheLine)));
+  picture.pixels_ = std::make_unique_for_overwrite<Pixel[]>(picture.Pixels());
   return picture;
-}
-
-void Picture::Release::operator()(Pixel* pixels) const {
-  ::operator delete(pixels, kCacheLine);
 }
 
 void Picture::Swap(Picture& other) noexcept {

@@ -52,9 +52,8 @@ class Picture {
   static Picture Unpainted(int width, int height);
 
   Picture(const Picture& other) : Picture(other.View()) {}
-  Picture& operator=(const Picture& other) { return *this = Picture(other); }
   Picture(Picture&& other) noexcept { Swap(other); }
-  Picture& operator=(Picture&& other) noexcept {
+  Picture& operator=(Picture other) noexcept {
     Swap(other);
     return *this;
   }
@@ -72,10 +71,6 @@ class Picture {
   }
 
  private:
-  struct Release {
-    void operator()(Pixel* pixels) const;
-  };
-
   void Swap(Picture& other) noexcept;
   std::size_t Pixels() const {
     return static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_);
@@ -83,7 +78,7 @@ class Picture {
 
   int width_ = 0;
   int height_ = 0;
-  std::unique_ptr<Pixel[], Release> pixels_;  ///< row by row, from the start of a cache line
+  std::unique_ptr<Pixel[]> pixels_;  ///< row by row
 };
 
 /// A picture from a file.

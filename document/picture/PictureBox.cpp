@@ -23,13 +23,6 @@ PictureBox::PictureBox(int width, int height, Border border)
   Cls();
 }
 
-int PictureBox::ScaleWidth() const {
-  return std::max(0, width_ - 2 * border_);
-}
-int PictureBox::ScaleHeight() const {
-  return std::max(0, height_ - 2 * border_);
-}
-
 void PictureBox::SetWidth(int width) {
   if (width < 0) return;
   GrowImage(width - 2 * border_, ScaleHeight());
@@ -93,14 +86,6 @@ void PictureBox::TrimImage() {
 void PictureBox::Refresh() {
   exposed_ = exposed_.United(damage_);
   damage_ = {};
-}
-
-Rect PictureBox::TakeExposed() {
-  return std::exchange(exposed_, Rect{});
-}
-
-bool PictureBox::TakeFocus() {
-  return std::exchange(focusWanted_, false);
 }
 
 void PictureBox::GrowImage(int width, int height) {

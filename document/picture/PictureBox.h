@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "document/picture/Picture.h"
 
@@ -28,8 +30,8 @@ class PictureBox {
   void SetHeight(int height);
 
   /// Inner size in pixels.
-  int ScaleWidth() const;
-  int ScaleHeight() const;
+  int ScaleWidth() const { return std::max(0, width_ - 2 * border_); }
+  int ScaleHeight() const { return std::max(0, height_ - 2 * border_); }
   Size ScaleSize() const { return {ScaleWidth(), ScaleHeight()}; }
 
   /// The persistent image.
@@ -54,11 +56,11 @@ class PictureBox {
   /// Marks what was drawn through hDC to be shown on the screen.
   void Refresh();
   /// The area to repaint since the last call.
-  Rect TakeExposed();
+  Rect TakeExposed() { return std::exchange(exposed_, Rect{}); }
 
   void SetFocus() { focusWanted_ = true; }
   /// Whether the box was given the focus since the last call.
-  bool TakeFocus();
+  bool TakeFocus() { return std::exchange(focusWanted_, false); }
 
   Pointer MousePointer = Pointer::Standard;
 

@@ -11,10 +11,7 @@ namespace morvane {
 namespace {
 
 void DrawMark(QPainter* painter, const QStyleOption& option, const QRect& place, int width) {
-  const QRegion inside(place.adjusted(width, width, -width, -width));
-  for (const QRect& bar : QRegion(place) - inside) {
-    painter->fillRect(bar, option.palette.color(QPalette::Highlight));
-  }
+  DrawSharpBox(*painter, place, option.palette.color(QPalette::Highlight), width);
 }
 
 bool IsDark(const QPalette& palette) {

@@ -13,30 +13,9 @@
 namespace morvane {
 namespace {
 
-struct NamedColor {
-  const char* name;
-  QRgb color;
-};
-
-constexpr std::array<NamedColor, 16> kColors = {{
-    {"Black", 0x000000},
-    {"Maroon", 0x800000},
-    {"Green", 0x008000},
-    {"Olive", 0x808000},
-    {"Navy", 0x000080},
-    {"Purple", 0x800080},
-    {"Teal", 0x008080},
-    {"Gray", 0x808080},
-    {"Silver", 0xC0C0C0},
-    {"Red", 0xFF0000},
-    {"Lime", 0x00FF00},
-    {"Yellow", 0xFFFF00},
-    {"Blue", 0x0000FF},
-    {"Fuchsia", 0xFF00FF},
-    {"Aqua", 0x00FFFF},
-    {"White", 0xFFFFFF},
-}};
-
+constexpr std::array kColors = {"Black", "Maroon",  "Green",  "Olive", "Navy", "Purple",
+                                "Teal",  "Gray",    "Silver", "Red",   "Lime", "Yellow",
+                                "Blue",  "Fuchsia", "Aqua",   "White"};
 constexpr int kFirstSize = 10;  // points
 
 QIcon Swatch(const QColor& color) {
@@ -74,9 +53,7 @@ FontDialog::FontDialog(QWidget* owner) : QFontDialog(owner), colors_(new QComboB
   colors_->setObjectName("Color");
   AnnounceEntry(colors_);
   colors_->setIconSize({24, 12});
-  for (const NamedColor& row : kColors) {
-    colors_->addItem(Swatch(QColor::fromRgb(row.color)), row.name, QColor::fromRgb(row.color));
-  }
+  for (const char* color : kColors) colors_->addItem(Swatch(color), color, QColor(color));
   auto* label = new QLabel("&Color", this);
   label->setBuddy(colors_);
   NameFields(*this);

@@ -14,6 +14,14 @@ constexpr QRect PlaceOf(int left, int top, int width, int height) {
   return {Px(left), Px(top), Px(width), Px(height)};
 }
 
+/// Gives a control its name and its place.
+template <typename Control>
+Control* Placed(Control* control, const char* name, const QRect& place) {
+  control->setObjectName(name);
+  control->setGeometry(place);
+  return control;
+}
+
 /// Text sizes in pixels, so that texts fit their places whatever the desktop's font is.
 inline constexpr int kSmallText = 11;  // 8.25 points
 inline constexpr int kLabelText = 12;  // 9 points

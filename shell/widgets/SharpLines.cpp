@@ -2,7 +2,6 @@
 
 #include <QPainter>
 #include <QPalette>
-#include <algorithm>
 
 namespace morvane {
 namespace {
@@ -17,17 +16,12 @@ void DrawShades(QPainter& painter, const QRect& box, const QColor& upper, const 
 }  // namespace
 
 void DrawSharpLine(QPainter& painter, const QLine& line, const QColor& color) {
-  const QPoint first(std::min(line.x1(), line.x2()), std::min(line.y1(), line.y2()));
-  const QPoint last(std::max(line.x1(), line.x2()), std::max(line.y1(), line.y2()));
-  painter.fillRect(QRect(first, last), color);
+  painter.fillRect(QRect(line.p1(), line.p2()), color);
 }
 
-void DrawSharpBox(QPainter& painter, const QRect& box, const QColor& color) {
-  for (const QLine& side :
-       {QLine(box.topLeft(), box.topRight()), QLine(box.bottomLeft(), box.bottomRight()),
-        QLine(box.topLeft(), box.bottomLeft()), QLine(box.topRight(), box.bottomRight())}) {
-    DrawSharpLine(painter, side, color);
-  }
+void DrawSharpBox(QPainter& painter, const QRect& box, const QColor& color, int width) {
+  const QRegion inside(box.adjusted(width, width, -width, -width));
+  for (const QRect& bar : QRegion(box) - inside) painter.fillRect(bar, color);
 }
 
 void DrawSunkenBorder(QPainter& painter, const QRect& box, const QPalette& palette) {

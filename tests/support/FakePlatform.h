@@ -101,7 +101,7 @@ class FakePlatform : public Platform, public DialogScript {
   bool FileExists(const std::string& path) override { return files.contains(path); }
   bool IsFolderReadable(const std::string& path) override { return folders.contains(path); }
   Result<std::unique_ptr<ByteSource>> OpenFile(const std::string& path) override {
-    if (!files.contains(path)) return Opened::Failed("There is no such file.");
+    if (!files.contains(path)) return Failed{"There is no such file."};
     return Opened(std::make_unique<OwnedBytes>(files[path]));
   }
   Failure WriteFile(const std::string& path, ByteSource& content) override {
@@ -154,7 +154,7 @@ class FakePlatform : public Platform, public DialogScript {
   }
   Result<std::unique_ptr<ByteSource>> OpenSnapshot() override {
     if (memoryIsFull) throw std::bad_alloc();
-    if (snapshot.empty()) return Opened::Failed("No earlier state of the map was kept.");
+    if (snapshot.empty()) return Failed{"No earlier state of the map was kept."};
     auto file = std::make_unique<OwnedBytes>(snapshot);
     file->readable = readableSnapshot;
     return Opened(std::move(file));
@@ -162,7 +162,7 @@ class FakePlatform : public Platform, public DialogScript {
   bool IsSnapshotUntouched() override { return !snapshotTouched; }
   void DeleteSnapshot() override { snapshot.clear(); }
   Result<Picture> DecodePicture(Bytes) override {
-    return Result<Picture>::Failed("This is not a picture that can be read.");
+    return Failed{"This is not a picture that can be read."};
   }
   bool EditText(std::string& text) override { return Text(text); }
   void DrawText(const std::string& text, Picture& picture) override {

@@ -15,7 +15,8 @@ inline Bytes WriteBmp(const PictureView& picture) {
 inline Result<Picture> ReadBmp(const Bytes& bytes) {
   MemorySource file(bytes);
   Result<LoadedPicture> loaded = ReadBmp(file);
-  return loaded.Ok() ? std::move(loaded.Value().picture) : Result<Picture>::Failed(loaded.Reason());
+  if (!loaded.Ok()) return Failed{loaded.Reason()};
+  return std::move(loaded.Value().picture);
 }
 
 /// A file that owns its bytes.
