@@ -5,7 +5,6 @@
 #include "bench/TempFolder.h"
 #include "document/MapFiles.h"
 #include "document/Undo.h"
-#include "document/Undo.h"
 #include "document/picture/Blit.h"
 
 namespace morvane::bench {

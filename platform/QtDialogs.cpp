@@ -192,8 +192,7 @@ Answer ShowMessage(QWidget* owner, const std::string& text, BoxStyle style,
   };
   static const std::map<int, Answer> kAnswers = {{QMessageBox::Yes, Answer::Yes},
                                                  {QMessageBox::No, Answer::No},
-                                                 {QMessageBox::Ok, Answer::Ok},
-                                                 {QMessageBox::Cancel, Answer::Cancel}};
+                                                 {QMessageBox::Ok, Answer::Ok}};
   const auto& [icon, buttons] = kLooks.at(style);
   QMessageBox box(icon, QString::fromStdString(title), QString::fromStdString(text), buttons,
                   owner);
@@ -202,7 +201,8 @@ Answer ShowMessage(QWidget* owner, const std::string& text, BoxStyle style,
   // Qt gives access keys only to Yes and No.
   if (auto* ok = box.button(QMessageBox::Ok)) ok->setText("&OK");
   if (auto* cancel = box.button(QMessageBox::Cancel)) cancel->setText("&Cancel");
-  return kAnswers.at(box.exec());
+  const auto answer = kAnswers.find(box.exec());
+  return answer != kAnswers.end() ? answer->second : Answer::Cancel;
 }
 
 std::string AskForFile(QWidget* owner, const FileDialog& dialog, FileDialogMode mode,

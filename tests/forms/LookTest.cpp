@@ -26,6 +26,10 @@ struct Look {
   QSize size = {1200, 900};  ///< in pixels of forms
 };
 
+void PrintTo(const Look& look, std::ostream* stream) {
+  *stream << look.name;
+}
+
 /// Runs a check on the whole editor in a process of its own.
 int RunOn(const Look& look, const std::function<void(Session::Window&)>& check) {
   const QSize physical = look.size * look.zoom;
