@@ -5,19 +5,24 @@
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QToolBar>
+#include <vector>
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   QMainWindow window;
-  // Each menu and its entries, which may be separators.
-  for (const char* text :
-       {"&File;&New\tCtrl+N;&Open...\tCtrl+O;&Save\tCtrl+S;Save &As...\tF12;-;Print Set&up...;"
-        "&Print...\tCtrl+P;-;E&xit",
-        "&Edit;&Undo\tCtrl+Z", "&View;Status &Bar", "&Tools;&Options...;Insert &Text...\tCtrl+T",
-        "&Help;&About "}) {
-    QStringList captions = QString(text).split(';');
-    QMenu* menu = window.menuBar()->addMenu(captions.takeFirst());
-    for (const QString& caption : captions) menu->addAction(caption)->setSeparator(caption == "-");
+  // The caption of each menu, then those of its entries, where "-" is a separator.
+  const std::vector<QStringList> menus = {
+      {"&File", "&New\tCtrl+N", "&Open...\tCtrl+O", "&Save\tCtrl+S", "Save &As...\tF12", "-",
+       "Print Set&up...", "&Print...\tCtrl+P", "-", "E&xit"},
+      {"&Edit", "&Undo\tCtrl+Z"},
+      {"&View", "Status &Bar"},
+      {"&Tools", "&Options...", "Insert &Text...\tCtrl+T"},
+      {"&Help", "&About "}};
+  for (const QStringList& captions : menus) {
+    QMenu* menu = window.menuBar()->addMenu(captions.first());
+    for (const QString& caption : captions.mid(1)) {
+      menu->addAction(caption)->setSeparator(caption == "-");
+    }
   }
   QToolBar* bar = window.addToolBar("Tools");
   for (const char* button :
