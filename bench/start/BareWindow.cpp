@@ -5,46 +5,25 @@
 #include <QMenuBar>
 #include <QStatusBar>
 #include <QToolBar>
-#include <initializer_list>
-
-namespace {
-
-struct Entry {
-  const char* caption;  ///< null for a separator
-  const char* shortcut = "";
-};
-
-void AddMenu(QMenuBar* bar, const char* caption, std::initializer_list<Entry> entries) {
-  QMenu* menu = bar->addMenu(caption);
-  for (const Entry& entry : entries) {
-    if (entry.caption == nullptr) {
-      menu->addSeparator();
-    } else {
-      menu->addAction(entry.caption)->setShortcut(QKeySequence(entry.shortcut));
-    }
-  }
-}
-
-}  // namespace
+#include <vector>
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   QMainWindow window;
-  QMenuBar* menus = window.menuBar();
-  AddMenu(menus, "&File",
-          {{"&New", "Ctrl+N"},
-           {"&Open...", "Ctrl+O"},
-           {"&Save", "Ctrl+S"},
-           {"Save &As...", "F12"},
-           {nullptr},
-           {"Print Set&up..."},
-           {"&Print...", "Ctrl+P"},
-           {nullptr},
-           {"E&xit"}});
-  AddMenu(menus, "&Edit", {{"&Undo", "Ctrl+Z"}});
-  AddMenu(menus, "&View", {{"Status &Bar"}});
-  AddMenu(menus, "&Tools", {{"&Options..."}, {"Insert &Text...", "Ctrl+T"}});
-  AddMenu(menus, "&Help", {{"&About "}});
+  // The caption of each menu, then those of its entries, where "-" is a separator.
+  const std::vector<QStringList> menus = {
+      {"&File", "&New\tCtrl+N", "&Open...\tCtrl+O", "&Save\tCtrl+S", "Save &As...\tF12", "-",
+       "Print Set&up...", "&Print...\tCtrl+P", "-", "E&xit"},
+      {"&Edit", "&Undo\tCtrl+Z"},
+      {"&View", "Status &Bar"},
+      {"&Tools", "&Options...", "Insert &Text...\tCtrl+T"},
+      {"&Help", "&About "}};
+  for (const QStringList& captions : menus) {
+    QMenu* menu = window.menuBar()->addMenu(captions.first());
+    for (const QString& caption : captions.mid(1)) {
+      menu->addAction(caption)->setSeparator(caption == "-");
+    }
+  }
   QToolBar* bar = window.addToolBar("Tools");
   for (const char* button :
        {"New", "Open", "Save", "Print", "Undo", "Redo", "Cut", "Copy", "Paste"}) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <vector>
 
 namespace morvane {
 
@@ -11,9 +12,13 @@ void FlipInPlace(const Surface& picture, Transform flip) {
       std::reverse(picture.Row(y), picture.Row(y) + picture.width);
     }
   } else {
+    std::vector<Pixel> row(static_cast<std::size_t>(picture.width));
     for (int y = 0; y < picture.height / 2; ++y) {
       Pixel* upper = picture.Row(y);
-      std::swap_ranges(upper, upper + picture.width, picture.Row(picture.height - 1 - y));
+      Pixel* lower = picture.Row(picture.height - 1 - y);
+      std::copy_n(upper, row.size(), row.data());
+      std::copy_n(lower, row.size(), upper);
+      std::copy_n(row.data(), row.size(), lower);
     }
   }
 }
