@@ -31,7 +31,7 @@ void TurnInto(const Surface& target, const PictureView& picture, Transform trans
   const std::ptrdiff_t along = isRight ? -picture.stride : picture.stride;
   const std::ptrdiff_t across = isRight ? 1 : -1;
   // The rows of a block fit in the processor's cache.
-  constexpr Size kBlock = {8, 64};
+  constexpr Size kBlock = {8, 32};
   for (int top = 0; top < target.height; top += kBlock.height) {
     for (int left = 0; left < target.width; left += kBlock.width) {
       const int right = std::min(left + kBlock.width, target.width);
