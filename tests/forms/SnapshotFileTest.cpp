@@ -122,7 +122,7 @@ TEST_F(SnapshotFileTest, NotesOfRescueCopiesAreKeptUntilTheyAreDeleted) {
   platform.DeleteRescueNotes({"/maps/one.bmp"});
   EXPECT_EQ(platform.RescueNotes(), std::vector<std::string>{"/maps/other.bmp"});
   platform.DeleteRescueNotes({"/maps/other.bmp"});
-  EXPECT_TRUE(std::filesystem::is_empty(std::getenv("XDG_STATE_HOME")));
+  EXPECT_TRUE(std::filesystem::is_empty(qgetenv("XDG_STATE_HOME").toStdString()));
 }
 
 }  // namespace
