@@ -5,7 +5,6 @@
 
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
 #include <cstring>
 
 #include "document/Options.h"
@@ -23,7 +22,7 @@ void MountSmallDisk() {
   std::ofstream("/proc/self/setgroups") << "deny";
   std::ofstream("/proc/self/uid_map") << user + ' ' + user + " 1";
   std::ofstream("/proc/self/gid_map") << group + ' ' + group + " 1";
-  if (mount("none", std::getenv("TMPDIR"), "tmpfs", 0, "size=6m") != 0) _exit(kCannot);
+  if (mount("none", qgetenv("TMPDIR"), "tmpfs", 0, "size=6m") != 0) _exit(kCannot);
 }
 
 /// A fault of the disk or the start folder that occurs while the editor runs.
@@ -69,7 +68,7 @@ void TryEverything(const Fault& fault) {
   editor.Choose("mnuEditUndo");
   EXPECT_EQ(editor.Map(), fault.hitsAll ? painted : map);
   EXPECT_EQ(NamesIn(folder), names) << "no failure leaves a file";
-  EXPECT_EQ(NamesIn(std::getenv("XDG_STATE_HOME")), "");
+  EXPECT_EQ(NamesIn(qgetenv("XDG_STATE_HOME").toStdString()), "");
 
   editor.platform.boxes.clear();
   editor.platform.answers.push_back(Answer::Yes);

@@ -17,8 +17,8 @@ namespace morvane {
 constexpr int kCannot = 77;
 
 /// Runs a check in a child process, whose exit code is 0 if every expectation holds. A child that
-/// hangs is killed.
-inline pid_t StartChild(const std::function<void()>& check) {
+/// hangs or throws is killed.
+inline pid_t StartChild(const std::function<void()>& check) noexcept {
   std::fflush(nullptr);
   const pid_t child = fork();
   if (child != 0) return child;

@@ -50,10 +50,10 @@ struct Ends : EndToEnd, testing::WithParamInterface<std::string> {
       set -euo pipefail; out=$PWD
       program=start; start() { exec env --default-signal=INT "$MORVANE_PROGRAM"; }
       source "$SCRIPTS"/lib/desktop
-      end() { { "$@"; wait "$editor"; } 2>/dev/null || true; }
+      end() { { "$@"; wait "$editor" || status=$?; } 2>/dev/null; }
       await() { until [ "$(windows_of Morvane | wc -l)" = "$1" ]; do sleep 0.02; done; settle; }
     )SH" + commands;
-    RunScript({"-c", QString::fromStdString(script)});
+    RunScript({"-c", QString::fromStdString(script), "test", GetParam().c_str()});
   }
   std::string RescueCopy() const {
     const QStringList copies = QDir(folder.path()).entryList({"Morvane rescue 20*.bmp"});
@@ -64,11 +64,12 @@ struct Ends : EndToEnd, testing::WithParamInterface<std::string> {
 
 TEST_P(Ends, NoneLosesTheMap) {
   const bool isKill = GetParam() == "KILL";
-  const std::string end = GetParam() == "DISPLAY" ? "$server" : '-' + GetParam() + " $editor";
+  const char* end = GetParam() == "DISPLAY" ? "end kill $server; [ $status = 1 ]"
+                                            : "end kill -$1 $editor; [ $(kill -l $status) = $1 ]";
   for (const int row : {2, 7}) {
     for (int x = 2; x <= 9; ++x) model.Paint(x == 2, 1, x * 20 + 8, row * 20 + 8);
   }
-  Start("row 2 2 9; row 2 7 9; end kill " + end);
+  Start(std::string("row 2 2 9; row 2 7 9; ") + end);
   const Picture& kept = isKill ? model.undo : model.map;
   EXPECT_EQ(std::filesystem::exists(File("mvtmp.~mp")), isKill);
   EXPECT_EQ(Difference(MapIn(isKill ? File("mvtmp.~mp") : RescueCopy()), kept), "");
