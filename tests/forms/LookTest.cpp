@@ -69,6 +69,7 @@ void ForEachForm(Session::Window& editor, const std::function<void(QWidget&)>& c
   frmAbout about(editor.platform, &editor.window);
   show(about);
   frmText text("", &editor.window);
+  text.findChild<QTextEdit*>()->setCursorWidth(0);
   text.findChild<QTextEdit*>()->setHtml("<span style='color:black'>Text</span>");
   show(text);
   FontDialog font(&text);
