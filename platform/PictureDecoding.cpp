@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "document/PictureFile.h"
-#include "platform/ForeignImage.h"
+#include "platform/ImageReading.h"
 #include "platform/Images.h"
 
 namespace morvane {

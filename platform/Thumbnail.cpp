@@ -8,7 +8,7 @@
 #include "document/PictureFile.h"
 #include "document/bmp/Bmp.h"
 #include "platform/Files.h"
-#include "platform/ForeignImage.h"
+#include "platform/ImageReading.h"
 #include "platform/Images.h"
 
 namespace morvane {

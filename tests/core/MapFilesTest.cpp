@@ -143,7 +143,7 @@ TEST_F(MapFiles, ExitWithoutASaveLeavesARescueCopy) {
   exit("The map could not be saved.\n\n/maps/a.bmp\n\nNo space left on device", "/tmp");
   form.SessionEnds(false);
   EXPECT_EQ(platform.files.size(), 2U) << "one copy is enough";
-  EXPECT_TRUE(platform.rescueNotes.empty()) << "the user has been told";
+  EXPECT_TRUE(platform.rescueNotes.empty()) << "it has been reported already";
 
   platform.unwritable.insert("/tmp");
   platform.answers = {Answer::Yes, Answer::Yes, Answer::Yes};

@@ -1,4 +1,4 @@
-#include "platform/ForeignImage.h"
+#include "platform/ImageReading.h"
 
 #include <QIODevice>
 #include <QImageReader>
