@@ -37,14 +37,13 @@ struct SmallEditor {
 }  // namespace
 }  // namespace morvane
 
-extern "C" int LLVMFuzzerInitialize(int* count, char*** arguments) {
-  static const QApplication application(*count, *arguments);
-  return 0;
-}
-
 /// The input is the file of a custom tile, which is then turned, stamped and undone.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace morvane;
+  static int arguments = 1;
+  static char program[] = "fuzz_custom_tile";
+  static char* names[] = {program, nullptr};
+  static const QApplication application(arguments, names);
   static SmallEditor editor;
   Document& document = editor.form.document;
   Palette& palette = editor.form.palette;

@@ -24,7 +24,8 @@ void AddBmp(std::uint32_t header, unsigned bits, std::uint32_t compression) {
   if (compression % 3 == 0 && compression > 0) maker.masks = {0x7C00, 0x3E0, 0x1F, 0xFF000000};
   if (bits <= 8) maker.palette = {0, 0xFFFFFF, 0x0A0507, 0xFF};
   maker.data = {3, 1, 0, 4, 1, 2, 3, 4, 0, 0, 0, 2, 2, 1, 9, 5, 0, 1};
-  maker.data.resize((maker.width * bits + 31) / 32 * 4 * 3, 0x37);
+  const unsigned rowBytes = (11 * bits + 31) / 32 * 4;
+  maker.data.resize(std::size_t{3} * rowBytes, 0x37);
   const morvane::Bytes file = maker.Make();
   Add("fuzz_bmp", {reinterpret_cast<const char*>(file.data()), std::ssize(file)});
 }
