@@ -20,9 +20,9 @@ void ExpectPixels(const Bytes& file, const std::vector<Color>& expected, bool is
   MemorySource source(file);
   Result<LoadedPicture> read = ReadBmp(source);
   const PictureView picture = read.Ok() ? read.Value().picture.View() : PictureView();
-  std::vector<Color> colors;
-  for (int i = 0; i < picture.width * picture.height; ++i) {
-    colors.push_back(GetPixel(picture, i % picture.width, i / picture.width));
+  std::vector<Color> colors(static_cast<std::size_t>(picture.width) * picture.height);
+  for (int i = 0; i < std::ssize(colors); ++i) {
+    colors[i] = GetPixel(picture, i % picture.width, i / picture.width);
   }
   EXPECT_EQ(colors, expected);
   EXPECT_EQ(read.Ok() && read.Value().isDamaged, isDamaged);
@@ -89,28 +89,28 @@ TEST(Bmp, BlendsTransparentPixelsWithWhite) {
 
 TEST(Bmp, ReadsRunLengthsThatEndAnywhere) {
   struct Row {
-    unsigned bits;
     Bytes data;
     std::string pixels;  ///< indices, '9' beyond the palette
     bool isDamaged = false;
+    unsigned bits = 8;
   };
   const Row rows[] = {
-      {8, {255, 1, 255, 2, 0, 1}, "000111", true},        // beyond the row
-      {8, {0, 0, 0, 0, 255, 1, 0, 1}, "000000", true},    // above the top row
-      {8, {0, 2, 255, 255, 3, 1, 0, 1}, "000000", true},  // jumps outside
-      {8, {0, 2, 9, 0, 0, 1}, "000000", true},
-      {8, {0, 2, 0, 3, 0, 1}, "000000", true},
-      {8, {0, 2, 0, 2, 0, 1}, "000000"},  // jumps to the end, and inside
-      {8, {0, 2, 1, 1, 1, 2, 0, 1}, "020000"},
-      {8, {0, 3, 1, 2, 1, 9, 0, 1}, "000121"},              // with padding
-      {8, {0, 5, 1, 2, 1, 2, 2, 0, 0, 1}, "000121", true},  // beyond the row
-      {8, {3, 1, 0, 0, 3, 2, 0, 0, 0, 0}, "222111"},        // no end mark
-      {8, {3, 9, 0, 1}, "000999", true},
-      {8, {0, 3, 1, 9, 1, 0, 0, 1}, "000191", true},
-      {4, {3, 0x12, 0, 0, 0, 3, 0x20, 0x10, 0, 1}, "201121"},
-      {4, {4, 0x12, 0, 0, 0, 5, 0x21, 0x21, 0, 0, 0, 1}, "212121", true},
-      {4, {4, 0x12, 0, 1}, "000121"},  // one too many fills up the byte
-      {24, {2, 0, 0, '1', 0, 0, 0, 3, 0, 0, '2', 0, 0, '1', 0, 0, '0', 0, 0, 1}, "210119"}};
+      {{255, 1, 255, 2, 0, 1}, "000111", true},        // beyond the row
+      {{0, 0, 0, 0, 255, 1, 0, 1}, "000000", true},    // above the top row
+      {{0, 2, 255, 255, 3, 1, 0, 1}, "000000", true},  // jumps outside
+      {{0, 2, 9, 0, 0, 1}, "000000", true},
+      {{0, 2, 0, 3, 0, 1}, "000000", true},
+      {{0, 2, 0, 2, 0, 1}, "000000"},  // jumps to the end, and inside
+      {{0, 2, 1, 1, 1, 2, 0, 1}, "020000"},
+      {{0, 3, 1, 2, 1, 9, 0, 1}, "000121"},              // with padding
+      {{0, 5, 1, 2, 1, 2, 2, 0, 0, 1}, "000121", true},  // beyond the row
+      {{3, 1, 0, 0, 3, 2, 0, 0, 0, 0}, "222111"},        // no end mark
+      {{3, 9, 0, 1}, "000999", true},
+      {{0, 3, 1, 9, 1, 0, 0, 1}, "000191", true},
+      {{3, 0x12, 0, 0, 0, 3, 0x20, 0x10, 0, 1}, "201121", false, 4},
+      {{4, 0x12, 0, 0, 0, 5, 0x21, 0x21, 0, 0, 0, 1}, "212121", true, 4},
+      {{4, 0x12, 0, 1}, "000121", false, 4},  // one too many fills up the byte
+      {{2, 0, 0, '1', 0, 0, 0, 3, 0, 0, '2', 0, 0, '1', 0, 0, '0', 0, 0, 1}, "210119", false, 24}};
   for (const Row& row : rows) {
     SCOPED_TRACE(&row - rows);
     BmpMaker maker{.header = 64, .width = 3, .height = 2, .bits = row.bits};

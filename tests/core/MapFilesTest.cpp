@@ -27,7 +27,7 @@ struct MapFiles : testing::Test, Editor {
     EXPECT_EQ(document.Caption, "Morvane - " + path.substr(path.rfind('/') + 1));
   }
   void ExpectDialog(const std::vector<std::string>& expected) const {
-    const auto& [title, filter, name, folder] = platform.dialogs.back();
+    const auto& [title, filter, name, folder] = platform.dialogs.at(platform.dialogs.size() - 1);
     EXPECT_EQ((std::vector{title, filter, name, folder}), expected);
   }
 };

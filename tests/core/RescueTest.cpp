@@ -29,7 +29,7 @@ struct Rescue : testing::Test, Editor {
     EXPECT_EQ(platform.boxes.size(), 1U);
     const std::string& text = platform.boxes[0].text;
     const std::size_t begin = text.find('/');
-    const std::string path = text.substr(begin, text.find('\n', begin) - begin);
+    std::string path = text.substr(begin, text.find('\n', begin) - begin);
     EXPECT_EQ(text, "Morvane did not end properly last time. The map was saved as\n\n" + path +
                         "\n\nThe last stroke may be missing.");
     return path;

@@ -84,12 +84,15 @@ TEST_F(Rules, OptionsReadAndWriteFiveKeys) {
   EXPECT_TRUE(platform.settings.empty());
   EXPECT_TRUE(options.cmdOK_Click());
   std::string settings;
-  for (const auto& [key, value] : platform.settings) settings += key + "=" + value + " ";
+  for (const auto& [key, value] : platform.settings) {
+    settings.append(key).append("=").append(value).append(" ");
+  }
   EXPECT_EQ(settings,
             "Color/Canvas=1193046 Color/Grid=1193046 Custom/Dir=/custom Map/Dir=/maps Map/Grid=0 ");
   EXPECT_EQ(platform.titles[0], "Select the directory where Morvane maps will be saved.");
   EXPECT_EQ(platform.titles[2],
             "Select the directory with your collection of Morvane custom tiles.");
+  EXPECT_NE(document.settings.Write("Map", "Dir", std::string(2048, 'x')), "") << "it is cut";
   platform.unwritable = {"/start/Morvane.ini"};
   EXPECT_FALSE(options.cmdOK_Click());
   EXPECT_NE(platform.boxes.back().text.find("/start/Morvane.ini"), std::string::npos);
@@ -146,7 +149,8 @@ TEST_F(Rules, FoldersOfCustomTiles) {
   EXPECT_EQ(document.StatusText, "The folder can't be opened: /gone");
   File1_Drop(palette, "/root.bmp");
   EXPECT_EQ(names(), "/* >custom >maps >start ");
-  EXPECT_EQ(palette.Label2, "root.bmp");
+  ShowStoredFolder(palette);  // none is stored
+  EXPECT_EQ(document.StatusText, "Custom tile selected: root.bmp");
   platform.settings["Custom/Dir"] = "/custom";
   ShowStoredFolder(palette);
   EXPECT_EQ(palette.File1.Files(), std::vector<std::string>{"tile.bmp"});
