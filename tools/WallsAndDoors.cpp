@@ -6,7 +6,7 @@
 #include "document/picture/Blit.h"
 #include "tools/Buttons.h"
 #include "tools/CopyToMap.h"
-#include "tools/EdgeSearch.h"
+#include "tools/GridTests.h"
 
 namespace morvane {
 namespace {
