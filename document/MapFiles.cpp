@@ -9,8 +9,6 @@
 namespace morvane {
 namespace {
 
-constexpr const char* kNotSaved = "The map could not be saved.";
-
 FileDialog MapDialog(const Document& document, const char* title) {
   return {.DialogTitle = title,
           .Filter = "Map files (*.bmp)|*.bmp",
@@ -65,7 +63,7 @@ std::string NameOf(const std::string& path) {
 /// The message about a save that was not done; empty if there is none.
 std::string TextOf(const SaveOutcome& outcome) {
   if (outcome.reason.empty()) return "The map was not saved.";
-  return std::string(kNotSaved) + "\n\n" + outcome.path + "\n\n" + outcome.reason;
+  return "The map could not be saved.\n\n" + outcome.path + "\n\n" + outcome.reason;
 }
 
 void ReportOutcome(Document& document, const SaveOutcome& outcome) {

@@ -8,8 +8,6 @@ namespace morvane {
 inline constexpr Size kClientSize = {787, 537};
 inline constexpr int kToolBarHeight = 28;
 inline constexpr int kStatusBarHeight = 18;
-inline constexpr int kTabStripLeft = 8;
-inline constexpr int kTabStripWidth = 154;
-inline constexpr int kTabStripRight = kTabStripLeft + kTabStripWidth;
+inline constexpr int kTabStripRight = 162;
 
 }  // namespace morvane

@@ -55,7 +55,6 @@ class FolderList : public ListedFolder {
     std::string path;
     int depth;  ///< below the root
     bool isOnPath;
-    friend bool operator==(const Row&, const Row&) = default;
   };
 
   const std::vector<Row>& Rows() const;

@@ -39,10 +39,6 @@ bool IsTooLarge(const QSize& size, long long maxPixels) {
   return qint64{size.width()} * size.height() > maxPixels;
 }
 
-bool IsLaidOnItsSide(const QImageReader& reader) {
-  return reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
-}
-
 }  // namespace
 
 Result<ForeignImage> ReadForeignImage(const Bytes& content, const std::atomic<bool>& isCanceled,
@@ -72,7 +68,9 @@ Result<ForeignImage> ReadForeignImage(const Bytes& content, const std::atomic<bo
     return Failed{"The file is incomplete or damaged."};
   }
   if (!isReduced) return ForeignImage{image, image.size()};
-  return ForeignImage{image, IsLaidOnItsSide(reader) ? claimed.transposed() : claimed};
+  const bool isOnItsSide =
+      reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
+  return ForeignImage{image, isOnItsSide ? claimed.transposed() : claimed};
 }
 
 }  // namespace morvane

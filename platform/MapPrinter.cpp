@@ -1,11 +1,11 @@
 #include "platform/MapPrinter.h"
 
-#include <QAbstractButton>
 #include <QDialogButtonBox>
 #include <QFileInfo>
 #include <QPainter>
 #include <QPrintDialog>
 #include <QPrinterInfo>
+#include <QPushButton>
 #include <algorithm>
 
 #include "platform/Images.h"
@@ -61,11 +61,8 @@ void MapPrinter::ShowSetup(QWidget* owner, const std::string& title) {
   QPrintDialog dialog(&Printer(), owner);
   dialog.setWindowTitle(QString::fromStdString(title));
   // This dialog only chooses a printer.
-  if (auto* buttons = dialog.findChild<QDialogButtonBox*>()) {
-    for (QAbstractButton* button : buttons->buttons()) {
-      if (buttons->buttonRole(button) == QDialogButtonBox::AcceptRole) button->setText("&OK");
-    }
-  }
+  const auto* buttons = dialog.findChild<QDialogButtonBox*>();
+  if (auto* ok = buttons->button(QDialogButtonBox::Ok)) ok->setText("&OK");
   dialog.exec();
 }
 

@@ -1,6 +1,5 @@
 #include "platform/QtDialogs.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QColorDialog>
 #include <QDialogButtonBox>
@@ -11,8 +10,8 @@
 #include <QListView>
 #include <QMessageBox>
 #include <QPluginLoader>
+#include <QPushButton>
 #include <QTreeView>
-#include <algorithm>
 #include <climits>
 #include <filesystem>
 #include <map>
@@ -44,11 +43,9 @@ bool HasGtkDialogs() {
 }
 
 QAbstractButton& AcceptButton(const QFileDialog& box) {
+  const bool opens = box.acceptMode() == QFileDialog::AcceptOpen;
   const auto* row = box.findChild<QDialogButtonBox*>("buttonBox");
-  const QList<QAbstractButton*> buttons = row->buttons();
-  return **std::find_if(buttons.begin(), buttons.end(), [row](QAbstractButton* button) {
-    return row->buttonRole(button) == QDialogButtonBox::AcceptRole;
-  });
+  return *row->button(opens ? QDialogButtonBox::Open : QDialogButtonBox::Save);
 }
 
 /// Makes the dialog use a typed path as it is, and accept it with Return.
@@ -190,9 +187,6 @@ Answer ShowMessage(QWidget* owner, const std::string& text, BoxStyle style,
       {BoxStyle::OkExclamation, {QMessageBox::Warning, QMessageBox::Ok}},
       {BoxStyle::YesNoExclamation, {QMessageBox::Warning, kYesNo}},
   };
-  static const std::map<int, Answer> kAnswers = {{QMessageBox::Yes, Answer::Yes},
-                                                 {QMessageBox::No, Answer::No},
-                                                 {QMessageBox::Ok, Answer::Ok}};
   const auto& [icon, buttons] = kLooks.at(style);
   QMessageBox box(icon, QString::fromStdString(title), QString::fromStdString(text), buttons,
                   owner);
@@ -201,8 +195,10 @@ Answer ShowMessage(QWidget* owner, const std::string& text, BoxStyle style,
   // Qt gives access keys only to Yes and No.
   if (auto* ok = box.button(QMessageBox::Ok)) ok->setText("&OK");
   if (auto* cancel = box.button(QMessageBox::Cancel)) cancel->setText("&Cancel");
-  const auto answer = kAnswers.find(box.exec());
-  return answer != kAnswers.end() ? answer->second : Answer::Cancel;
+  const int pressed = box.exec();
+  if (pressed == QMessageBox::Yes) return Answer::Yes;
+  if (pressed == QMessageBox::No) return Answer::No;
+  return pressed == QMessageBox::Ok ? Answer::Ok : Answer::Cancel;
 }
 
 std::string AskForFile(QWidget* owner, const FileDialog& dialog, FileDialogMode mode,

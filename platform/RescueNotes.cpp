@@ -14,12 +14,7 @@ namespace {
 /// A note is a symbolic link to the rescue copy, since a link is created atomically.
 constexpr const char* kNote = "rescue-";
 
-struct Note {
-  int folder;
-  std::string name;
-  std::string copy;
-};
-
+/// Calls `visit` with the folder, the name and the rescue copy of each note.
 template <typename Visit>
 void ForEachNote(Visit visit) {
   for (const std::string& path : PrivateFolders()) {
@@ -29,7 +24,7 @@ void ForEachNote(Visit visit) {
       std::error_code error;
       const std::filesystem::path copy =
           std::filesystem::read_symlink(std::filesystem::path(path) / name, error);
-      if (!error) visit(Note{folder.Number(), name, copy});
+      if (!error) visit(folder, name, copy.string());
     }
   }
 }
@@ -50,14 +45,15 @@ void WriteRescueNote(const std::string& path) {
 
 std::vector<std::string> ReadRescueNotes() {
   std::vector<std::string> paths;
-  ForEachNote([&paths](const Note& note) { paths.push_back(note.copy); });
+  ForEachNote([&paths](const Descriptor& /*folder*/, const std::string& /*name*/,
+                       const std::string& copy) { paths.push_back(copy); });
   return paths;
 }
 
 void DeleteRescueNotes(const std::vector<std::string>& paths) {
-  ForEachNote([&paths](const Note& note) {
-    if (std::find(paths.begin(), paths.end(), note.copy) == paths.end()) return;
-    unlinkat(note.folder, note.name.c_str(), 0);
+  ForEachNote([&paths](const Descriptor& folder, const std::string& name, const std::string& copy) {
+    if (std::find(paths.begin(), paths.end(), copy) == paths.end()) return;
+    unlinkat(folder.Number(), name.c_str(), 0);
   });
   // rmdir fails for a folder that is in use.
   for (const std::string& folder : PrivateFolders()) rmdir(folder.c_str());

@@ -31,7 +31,8 @@ Failure TemporaryFile::Create(const std::string& wishedName, mode_t mode) {
   for (int i = 1; i <= kMaxNames; ++i) {
     const std::string name = ".morvane-save-" + std::to_string(i);
     if (name == wishedName) continue;
-    RemoveIfStale(name);
+    // Only the process that has locked the file of that name may rename or remove it.
+    if (OpenAndLockOurs(folder_, name).IsOpen()) unlinkat(folder_, name.c_str(), 0);
     if (TryName(name, mode)) return {};
     if (errno != EEXIST) return ErrnoMessage();
   }
@@ -51,11 +52,6 @@ bool TemporaryFile::TryName(const std::string& name, mode_t mode) {
   file_ = std::move(file);
   name_ = name;
   return true;
-}
-
-void TemporaryFile::RemoveIfStale(const std::string& name) const {
-  // Only the process that has locked the file of that name may rename or remove it.
-  if (OpenAndLockOurs(folder_, name).IsOpen()) unlinkat(folder_, name.c_str(), 0);
 }
 
 void TemporaryFile::CopyAttributes(const struct stat& other) {

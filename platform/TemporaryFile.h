@@ -41,7 +41,6 @@ class TemporaryFile {
 
  private:
   bool TryName(const std::string& name, mode_t mode);
-  void RemoveIfStale(const std::string& name) const;
 
   int folder_;
   Descriptor file_;

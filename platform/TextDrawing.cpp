@@ -22,10 +22,6 @@ void DisableAntialiasing(QTextDocument& document) {
 
 }  // namespace
 
-QVariant ClosedDocument::loadResource(int /*type*/, const QUrl& /*name*/) {
-  return {};
-}
-
 void DrawRichText(const std::string& text, Picture& picture) {
   const Surface surface = picture.Draw();
   QImage image = ImageOver(surface);

@@ -19,7 +19,7 @@ class ClosedDocument : public QTextDocument {
   using QTextDocument::QTextDocument;
 
  protected:
-  QVariant loadResource(int type, const QUrl& name) override;
+  QVariant loadResource(int /*type*/, const QUrl& /*name*/) override { return {}; }
 };
 
 /// Draws rich text from the top left of a picture at 96 dpi, wrapped at its width. Text is not

@@ -43,20 +43,10 @@ class StoppableFile : public ByteSource {
   const std::atomic<bool>& isCanceled_;
 };
 
-int LongestSide(const QSize& size) {
-  return std::max(size.width(), size.height());
-}
-
 /// The size of a picture scaled down to fit a square. Smaller pictures are not scaled.
 QSize Reduced(const QSize& size, int side) {
-  if (LongestSide(size) <= side) return size;
+  if (std::max(size.width(), size.height()) <= side) return size;
   return size.scaled(side, side, Qt::KeepAspectRatio).expandedTo({1, 1});
-}
-
-QImage Reduced(const QImage& image, int side) {
-  const QSize size = Reduced(image.size(), side);
-  return size == image.size() ? image
-                              : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
 /// The image on white, fitted to a square of the window. A picture that needn't be reduced keeps
@@ -72,7 +62,8 @@ QImage Fitted(const QImage& image, int side, int zoom) {
 }
 
 Thumbnail ThumbnailOf(const QImage& image, const QSize& size, int zoom) {
-  const QImage reduced = Reduced(image, kLargeThumbnail * zoom);
+  const QImage reduced = image.scaled(Reduced(image.size(), kLargeThumbnail * zoom),
+                                      Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   if (reduced.isNull()) return {};
   return {Fitted(reduced, kSmallThumbnail, zoom), Fitted(reduced, kLargeThumbnail, zoom), size};
 }

@@ -99,10 +99,6 @@ std::string FileRows::PathOf(const QModelIndex& index) const {
   return folder_ + names_[static_cast<std::size_t>(index.row())];
 }
 
-int FileRows::Zoom() const {
-  return std::max(1, qRound(list_->devicePixelRatioF()));
-}
-
 void FileRows::RequestVisibleRows() {
   std::deque<std::string> paths;
   const QRect view = list_->viewport()->rect();
@@ -111,7 +107,7 @@ void FileRows::RequestVisibleRows() {
     paths.push_back(PathOf(index));
     index = index.siblingAtRow(index.row() + 1);
   }
-  thumbnails_.Request(std::move(paths), Zoom());
+  thumbnails_.Request(std::move(paths), std::max(1, qRound(list_->devicePixelRatioF())));
 }
 
 }  // namespace morvane

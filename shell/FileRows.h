@@ -34,8 +34,6 @@ class FileRows : public QStyledItemDelegate {
 
  private:
   std::string PathOf(const QModelIndex& index) const;
-  /// Physical pixels per logical pixel on the current display.
-  int Zoom() const;
   void RequestVisibleRows();
 
   QListView* list_;

@@ -84,14 +84,6 @@ MainMenu::MainMenu(QMenuBar* bar) : QObject(bar), bar_(bar) {
   }
 }
 
-void MainMenu::SetUndoEnabled(bool enabled) {
-  Find("mnuEditUndo")->setEnabled(enabled);
-}
-
-void MainMenu::SetStatusBarChecked(bool checked) {
-  Find("mnuViewStatusBar")->setChecked(checked);
-}
-
 QAction* MainMenu::Find(const char* name) const {
   return bar_->findChild<QAction*>(name);
 }

@@ -14,16 +14,14 @@ class MainMenu : public QObject {
  public:
   explicit MainMenu(QMenuBar* bar);
 
-  void SetUndoEnabled(bool enabled);
-  void SetStatusBarChecked(bool checked);
+  /// The entry of that name.
+  QAction* Find(const char* name) const;
 
  signals:
   /// An entry was chosen, by mouse, mnemonic or shortcut; its name is the system's.
   void Chosen(const QString& name);
 
  private:
-  QAction* Find(const char* name) const;
-
   QMenuBar* bar_;
 };
 

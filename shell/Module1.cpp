@@ -37,12 +37,6 @@ void Count() {
   }
 }
 
-/// Qt's dialogs would look at the folders of earlier runs first, and hang on a network folder that
-/// is gone. So Qt's own settings get a path that can't exist.
-void ClearDialogHistory() {
-  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
-}
-
 /// Calls a function once the window has been placed by the desktop, so that dialogs are centred on
 /// it.
 class WhenShown : public QObject {
@@ -105,7 +99,9 @@ int RunMorvane(int argc, char** argv) {
   splash->ShowAtOnce();
 
   QApplication::setWindowIcon(LoadIcon("morvane"));
-  ClearDialogHistory();
+  // Qt's dialogs would look at the folders of earlier runs first, and hang on a network folder that
+  // is gone. So Qt's own settings get a path that can't exist.
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
   QtPlatform platform;
   MainForm form(platform, &LoadArtSheet);
   frmMain window(form);

@@ -13,9 +13,6 @@
 namespace morvane {
 namespace {
 
-constexpr int kStripLeft = 120;
-constexpr int kStripTop = 2880;
-
 /// Designed sizes in twips, by set and page.
 constexpr std::array<Size, kBuiltInSets> kStripSizes = {
     {{2310, 3135}, {2295, 3135}, {2310, 3135}, {2310, 3855}}};
@@ -31,7 +28,10 @@ constexpr std::array<std::array<Size, kMaxPages>, kBuiltInSets> kFrameSizes = {{
 PaletteView::PaletteView(const Palette& palette, QWidget* window)
     : QObject(window), palette_(palette) {
   for (int set = 0; set < kBuiltInSets; ++set) AddSet(set, window);
-  AddItems();
+  for (const Item& item : Items()) {
+    auto* box = new TileBox(item, palette_.pictures.Of(item), frames_[item.set][item.page - 1]);
+    connect(box, &TileBox::clicked, this, [this, &item] { emit ItemClicked(item); });
+  }
 }
 
 void PaletteView::AddSet(int set, QWidget* window) {
@@ -40,28 +40,19 @@ void PaletteView::AddSet(int set, QWidget* window) {
   for (int page = 0; page < tileSet.pageCount; ++page) {
     captions << TextOf(tileSet.pages[page].caption);
   }
-  auto* strip = new TabStrip(captions, window);
-  strip->setObjectName(TextOf(tileSet.tabStrip));
-  strip->setGeometry(
-      PlaceOf(kStripLeft, kStripTop, kStripSizes[set].width, kStripSizes[set].height));
+  const Size size = kStripSizes[set];
+  auto* strip = Placed(new TabStrip(captions, window), TextOf(tileSet.tabStrip),
+                       PlaceOf(120, 2880, size.width, size.height));
   connect(strip, &TabStrip::TabChosen, this, [this, set](int tab) { emit TabClicked(set, tab); });
   strips_[set] = strip;
 
   for (int page = 1; page <= tileSet.pageCount; ++page) {
-    const Size size = kFrameSizes[set][page - 1];
-    auto* frame = new QWidget(window);
-    frame->setObjectName(TextOf(tileSet.frame) + "-" + QString::number(page));
+    const Size pageSize = kFrameSizes[set][page - 1];
+    auto* frame = Placed(new QWidget(window), TextOf(tileSet.frame) + "-" + QString::number(page),
+                         PlaceOf(240, 3360, pageSize.width, pageSize.height));
     SetRole(frame, QAccessible::Grouping);
     frame->setAccessibleName(captions[page - 1]);
-    frame->setGeometry(PlaceOf(240, 3360, size.width, size.height));
     frames_[set].push_back(frame);
-  }
-}
-
-void PaletteView::AddItems() {
-  for (const Item& item : Items()) {
-    auto* box = new TileBox(item, palette_.pictures.Of(item), frames_[item.set][item.page - 1]);
-    connect(box, &TileBox::clicked, this, [this, &item] { emit ItemClicked(item); });
   }
 }
 

@@ -33,7 +33,6 @@ class PaletteView : public QObject {
 
  private:
   void AddSet(int set, QWidget* window);
-  void AddItems();
 
   const Palette& palette_;
   std::array<TabStrip*, kBuiltInSets> strips_{};

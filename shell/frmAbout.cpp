@@ -34,7 +34,17 @@ class SecretTile : public QAbstractButton {
 
 frmAbout::frmAbout(Platform& platform, QWidget* owner)
     : FixedDialog("frmAbout", "About Morvane", {Px(5865), Px(3450)}, owner) {
-  AddPictures(platform);
+  auto* picIcon = Placed(new QLabel(this), "picIcon", PlaceOf(40, 20, 5745, 2310));
+  picIcon->setAccessibleName("A map maker's table, with the name Morvane");
+  picIcon->setPixmap(LoadPhoto("about", devicePixelRatioF()));
+
+  auto* secret = Placed(new SecretTile(picIcon), "Picture1", PlaceOf(5145, 1710, 300, 300));
+  secret->setAccessibleName("A flagstone");
+  secret->setIcon(LoadIcon("secret"));
+  secret->setFocusPolicy(Qt::TabFocus);
+  connect(secret, &QAbstractButton::clicked, this, [&platform] {
+    platform.MsgBox("You found the secret tile!!", BoxStyle::OkOnly, kProgramName);
+  });
 
   auto* notice = new QLabel(
       "Paints maps for role-playing games.\n"
@@ -53,20 +63,6 @@ frmAbout::frmAbout(Platform& platform, QWidget* owner)
   cmdOK->setDefault(true);
   cmdOK->setFocus();
   connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
-}
-
-void frmAbout::AddPictures(Platform& platform) {
-  auto* picIcon = Placed(new QLabel(this), "picIcon", PlaceOf(40, 20, 5745, 2310));
-  picIcon->setAccessibleName("A map maker's table, with the name Morvane");
-  picIcon->setPixmap(LoadPhoto("about", devicePixelRatioF()));
-
-  auto* secret = Placed(new SecretTile(picIcon), "Picture1", PlaceOf(5145, 1710, 300, 300));
-  secret->setAccessibleName("A flagstone");
-  secret->setIcon(LoadIcon("secret"));
-  secret->setFocusPolicy(Qt::TabFocus);
-  connect(secret, &QAbstractButton::clicked, this, [&platform] {
-    platform.MsgBox("You found the secret tile!!", BoxStyle::OkOnly, kProgramName);
-  });
 }
 
 void frmAbout::paintEvent(QPaintEvent* /*event*/) {

@@ -14,9 +14,6 @@ class frmAbout : public FixedDialog {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-
- private:
-  void AddPictures(Platform& platform);
 };
 
 }  // namespace morvane

@@ -1,6 +1,7 @@
 #include "shell/frmMain.h"
 
 #include <QAbstractScrollArea>
+#include <QAction>
 #include <QApplication>
 #include <QBackingStore>
 #include <QCloseEvent>
@@ -155,7 +156,7 @@ void frmMain::WatchHover() {
   reset->Watch(frame5_->File1());
   for (TabStrip* strip : palette_->Strips()) reset->Watch(strip);
   connect(reset, &HoverReset::Moved, this, [this] {
-    HideOutline(form_.palette);
+    form_.palette.Shape1.Visible = false;
     canvas_->ShowState();
   });
 }
@@ -212,8 +213,8 @@ void frmMain::ShowState() {
   setWindowTitle(TextOf(document.Caption).replace("[*]", "[*][*]"));
   ShowPointer(this, document.MousePointer);
   ShowPointer(canvas_, document.Canvas.MousePointer);
-  menu_->SetUndoEnabled(document.mnuEditUndoEnabled);
-  menu_->SetStatusBarChecked(form_.StatusBarVisible);
+  menu_->Find("mnuEditUndo")->setEnabled(document.mnuEditUndoEnabled);
+  menu_->Find("mnuViewStatusBar")->setChecked(form_.StatusBarVisible);
   tbToolBar_->SetUndoEnabled(document.UndoButtonEnabled);
   sbStatusBar_->SetSimpleText(TextOf(document.StatusText));
   sbStatusBar_->setVisible(form_.StatusBarVisible);

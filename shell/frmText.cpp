@@ -8,6 +8,7 @@
 #include "shell/widgets/Layout.h"
 
 namespace morvane {
+
 frmText::frmText(const std::string& text, QWidget* owner)
     : FixedDialog("frmText", "Insert Text", {Px(4680), Px(1650)}, owner),
       RichTextBox1_(Placed(new RichTextBox(this), "RichTextBox1", PlaceOf(0, 0, 4695, 1095))) {

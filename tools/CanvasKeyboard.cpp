@@ -7,32 +7,24 @@
 namespace morvane {
 
 bool Canvas_KeyDown(Palette& palette, int Key, int Modifiers) {
-  switch (Key) {
-    case kKeyEscape:
-      palette.document.Canvas.MousePointer = Pointer::Cross;
-      return true;
-    case kKeyRight:
-      Rotate_Click(palette);
-      return true;
-    case kKeyLeft:
-      RotateLeft_Click(palette);
-      return true;
-    case kKeyDown:
-      FlipHorizontal_Click(palette);
-      return true;
-    case kKeyUp:
-      FlipVertical_Click(palette);
-      return true;
-    case kKeyF11:
-      mnuFileOpen_Click(palette.document);
-      return true;
-    case kKeyM:
-      if ((Modifiers & kCtrl) == 0) return false;
-      WallButton_Click(palette);
-      return true;
-    default:
-      return false;
+  if (Key == kKeyEscape) {
+    palette.document.Canvas.MousePointer = Pointer::Cross;
+  } else if (Key == kKeyRight) {
+    Rotate_Click(palette);
+  } else if (Key == kKeyLeft) {
+    RotateLeft_Click(palette);
+  } else if (Key == kKeyDown) {
+    FlipHorizontal_Click(palette);
+  } else if (Key == kKeyUp) {
+    FlipVertical_Click(palette);
+  } else if (Key == kKeyF11) {
+    mnuFileOpen_Click(palette.document);
+  } else if (Key == kKeyM && (Modifiers & kCtrl) != 0) {
+    WallButton_Click(palette);
+  } else {
+    return false;
   }
+  return true;
 }
 
 }  // namespace morvane

@@ -14,22 +14,6 @@ namespace {
 constexpr int kLeftOfPointer = 2;
 constexpr int kAbovePointer = 8;
 
-void StampText(Document& document) {
-  std::string text = document.TextToInsert;
-  document.TextAccepted = document.platform.EditText(text);
-  if (document.TextAccepted) {
-    document.TextToInsert = std::move(text);
-    PictureBox& pbTempText = document.pbTempText;
-    Picture block(pbTempText.ScaleWidth(), pbTempText.ScaleHeight());
-    document.platform.DrawText(document.TextToInsert, block);
-    pbTempText.SetPicture(std::move(block));
-    CopyToMap(document, Gesture::Press, document.TextX - kLeftOfPointer,
-              document.TextY - kAbovePointer, pbTempText.ScaleSize(), pbTempText.Image(), kWhite);
-    document.Canvas.Refresh();
-  }
-  document.Canvas.MousePointer = Pointer::Cross;
-}
-
 }  // namespace
 
 void mnuToolsInsertText_Click(Document& document) {
@@ -44,7 +28,19 @@ bool IsTextArmed(const Document& document) {
 void PlaceText(Document& document, float X, float Y) {
   document.TextX = static_cast<std::int16_t>(std::lround(X));
   document.TextY = static_cast<std::int16_t>(std::lround(Y));
-  StampText(document);
+  std::string text = document.TextToInsert;
+  document.TextAccepted = document.platform.EditText(text);
+  if (document.TextAccepted) {
+    document.TextToInsert = std::move(text);
+    PictureBox& pbTempText = document.pbTempText;
+    Picture block(pbTempText.ScaleWidth(), pbTempText.ScaleHeight());
+    document.platform.DrawText(document.TextToInsert, block);
+    pbTempText.SetPicture(std::move(block));
+    CopyToMap(document, Gesture::Press, document.TextX - kLeftOfPointer,
+              document.TextY - kAbovePointer, pbTempText.ScaleSize(), pbTempText.Image(), kWhite);
+    document.Canvas.Refresh();
+  }
+  document.Canvas.MousePointer = Pointer::Cross;
 }
 
 }  // namespace morvane

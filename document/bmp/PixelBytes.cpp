@@ -16,13 +16,14 @@ namespace {
 /// Four pixels, or the bytes of four and a third in a file.
 using Group = std::uint8_t __attribute__((vector_size(16)));
 constexpr int kGroup = 4;
+constexpr int kGroupBytes = 3 * kGroup;
 /// A group in a file ends four bytes early, so two more pixels must follow it.
 constexpr int kReach = kGroup + 2;
 
 }  // namespace
 
 MORVANE_WIDE void PackPixels(std::uint8_t* to, const Pixel* from, int count) {
-  for (; count >= kReach; count -= kGroup, from += kGroup, to += 3 * kGroup) {
+  for (; count >= kReach; count -= kGroup, from += kGroup, to += kGroupBytes) {
     Group bytes;
     std::memcpy(&bytes, from, sizeof bytes);
     // The last four bytes are overwritten by the next pixels.
@@ -39,7 +40,7 @@ MORVANE_WIDE void PackPixels(std::uint8_t* to, const Pixel* from, int count) {
 
 MORVANE_WIDE void UnpackPixels(Pixel* to, const std::uint8_t* from, int count) {
   constexpr int kAlpha = 16;  // the first byte of the second vector
-  for (; count >= kReach; count -= kGroup, from += 3 * kGroup, to += kGroup) {
+  for (; count >= kReach; count -= kGroup, from += kGroupBytes, to += kGroup) {
     Group bytes;
     std::memcpy(&bytes, from, sizeof bytes);
     bytes = __builtin_shufflevector(bytes, Group{} + 255, 0, 1, 2, kAlpha, 3, 4, 5, kAlpha, 6, 7, 8,

@@ -29,19 +29,13 @@ FileDrop::FileDrop(QWidget* target) : QObject(target) {
 }
 
 bool FileDrop::eventFilter(QObject* /*target*/, QEvent* event) {
-  switch (event->type()) {
-    case QEvent::DragEnter:
-    case QEvent::DragMove:
-    case QEvent::Drop:
-      break;
-    default:
-      return false;
-  }
+  const QEvent::Type type = event->type();
+  if (type != QEvent::DragEnter && type != QEvent::DragMove && type != QEvent::Drop) return false;
   auto& drag = static_cast<QDropEvent&>(*event);
   const std::string path = FileIn(*drag.mimeData());
   drag.setDropAction(Qt::CopyAction);  // the file stays where it is
   drag.setAccepted(!path.empty());
-  if (event->type() == QEvent::Drop && !path.empty()) {
+  if (type == QEvent::Drop && !path.empty()) {
     // Deferred, since the source program waits until the drop is over.
     QMetaObject::invokeMethod(
         this, [this, path] { emit Dropped(path); }, Qt::QueuedConnection);

@@ -2,6 +2,7 @@
 
 #include <QFont>
 #include <QRect>
+#include <QString>
 
 namespace morvane {
 
@@ -16,7 +17,7 @@ constexpr QRect PlaceOf(int left, int top, int width, int height) {
 
 /// Gives a control its name and its place.
 template <typename Control>
-Control* Placed(Control* control, const char* name, const QRect& place) {
+Control* Placed(Control* control, const QString& name, const QRect& place) {
   control->setObjectName(name);
   control->setGeometry(place);
   return control;
