@@ -92,6 +92,7 @@ TEST_F(Rules, OptionsReadAndWriteFiveKeys) {
   EXPECT_EQ(platform.titles[0], "Select the directory where Morvane maps will be saved.");
   EXPECT_EQ(platform.titles[2],
             "Select the directory with your collection of Morvane custom tiles.");
+  EXPECT_EQ(document.settings.Write("Map", "Dir", std::string(2047, 'x')), "");
   EXPECT_NE(document.settings.Write("Map", "Dir", std::string(2048, 'x')), "") << "it is cut";
   platform.unwritable = {"/start/Morvane.ini"};
   EXPECT_FALSE(options.cmdOK_Click());

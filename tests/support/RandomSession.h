@@ -36,10 +36,11 @@ class RandomSession {
     return Speckled(Random(1, maxWidth), Random(1, maxHeight), Random(1, 99));
   }
 
-  /// Most coordinates are near grid lines, where the rules differ. Moves may leave the map.
+  /// Most coordinates are near grid lines, where the rules differ, and the first lines have rules
+  /// of their own. Moves may leave the map.
   int Coordinate(int extent, bool isInside) {
     if (Random(0, 2) == 0) return Random(0, std::max(0, extent / Random(1, 10) - 1));
-    const int v = Random(0, extent / 20) * 20 + Random(-5, 5);
+    const int v = Random(0, Random(0, 1) == 0 ? 2 : extent / 20) * 20 + Random(-5, 5);
     return isInside ? std::clamp(v, 0, std::max(0, extent - 1)) : v + Random(0, 9) / 9 * 50;
   }
 
@@ -65,7 +66,9 @@ class RandomSession {
     const int X = Coordinate(inside.width, kind != 1);
     const int Y = Coordinate(inside.height, kind != 1);
     if (inside.width == 0 || inside.height == 0) return;
-    const int buttons = kind == 0 ? 1 << Random(0, 2) : kind == 1 ? Random(1, 7) : 0;
+    const int buttons = kind == 0   ? 1 << Random(0, 2)
+                        : kind == 1 ? Random(1, Random(0, 1) == 0 ? 2 : 7)
+                                    : 0;
     kind == 0 ? driver_.Press(buttons, X, Y) : driver_.Move(buttons, X, Y);
     kind == 2 ? model_.Hover(X, Y) : model_.Paint(kind == 0, buttons, X, Y);
   }
