@@ -9,7 +9,7 @@
 namespace morvane::bench {
 namespace {
 
-constexpr int kMoves = 400;
+constexpr int kShownMoves = 400;
 
 /// Counts how often a widget is painted.
 class PaintCounter : public QObject {
@@ -40,7 +40,7 @@ struct Window {
 
   /// Moves pixel by pixel. Each move is painted before the next one.
   void MoveAlong(Qt::MouseButtons held) const {
-    for (int x = 50; x < 50 + kMoves; ++x) {
+    for (int x = 50; x < 50 + kShownMoves; ++x) {
       const QPoint place(x, x / 4 + 40);
       QCoreApplication::postEvent(
           canvas, new QMouseEvent(QEvent::MouseMove, place, canvas->mapToGlobal(place),
@@ -57,7 +57,7 @@ void AddMoves(RatioTable& table, const std::shared_ptr<Window>& window, const st
   window->counter.paints = 0;
   window->MoveAlong(held);
   Require(window->counter.paints >= leastPaints, "The window doesn't paint its moves");
-  Comparison(table, {.name = name, .pieces = kMoves}, [=] {
+  Comparison(table, {.name = name, .pieces = kShownMoves}, [=] {
     window->MoveAlong(held);
   }).Absolute(PerSecond(20'000));
 }
@@ -69,8 +69,8 @@ void AddWindow(RatioTable& table) {
   folder.Enter();
   const auto window = std::make_shared<Window>();
   AddMoves(table, window, "Moves of a stroke in the window, each painted", Qt::LeftButton,
-           kMoves * 4 / 5);
-  AddMoves(table, window, "Moves that hover in the window", Qt::NoButton, kMoves / 20);
+           kShownMoves * 4 / 5);
+  AddMoves(table, window, "Moves that hover in the window", Qt::NoButton, kShownMoves / 20);
 }
 
 }  // namespace morvane::bench

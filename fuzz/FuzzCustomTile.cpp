@@ -3,6 +3,8 @@
 #include "fuzz/Require.h"
 #include "platform/PictureDecoding.h"
 
+// The fuzzer declares these parameters.
+// NOLINTNEXTLINE(readability-non-const-parameter)
 extern "C" int LLVMFuzzerInitialize(int* count, char*** arguments) {
   static const QGuiApplication application(*count, *arguments);
   return 0;

@@ -61,7 +61,7 @@ struct Session {
     /// The only message since the last call.
     std::string OneBox() {
       EXPECT_EQ(platform.boxes.size(), 1U);
-      const std::string text = platform.boxes.empty() ? "" : platform.boxes.back().text;
+      std::string text = platform.boxes.empty() ? "" : platform.boxes.back().text;
       platform.boxes.clear();
       return text;
     }
