@@ -5,9 +5,10 @@
 
 #include <QCoreApplication>
 #include <QPointer>
-#include <QThread>
 #include <algorithm>
 #include <atomic>
+#include <system_error>
+#include <thread>
 #include <utility>
 
 namespace morvane {
@@ -33,10 +34,19 @@ void LowerPriority() {
 }  // namespace
 
 struct ThumbnailCache::Job {
+  Job() = default;
+  Job(const Job&) = delete;
+  Job& operator=(const Job&) = delete;
+  /// Detaches a thread that still runs at the end of the program.
+  ~Job() {
+    if (thread.joinable()) thread.detach();
+  }
+
   std::string path;
   int zoom;
   std::atomic<bool> isCanceled = false;
   Thumbnail thumbnail;
+  std::thread thread;
 };
 
 ThumbnailCache::ThumbnailCache(std::chrono::milliseconds timeLimit) : made_(kMaxKilobytes) {
@@ -90,20 +100,23 @@ void ThumbnailCache::Start(const std::string& path) {
   const auto job = std::make_shared<Job>();
   job->path = path;
   job->zoom = zoom_;
-  auto* thread = QThread::create([job] {
+  // The thread may outlive this object, which is accessed only in the main thread.
+  const auto work = [job, self = QPointer(this)] {
     LowerPriority();
     job->thumbnail = ReadThumbnail(job->path, job->zoom, job->isCanceled);
-  });
-  // The thread may outlive this object, which is accessed only in the main thread.
-  connect(thread, &QThread::finished, qApp, [thread, job, self = QPointer(this)] {
-    thread->deleteLater();
-    --running;
-    if (self != nullptr) self->Finish(job);
-  });
-  thread->start();
-  if (!thread->isRunning() && !thread->isFinished()) {
+    QMetaObject::invokeMethod(
+        qApp,
+        [job, self] {
+          job->thread.join();
+          --running;
+          if (self != nullptr) self->Finish(job);
+        },
+        Qt::QueuedConnection);
+  };
+  try {
+    job->thread = std::thread(work);
+  } catch (const std::system_error&) {
     // No more threads now: a later request tries again.
-    delete thread;
     requested_.clear();
     return;
   }
