@@ -156,7 +156,7 @@ void frmMain::WatchHover() {
   reset->Watch(frame5_->File1());
   for (TabStrip* strip : palette_->Strips()) reset->Watch(strip);
   connect(reset, &HoverReset::Moved, this, [this] {
-    form_.palette.Shape1.Visible = false;
+    HideOutline(form_.palette);
     canvas_->ShowState();
   });
 }

@@ -56,4 +56,8 @@ void Canvas_MouseMove(Palette& palette, int Button, float X, float Y) {
   }
 }
 
+void HideOutline(Palette& palette) {
+  palette.Shape1.Visible = false;
+}
+
 }  // namespace morvane

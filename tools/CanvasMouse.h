@@ -11,4 +11,7 @@ void Canvas_MouseDown(Palette& palette, int Button, float X, float Y);
 /// held buttons.
 void Canvas_MouseMove(Palette& palette, int Button, float X, float Y);
 
+/// The pointer moved over a control where no outline belongs.
+void HideOutline(Palette& palette);
+
 }  // namespace morvane
