@@ -3,6 +3,8 @@
 #include <random>
 
 #include "document/picture/Blit.h"
+#include "document/picture/PictureBox.h"
+#include "tests/support/Difference.h"
 #include "tests/support/Sample.h"
 
 namespace morvane {

@@ -54,7 +54,7 @@ void TryEverything(const Fault& fault) {
   editor.Choose("mnuFileSave");
   EXPECT_EQ(editor.OneBox(), message);
   EXPECT_EQ(editor.window.windowTitle(), "Morvane - old.bmp");
-  Options options(editor.form.document);
+  Options options(editor.document);
   options.Form_Load();
   EXPECT_FALSE(options.cmdOK_Click());
   EXPECT_TRUE(editor.OneBox().ends_with("Morvane.ini\n\n" + fault.reason));

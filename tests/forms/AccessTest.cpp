@@ -73,7 +73,7 @@ TEST_F(Access, EveryControlOfTheWindowIsReachedAndSpoken) {
 
 TEST_F(Access, EveryControlOfTheDialogsIsReachedAndSpoken) {
   window.hide();
-  frmOptions options(form.document, nullptr);
+  frmOptions options(document, nullptr);
   EXPECT_EQ(Round(options),
             "EditableText Map Directory:, Button Choose the map directory, "
             "EditableText Custom Directory:, Button Choose the custom directory, "
@@ -97,7 +97,7 @@ TEST_F(Access, KeysDoWhatTheMouseCan) {
   EXPECT_EQ(SpokenAfter({Key_End, Key_Up, Key_Home, Key_Right, Key_Right, Key_Right, Key_Down}),
             "Button Small Fountain = 20 x 20 pixels");
   EXPECT_EQ(SpokenAfter({Key_Space}), "Canvas Map = 615 x 483 pixels");
-  EXPECT_EQ(form.palette.Label2, "Small Fountain");
+  EXPECT_EQ(palette.Label2, "Small Fountain");
   EXPECT_EQ(SpokenAfter({Key_Tab, Key_Tab, Key_Return}), "Button Mode = Wall");
   EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::text() == "Mode"; }));
   // Undo disables itself; the focus stays in the tool bar.

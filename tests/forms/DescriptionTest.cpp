@@ -103,7 +103,7 @@ using Forms = FormFixture;
 // Users know all names, places and texts, and screen readers need theirs. After a wanted change,
 // copy forms.txt from the folder of the build.
 TEST_F(Forms, AreDescribedInFormsTxt) {
-  frmOptions options(form.document, &window);
+  frmOptions options(document, &window);
   frmAbout about(platform, &window);
   frmText text("", &window);
   frmSplash splash;

@@ -1,6 +1,6 @@
 #include <set>
 
-#include "document/picture/Blit.h"
+#include "document/Options.h"
 #include "platform/Images.h"
 #include "platform/QtDialogs.h"
 #include "platform/TextDrawing.h"
@@ -55,37 +55,56 @@ QString Sized(const QString& size, const QString& text) {
   return QString("<span style='font-size:%1'>%2</span>").arg(size, text);
 }
 
-TEST_F(Dialogs, OptionsWriteTheSettingsFile) {
+TEST_F(Dialogs, OptionsReadAndWriteFiveKeys) {
   const auto written = [] {
-    QFile file("Morvane.ini");
-    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "";
+    const Bytes bytes = ReadFile("Morvane.ini");
+    return std::string(bytes.begin(), bytes.end());
   };
-  frmOptions dialog(form.document, &window);
+  frmOptions dialog(document, &window);
   dialog.show();
-  platform.chosenFiles = {"/maps", "/tiles"};
-  platform.colors = {0x0000FF, 0x00FF00};
-  for (const char* name : {"ButtonMapDir", "ButtonCustomDir", "PaletteButton", "GridPaletteButton",
-                           "Label5", "Label2"}) {
+  const auto shownColor = [&](const char* box) {
+    return Shown(*dialog.findChild<QWidget*>(box)).pixelColor(9, 9);
+  };
+  Click(dialog, "PaletteButton");  // canceled: the dialog's colour is black at first
+  EXPECT_EQ(shownColor("ColorBox"), Qt::black);
+  platform.colors = {0x0000FF};
+  platform.chosenFiles = {"/maps", "", "/tiles"};
+  for (const char* name : {"PaletteButton", "GridPaletteButton", "ButtonMapDir", "ButtonMapDir",
+                           "ButtonCustomDir", "Label5", "Label2"}) {
     Click(dialog, name);
   }
+  EXPECT_EQ(shownColor("ColorBox"), Qt::red);
+  EXPECT_EQ(shownColor("GridColorBox"), Qt::red) << "canceled: the colour that was picked before";
   const auto* field = dialog.findChild<QLineEdit*>("TextCustomDir");
   EXPECT_EQ(dialog.focusWidget(), field);
   EXPECT_EQ(field->toolTip(), "/tiles") << "the field may be too short";
-  EXPECT_TRUE(field->isReadOnly());
-  EXPECT_EQ(Shown(*dialog.findChild<QWidget*>("ColorBox")).pixelColor(9, 9), Qt::red);
+  EXPECT_EQ(platform.dialogs[1][0], "Select the directory where Morvane maps will be saved.");
+  EXPECT_EQ(platform.dialogs[2][0],
+            "Select the directory with your collection of Morvane custom tiles.");
   QTest::keyClick(&dialog, Qt::Key_Return);  // no default button
   EXPECT_TRUE(dialog.isVisible());
+  EXPECT_FALSE(QFile::exists("Morvane.ini"));
   Click(dialog, "cmdOK");
   EXPECT_FALSE(dialog.isVisible());
   const std::string settings =
       "[Map]\r\nDir=/maps\r\nGrid=1\r\n\r\n[Custom]\r\nDir=/tiles\r\n\r\n"
-      "[Color]\r\nCanvas=255\r\nGrid=65280\r\n";
+      "[Color]\r\nCanvas=255\r\nGrid=255\r\n";
   EXPECT_EQ(written(), settings);
   dialog.show();
   Click(dialog, "GridCheck");
   Click(dialog, "cmdCancel");
   EXPECT_FALSE(dialog.isVisible());
   EXPECT_EQ(written(), settings);
+
+  Options options{document};
+  std::ofstream("Morvane.ini") << "[Color]\nGrid=255\n[Map]\nGrid=2\n";
+  options.Form_Load();
+  EXPECT_EQ(std::pair(options.ColorBox, options.GridColorBox), std::pair(0U, 255U))
+      << "the defaults replace only two blacks";
+  EXPECT_TRUE(options.cmdOK_Click());
+  EXPECT_EQ(document.settings.GetINIFileString("Map", "Grid", ""), "0");
+  EXPECT_EQ(document.settings.Write("Map", "Dir", std::string(2047, 'x')), "");
+  EXPECT_NE(document.settings.Write("Map", "Dir", std::string(2048, 'x')), "") << "it is cut";
 }
 
 TEST_F(Dialogs, AboutAndSplashShowTheirPictures) {
@@ -219,14 +238,14 @@ TEST_F(Dialogs, OneFileCanBeDropped) {
   const QUrl place = QUrl::fromLocalFile(QDir::currentPath());
   const std::vector<QList<QUrl>> refused = {{}, {place}, {file, file}, {QUrl("http://a/tile.bmp")}};
   for (const QList<QUrl>& urls : refused) EXPECT_FALSE(drop(Find("Canvas"), urls));
-  EXPECT_FALSE(form.document.HasCurrentFile);
+  EXPECT_FALSE(document.HasCurrentFile);
   EXPECT_TRUE(drop(Find("Canvas"), {file}));
-  EXPECT_EQ(form.document.CurrentFile, path);
+  EXPECT_EQ(document.CurrentFile, path);
   emit Find<QComboBox>("TileSetSelector")->activated(kCustomSet);
   auto* files = Find<QListWidget>("File1");
   EXPECT_TRUE(drop(files->viewport(), {file}));
   EXPECT_EQ(files->currentRow(), 0);
-  EXPECT_EQ(form.document.StatusText, "Custom tile selected: tile.bmp");
+  EXPECT_EQ(document.StatusText, "Custom tile selected: tile.bmp");
 }
 
 }  // namespace

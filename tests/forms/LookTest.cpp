@@ -64,7 +64,7 @@ void ForEachForm(Session::Window& editor, const std::function<void(QWidget&)>& c
     emit sets->activated(set);
     show(editor.window);
   }
-  frmOptions options(editor.form.document, &editor.window);
+  frmOptions options(editor.document, &editor.window);
   show(options);
   frmAbout about(editor.platform, &editor.window);
   show(about);
@@ -178,7 +178,7 @@ TEST_P(Looks, EveryFormIsLegibleAndCompleteAndFitsOnTheScreen) {
   const Look& look = GetParam();
   const auto check = [&](Session::Window& editor) {
     ExpectWholePixels(editor, look.zoom);
-    editor.form.document.UndoButtonEnabled = false;
+    editor.document.UndoButtonEnabled = false;
     ForEachForm(editor, [&](QWidget& form) {
       EXPECT_LE(form.width(), look.size.width());
       EXPECT_LT(form.height(), look.size.height()) << "no room for a title bar";

@@ -128,7 +128,7 @@ TEST_F(CustomFiles, AreListedWithThumbnailsAndToolTips) {
   EXPECT_TRUE(QTest::qWaitFor([this] { return PixelAt(0) == Qt::blue; }));
 
   emit Find<QComboBox>("Drive1")->activated(0);
-  EXPECT_EQ(form.palette.Dir1.Path(), "/");
+  EXPECT_EQ(palette.Dir1.Path(), "/");
 }
 
 }  // namespace

@@ -62,15 +62,15 @@ TEST_F(Wiring, EachCommandOpensItsDialogAndTheExitAsks) {
       Do(command);
       QCoreApplication::processEvents();
       if (!platform.boxes.empty()) title = platform.boxes.back().title;
-      if (!platform.dialogs.empty()) title = platform.dialogs.back().DialogTitle;
-      if (std::exchange(platform.prints, 0) > 0) title = "Printed";
+      if (!platform.dialogs.empty()) title = platform.dialogs.back()[0];
+      if (!platform.printed.empty()) title = "Printed";
       EXPECT_EQ(title, opened) << command.toStdString();
       static_cast<DialogScript&>(platform) = {};
     }
   }
   platform.memoryRunsOut = true;
   for (const char* command : {"Open", "F11"}) {
-    form.document.StatusText.clear();
+    document.StatusText.clear();
     Do(command);
     EXPECT_EQ(Find<QLabel>("SimpleText")->text(), "There is not enough memory for this.");
   }
@@ -91,14 +91,14 @@ TEST_F(Wiring, LinesAndLayersAreAsDesigned) {
   EXPECT_EQ(Find("Frame1-1")->childAt(24, 5), Find("pbmarking")) << "the later of two tiles";
   frmAbout about(platform, &window);
   ExpectLines(about, {{15, 162, 363, 1}});
-  form.document.StatusText = std::string(300, 'w');  // too long for the status bar
+  document.StatusText = std::string(300, 'w');  // too long for the status bar
   window.ShowState();
   EXPECT_EQ(Find("SimpleText")->toolTip(), QString(300, 'w'));
 }
 
 TEST_F(Wiring, EveryItemShowsItsPicture) {
   for (const Item& item : Items()) {
-    const PictureView picture = form.palette.pictures.Of(item).View();
+    const PictureView picture = palette.pictures.Of(item).View();
     const QImage shown = Shown(*Find(TextOf(item.control)));
     for (int i = 2; i < 18; ++i) ASSERT_EQ(shown.pixel(i, i), picture.Row(i)[i]) << item.control;
   }
@@ -106,10 +106,10 @@ TEST_F(Wiring, EveryItemShowsItsPicture) {
 
 TEST_F(Wiring, TheOutlineIsHiddenOverTheNamedControlsOnly) {
   const auto expect = [this](bool stays, QWidget* widget, const QPoint& place) {
-    form.palette.Shape1.Visible = true;
+    palette.Shape1.Visible = true;
     QTest::mouseMove(widget, place);
     QCoreApplication::processEvents();
-    EXPECT_EQ(form.palette.Shape1.Visible, stays) << widget->objectName().toStdString();
+    EXPECT_EQ(palette.Shape1.Visible, stays) << widget->objectName().toStdString();
   };
   const auto viewport = [this](const char* list) {
     return Find<QAbstractScrollArea>(list)->viewport();
@@ -135,19 +135,19 @@ TEST_F(Wiring, TheMapTakesPressesInsideItsBorderAndDragsFromThere) {
   QWidget* canvas = Find("Canvas");
   QTest::mouseClick(canvas, Qt::LeftButton, {}, {1, 30});
   QTest::mouseClick(canvas, Qt::LeftButton, {}, {617, 30});
-  EXPECT_FALSE(form.document.mnuEditUndoEnabled);
+  EXPECT_FALSE(document.mnuEditUndoEnabled);
   QTest::mousePress(canvas, Qt::LeftButton, {}, {52, 52});
   QTest::mousePress(canvas, Qt::RightButton, {}, {-10, 600});  // while the left one is held
   QTest::mouseRelease(canvas, Qt::LeftButton, {}, {52, 52});
-  EXPECT_TRUE(form.document.mnuEditUndoEnabled);
+  EXPECT_TRUE(document.mnuEditUndoEnabled);
   NewMap();
   for (const double x : {98.5, 219.5}) {  // fractional positions, as at 200 %
     QMouseEvent press(QEvent::MouseButtonPress, {x + 2, 112}, {}, Qt::LeftButton, Qt::LeftButton,
                       {});
     QCoreApplication::sendEvent(canvas, &press);
   }
-  const PictureView map = form.document.Canvas.Image();
-  const PictureView floor = form.palette.pictures.Of(*FindItem("pbfloor")).View();
+  const PictureView map = document.Canvas.Image();
+  const PictureView floor = palette.pictures.Of(*FindItem("pbfloor")).View();
   EXPECT_EQ(GetPixel(map, 80, 100), GetPixel(floor, 0, 0));
   EXPECT_EQ(GetPixel(map, 220, 100), 0U);
   QCoreApplication::processEvents();

@@ -7,7 +7,6 @@
 #include <cstdio>
 #include <fstream>
 
-#include "document/PictureFile.h"
 #include "shell/widgets/FocusStyle.h"
 #include "tests/support/FormFixture.h"
 
@@ -57,14 +56,6 @@ struct Session {
   };
   struct Window : FormFixture {
     void TestBody() override {}
-    Picture Map() const { return Picture(form.document.Canvas.Image()); }
-    /// The only message since the last call.
-    std::string OneBox() {
-      EXPECT_EQ(platform.boxes.size(), 1U);
-      std::string text = platform.boxes.empty() ? "" : platform.boxes.back().text;
-      platform.boxes.clear();
-      return text;
-    }
   };
 
   int count = 1;
@@ -73,19 +64,5 @@ struct Session {
   Application application{count, arguments};
   Window editor;
 };
-
-/// The names in a folder, with hidden files.
-inline std::string NamesIn(const std::string& folder) {
-  QDir::Filters all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
-  return QDir(QString::fromStdString(folder)).entryList(all).join(' ').toStdString();
-}
-
-/// The map in a file. The test fails if it can't be read.
-inline Picture MapIn(const std::string& path) {
-  QtPlatform platform;
-  Result<LoadedPicture> map = LoadPicture(platform, path);
-  EXPECT_TRUE(map.Ok()) << path << ": " << map.Reason();
-  return map.Ok() ? std::move(map.Value().picture) : Picture();
-}
 
 }  // namespace morvane

@@ -6,37 +6,99 @@
 #include <QtWidgets>
 #include <deque>
 #include <filesystem>
+#include <fstream>
 #include <new>
+#include <optional>
 
+#include "document/PictureFile.h"
 #include "platform/QtPlatform.h"
 #include "shell/ArtSheets.h"
 #include "shell/frmMain.h"
 #include "tests/support/Difference.h"
-#include "tests/support/FakePlatform.h"
+#include "tests/support/FileBytes.h"
+#include "tests/support/Sample.h"
 
 namespace morvane {
+
+/// A message box that was shown.
+struct SeenBox {
+  std::string text;
+  BoxStyle style;
+  std::string title;
+  friend bool operator==(const SeenBox&, const SeenBox&) = default;
+  friend void PrintTo(const SeenBox& box, std::ostream* stream) { *stream << box.text; }
+};
+
+/// The title, filter, preset text and folder of a dialog that was shown.
+using SeenDialog = std::array<std::string, 4>;
+
+/// The answers to the next dialogs, a record of the dialogs, and faults.
+struct DialogScript {
+  std::deque<Answer> answers;           ///< Ok if empty
+  std::deque<std::string> chosenFiles;  ///< files and folders; canceled if empty
+  std::deque<std::string> typedTexts;   ///< rich texts; canceled if empty
+  std::deque<std::uint32_t> colors;     ///< canceled if empty
+  std::vector<SeenBox> boxes;
+  std::vector<SeenDialog> dialogs;
+  std::vector<Picture> printed;
+  Failure printFailure;
+  bool memoryRunsOut = false;                   ///< in the Open dialog and in Undo
+  std::optional<std::size_t> readableSnapshot;  ///< bytes of it; all if empty
+  std::vector<std::string> rescueFolders;       ///< the real ones if empty
+  std::function<void()> onNextBox;              ///< called while the next message box is open
+
+  std::string Choose(const SeenDialog& dialog) {
+    dialogs.push_back(dialog);
+    return Next(chosenFiles).value_or("");
+  }
+  template <typename T>
+  static std::optional<T> Next(std::deque<T>& queue) {
+    if (queue.empty()) return std::nullopt;
+    T next = std::move(queue.front());
+    queue.pop_front();
+    return next;
+  }
+};
 
 /// The real platform with scripted dialogs.
 class ScriptedPlatform : public QtPlatform, public DialogScript {
  public:
   Answer MsgBox(const std::string& text, BoxStyle style, const std::string& title) override {
     ShowState();
-    return Box(text, style, title);
+    if (const auto act = std::exchange(onNextBox, {})) act();
+    boxes.push_back({text, style, title});
+    return Next(answers).value_or(Answer::Ok);
   }
   std::string ShowOpen(const FileDialog& dialog) override {
     if (memoryRunsOut) throw std::bad_alloc();
-    return File(dialog);
+    return ShowSave(dialog);
   }
-  std::string ShowSave(const FileDialog& dialog) override { return File(dialog); }
-  std::string BrowseForFolder(const std::string& title) override { return Folder(title); }
-  void ShowColor(std::uint32_t& color) override { Color(color); }
-  Failure Print(const PictureView& /*picture*/) override {
-    ++prints;
-    return {};
+  std::string ShowSave(const FileDialog& dialog) override {
+    return Choose({dialog.DialogTitle, dialog.Filter, dialog.FileName, dialog.InitDir});
   }
-
-  int prints = 0;
-  bool memoryRunsOut = false;  ///< in the Open dialog
+  std::string BrowseForFolder(const std::string& title) override { return Choose({title}); }
+  void ShowColor(std::uint32_t& color) override { color = Next(colors).value_or(color); }
+  bool EditText(std::string& text) override {
+    dialogs.push_back({"Text", "", text});
+    const auto typed = Next(typedTexts);
+    if (typed) text = *typed;
+    return typed.has_value();
+  }
+  Failure Print(const PictureView& picture) override {
+    printed.emplace_back(picture);
+    return printFailure;
+  }
+  std::vector<std::string> RescueFolders() override {
+    return rescueFolders.empty() ? QtPlatform::RescueFolders() : rescueFolders;
+  }
+  OpenedFile OpenSnapshot() override {
+    if (memoryRunsOut) throw std::bad_alloc();
+    OpenedFile file = QtPlatform::OpenSnapshot();
+    if (!file.Ok() || !readableSnapshot) return file;
+    auto bytes = std::make_unique<OwnedBytes>(ReadAll(*file.Value()).Value());
+    bytes->readable = *readableSnapshot;
+    return OpenedFile(std::move(bytes));
+  }
 };
 
 /// Temporary folders as current directory and for private files.
@@ -55,13 +117,38 @@ class StartFolder {
     std::error_code none;
     std::filesystem::remove_all(folder_.path().toStdString(), none);
   }
-  std::string File(const char* name) const { return folder_.filePath(name).toStdString(); }
+  std::string File(const std::string& name) const {
+    return folder_.path().toStdString() + '/' + name;
+  }
 
  private:
   QString before_ = QDir::currentPath();
   QTemporaryDir folder_;
   QTemporaryDir state_;
 };
+
+inline Bytes ReadFile(const std::string& path) {
+  return ReadAll(*OpenRegularFile(path).Value()).Value();
+}
+
+inline void WriteFile(const std::string& path, const Bytes& bytes) {
+  std::ofstream(path, std::ios::binary)
+      .write(reinterpret_cast<const char*>(bytes.data()), std::ssize(bytes));
+}
+
+/// The names in a folder, with hidden files.
+inline std::string NamesIn(const std::string& folder) {
+  QDir::Filters all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+  return QDir(QString::fromStdString(folder)).entryList(all).join(' ').toStdString();
+}
+
+/// The map in a file. The test fails if it can't be read.
+inline Picture MapIn(const std::string& path) {
+  QtPlatform platform;
+  Result<LoadedPicture> map = LoadPicture(platform, path);
+  EXPECT_TRUE(map.Ok()) << path << ": " << map.Reason();
+  return map.Ok() ? std::move(map.Value().picture) : Picture();
+}
 
 /// A screenshot of a widget in logical pixels.
 inline QImage Shown(QWidget& widget) {
@@ -78,10 +165,13 @@ inline QImage Shown(QWidget& widget) {
 struct FormFixture : testing::Test {
   StartFolder folder;
   ScriptedPlatform platform;
-  MainForm form{platform, &LoadArtSheet};
+  MainForm form;
+  Document& document = form.document;
+  Palette& palette = form.palette;
   frmMain window{form};
 
-  FormFixture() {
+  explicit FormFixture(const TilePictures::SheetLoader& sheets = &LoadArtSheet)
+      : form(platform, sheets) {
     platform.SetWindow(&window, [this] { window.ShowState(); });
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
@@ -94,6 +184,13 @@ struct FormFixture : testing::Test {
     return found;
   }
   QWidget* Client() { return window.centralWidget(); }
+  Picture Map() const { return Picture(document.Canvas.Image()); }
+  /// The only message since the last call.
+  std::string OneBox() {
+    EXPECT_EQ(platform.boxes.size(), 1U);
+    const std::vector<SeenBox> boxes = std::exchange(platform.boxes, {});
+    return boxes.empty() ? "" : boxes.back().text;
+  }
 
   /// Clicks a pixel of the map.
   void Press(int x, int y, Qt::MouseButton button = Qt::LeftButton) {

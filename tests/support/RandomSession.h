@@ -7,8 +7,8 @@
 
 #include "palette/CustomTiles.h"
 #include "palette/PalettePages.h"
-#include "tests/support/FileBytes.h"
 #include "tests/support/ReferenceModel.h"
+#include "tools/Buttons.h"
 
 namespace morvane {
 
@@ -27,6 +27,7 @@ class RandomSession {
       Step();
       ExpectSame();
     }
+    End();
   }
 
  private:
@@ -53,11 +54,9 @@ class RandomSession {
     if (roll < 82) return Turn();
     if (roll < 87) return Undo();
     if (roll < 90) return PickFile();
-    if (roll < 93) return Resize();
-    if (roll < 95) return NewMap();
-    if (roll < 97) return OpenMap();
-    if (roll < 98) return InsertText();
-    EXPECT_EQ(driver_.SaveMap(), WriteBmp(model_.map.View()));
+    if (roll < 92) return Resize();
+    if (roll < 94) return InsertText();
+    UseFiles();
   }
 
   void Paint() {
@@ -112,7 +111,8 @@ class RandomSession {
     const std::string& name = kNames[Random(0, 4)];
     const Picture picture = RandomPicture(1 << Random(1, 8), 1 << Random(1, 8));
     const bool isBroken = Random(0, 4) == 0;
-    driver_.PickFile(name, isBroken ? Bytes{'n', 'o'} : WriteBmp(picture.View()));
+    WriteFile(name, isBroken ? Bytes{'n', 'o'} : WriteBmp(picture.View()));
+    driver_.PickFile(name);
     model_.ChooseSet(kCustomSet);
     if (isBroken) {
       const std::string& status = form_.document.StatusText;
@@ -138,29 +138,98 @@ class RandomSession {
     model_.Resize(client_, statusBar_);
   }
 
-  void NewMap() {
+  void InsertText() {
+    const auto [width, height] = model_.Inside();
+    const int X = Random(0, std::max(0, width - 1));
+    const int Y = Random(0, std::max(0, height - 1));
+    driver_.ArmText();
+    driver_.Move(kLeftButton, X, Y);  // nothing is painted before the press
+    if (width == 0 || height == 0 || Random(0, 3) == 0) return driver_.CancelText();
+    const std::string text = "<b>Crypt</b> of the " + std::to_string(X) + " kings";
+    const bool isAccepted = Random(0, 3) > 0;
+    if (isAccepted) driver_.platform.typedTexts = {text};
+    driver_.Press(1 << Random(0, 2), X, Y);
+    Picture block(509, 349);
+    driver_.platform.DrawText(text, block);
+    model_.Text(text, isAccepted ? &block : nullptr, X, Y);
+  }
+
+  /// Commands that use files, answered at random.
+  void UseFiles() {
+    ScriptedPlatform& platform = driver_.platform;
+    const std::string name = Paths()[Random(0, 3)];
+    const std::string path = Random(0, 4) == 0 ? "" : name;
+    const Answer answer =
+        std::array{Answer::Yes, Answer::Yes, Answer::No, Answer::Cancel}[Random(0, 3)];
+    platform.chosenFiles = {path};
+    platform.answers = {answer};
+    const int roll = Random(0, 9);
+    if (roll < 2) {
+      NewMap(answer);
+    } else if (roll < 5) {
+      if (Random(0, 2) == 0 && name[1] != 'g') ChangeFile(name);
+      driver_.Open();
+      model_.Open(path);
+    } else if (roll < 7) {
+      driver_.Save();
+      model_.Save(path, answer);
+    } else if (roll < 8) {
+      driver_.SaveAs();
+      model_.SaveAs(path, answer);
+    } else if (roll < 9) {
+      Print();
+    } else {
+      platform.answers = {Answer::Cancel};
+      model_.AskToSave();
+      EXPECT_TRUE(driver_.IsExitCanceled());
+    }
+    platform.chosenFiles.clear();
+    platform.answers.clear();
+  }
+
+  void NewMap(Answer answer) {
     const Color color = RandomColor();
     const Color gridColor = RandomColor();
     const bool grid = Random(0, 3) > 0;
-    driver_.NewMap(color, grid, gridColor);
-    model_.NewMap(color, grid, gridColor);
+    model_.mapFolder = Random(0, 1) == 0 ? "" : "/maps";
+    std::ofstream("Morvane.ini") << "[Color]\nCanvas=" << color << "\nGrid=" << gridColor
+                                 << "\n[Map]\nGrid=" << grid << "\nDir=" << model_.mapFolder;
+    driver_.NewMap();
+    model_.NewMap(answer, color, grid, gridColor);
   }
 
-  void OpenMap() {
-    const Picture picture = RandomPicture(900, 700);
-    Bytes file = WriteBmp(picture.View());
-    const bool isBroken = Random(0, 3) == 0;
-    if (isBroken) file.resize(file.size() / 2);
-    driver_.OpenMap(file);
-    if (!isBroken) model_.Load(picture);
+  /// Another program writes a file, perhaps an incomplete one.
+  void ChangeFile(const std::string& path) {
+    Bytes& file = model_.files[path];
+    file = WriteBmp(RandomPicture(900, 700).View());
+    if (Random(0, 2) == 0) file.resize(file.size() / 2);
+    WriteFile(path, file);
   }
 
-  void InsertText() {
-    const Size inside = model_.Inside();
-    if (inside.width == 0 || inside.height == 0) return;
-    const int X = Random(0, inside.width - 1);
-    const int Y = Random(0, inside.height - 1);
-    model_.Text(driver_.InsertText(X, Y), X, Y);
+  void Print() {
+    ScriptedPlatform& platform = driver_.platform;
+    platform.printFailure = Random(0, 1) == 0 ? "" : "There is no printer.";
+    driver_.Print();
+    EXPECT_EQ(platform.printed.back(), model_.map);
+    if (platform.printFailure.empty()) return;
+    model_.boxes.push_back({"The map could not be printed.\n\nThere is no printer.",
+                            BoxStyle::OkExclamation, "Morvane"});
+  }
+
+  /// The user exits, with or without a save.
+  void End() {
+    const bool isSaved = Random(0, 1) == 0;
+    driver_.platform.answers = {isSaved ? Answer::Yes : Answer::No, Answer::Yes};
+    driver_.platform.chosenFiles = {Paths()[0]};
+    model_.AskToSave();
+    if (isSaved) model_.Save(Paths()[0], Answer::Yes);
+    EXPECT_FALSE(driver_.IsExitCanceled());
+    ExpectSameDialogs();
+  }
+
+  std::array<std::string, 4> Paths() const {
+    const auto& folder = driver_.folder;
+    return {folder.File("a"), folder.File("b.bmp"), folder.File("[*] é.bmp"), "/gone/a.bmp"};
   }
 
   static PictureView ShownPart(const PictureBox& box) {
@@ -188,17 +257,27 @@ class RandomSession {
     if (model_.set == kCustomSet) {
       ASSERT_EQ(Difference(ShownPart(palette.Custom), model_.custom.View()), "");
     }
-    ASSERT_EQ(
-        Listed({document.Canvas.Width(), document.Canvas.Height()}, palette.Shape1,
-               static_cast<int>(palette.CurrentMode()), palette.TileSetSelector.ListIndex,
-               palette.Label2, palette.Label5, document.StatusText, document.mnuEditUndoEnabled,
-               document.UndoButtonEnabled),
-        Listed(model_.box, model_.outline, static_cast<int>(model_.mode), model_.set, model_.tile,
-               model_.dimensions, model_.status, model_.canUndo, model_.undoButton));
+    ASSERT_EQ(Listed({document.Canvas.Width(), document.Canvas.Height()}, palette.Shape1,
+                     static_cast<int>(palette.CurrentMode()), palette.TileSetSelector.ListIndex,
+                     palette.Label2, palette.Label5, document.StatusText,
+                     document.mnuEditUndoEnabled, document.UndoButtonEnabled, document.Caption),
+              Listed(model_.box, model_.outline, static_cast<int>(model_.mode), model_.set,
+                     model_.tile, model_.dimensions, model_.status, model_.canUndo,
+                     model_.undoButton, model_.caption));
     for (int set = 0; set < kBuiltInSets; ++set) {
       ASSERT_EQ(CurrentPage(palette, set), model_.pages[set]);
     }
     ASSERT_EQ(driver_.WindowMismatch(), "");
+    ExpectSameDialogs();
+  }
+
+  /// Compares what was shown since the last step, and the files.
+  void ExpectSameDialogs() {
+    ASSERT_EQ(std::exchange(driver_.platform.boxes, {}), std::exchange(model_.boxes, {}));
+    ASSERT_EQ(std::exchange(driver_.platform.dialogs, {}), std::exchange(model_.dialogs, {}));
+    for (const auto& [path, content] : model_.files) {
+      ASSERT_TRUE(ReadFile(path) == content) << path;
+    }
   }
 
   std::mt19937 random_;

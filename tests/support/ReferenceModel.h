@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 
 #include "document/picture/Transform.h"
-#include "tests/support/Sample.h"
+#include "tests/support/FormFixture.h"
 
 namespace morvane {
 
@@ -29,6 +30,15 @@ struct ReferenceModel {
   std::string status;
   bool canUndo = false;
   bool undoButton = true;
+  std::map<std::string, Bytes> files;  ///< by path
+  std::string file;                    ///< path of the map
+  bool hasFile = false;
+  std::string caption = "Morvane";
+  std::string mapFolder;  ///< of the settings
+  std::string text;       ///< the last that was inserted
+  // What the user has seen since the last comparison:
+  std::vector<SeenBox> boxes;
+  std::vector<SeenDialog> dialogs;
 
   explicit ReferenceModel(const TilePictures& pictures)
       : art(pictures), stamp(art.Of(*FindItem("pbfloor"))), source(stamp) {}
@@ -89,7 +99,58 @@ struct ReferenceModel {
     blank = Grown(blank, box);
   }
 
-  void NewMap(Color color, bool grid, Color gridColor) {
+  void SetFile(const std::string& path) {
+    file = path;
+    hasFile = true;
+    caption = "Morvane - " + path.substr(path.rfind('/') + 1);
+  }
+
+  void Open(const std::string& path) {
+    dialogs.push_back({"Open", "Map files (*.bmp)|*.bmp", "", mapFolder});
+    if (path.empty()) return;
+    Result<Picture> picture =
+        files.contains(path) ? ReadBmp(files[path]) : Failed{"There is no such file."};
+    if (!picture.Ok()) {
+      const std::string text = "The map could not be opened.\n\n" + path;
+      return boxes.push_back(
+          {text + "\n\n" + picture.Reason(), BoxStyle::OkExclamation, "Morvane"});
+    }
+    Load(picture.Value());
+    SetFile(path);
+  }
+
+  void SaveAs(const std::string& path, Answer answer) {
+    dialogs.push_back({"Save As", "Map files (*.bmp)|*.bmp", file, mapFolder});
+    if (path.empty()) return;
+    if (files.contains(path)) {
+      boxes.push_back(
+          {"File already exists. Are you sure?", BoxStyle::YesNoExclamation, "Warning"});
+      if (answer != Answer::Yes) return;
+    }
+    if (path.starts_with("/gone/")) {
+      return boxes.push_back(
+          {"The map could not be saved.\n\n" + path + "\n\nThe folder doesn't exist.",
+           BoxStyle::OkExclamation, "Morvane"});
+    }
+    files[path] = WriteBmp(map.View());
+    SetFile(path);
+  }
+
+  void Save(const std::string& path, Answer answer) {
+    if (!hasFile) return SaveAs(path, answer);
+    files[file] = WriteBmp(map.View());
+    boxes.push_back({"Map saved as " + file, BoxStyle::OkOnly, "Morvane"});
+  }
+
+  void AskToSave() {
+    boxes.push_back({"Do you want to save your map?", BoxStyle::YesNoCancelQuestion, "Save?"});
+  }
+
+  void NewMap(Answer answer, Color color, bool grid, Color gridColor) {
+    boxes.push_back({"Are you sure?", BoxStyle::YesNoQuestion, "New map"});
+    if (answer != Answer::Yes) return;
+    hasFile = false;
+    caption = "Morvane";
     const auto paper = [&](Size size, Size filled, Size lines) {
       Picture picture(std::max(1, size.width), std::max(1, size.height));
       for (int y = 0; y < picture.Height(); ++y) {
@@ -109,12 +170,16 @@ struct ReferenceModel {
     blank = paper(box, box, box);
   }
 
-  void Text(const Picture& block, int X, int Y) {
+  /// A press after Insert Text. The block is the picture of the text; null if the user cancels.
+  void Text(const std::string& typed, const Picture* block, int X, int Y) {
     const Pixel key = PixelOf(kWhite);
-    undo = map;
+    dialogs.push_back({"Text", "", text});
     outline.Visible = false;
     canUndo = undoButton = true;
-    Copy(block, X - 2, Y - 8, map, Visible(), &key);
+    if (block == nullptr) return;
+    text = typed;
+    undo = map;
+    Copy(*block, X - 2, Y - 8, map, Visible(), &key);
   }
 
   void Turn(Transform transform) {

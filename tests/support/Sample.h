@@ -4,9 +4,6 @@
 
 #include "document/picture/Blit.h"
 #include "document/picture/Picture.h"
-#include "editor/MainForm.h"
-#include "tests/support/Difference.h"
-#include "tests/support/FakePlatform.h"
 
 namespace morvane {
 
@@ -38,25 +35,5 @@ inline Picture Cut(const PictureView& view, const Rect& rect) {
   BitBlt(picture.Draw(), 0, 0, rect.Width(), rect.Height(), view, rect.left, rect.top);
   return picture;
 }
-
-/// Whether the map shows the top left part of a picture at a place.
-inline bool Holds(const PictureView& map, int x, int y, Size size, const PictureView& picture) {
-  return Cut(map, {x, y, x + size.width, y + size.height}) ==
-         Cut(picture, {0, 0, size.width, size.height});
-}
-
-/// The editor after its start, in a window of the designed size.
-struct Editor {
-  FakePlatform platform;
-  MainForm form{platform, &SpeckledSheet};
-  Document& document = form.document;
-  Palette& palette = form.palette;
-
-  Editor() {
-    form.Form_Initialize();
-    form.Form_Resize(787, 537);
-  }
-  Picture Map() const { return Picture(document.Canvas.Image()); }
-};
 
 }  // namespace morvane

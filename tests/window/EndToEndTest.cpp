@@ -94,7 +94,7 @@ struct Tour : EndToEnd {
   }
   /// Paints the map of scripts/tour, except the text and the custom tile.
   void PaintModel() {
-    model.NewMap(kWhite, true, 0xC0C0C0);
+    model.NewMap(Answer::Yes, kWhite, true, 0xC0C0C0);
     for (int x = 5; x <= 17; x += 2) Stamp("pb4040", {{x, 2}, {x, 4}, {x, 6}});
     model.Pick(*FindItem("pbfloor"));
     Line(168, 168, 228, 228);

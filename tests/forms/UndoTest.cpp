@@ -1,72 +1,65 @@
 #include "document/Undo.h"
 
-#include <gtest/gtest.h>
-
 #include "tests/support/BmpMaker.h"
-#include "tests/support/Sample.h"
-#include "tools/Buttons.h"
-#include "tools/CanvasMouse.h"
+#include "tests/support/FormFixture.h"
 
 namespace morvane {
 namespace {
 
 /// A map with two tiles, the second in its lowest rows, which are the first in the snapshot.
-struct Undo : testing::Test, Editor {
+struct Undo : FormFixture {
   Picture one, both;
 
   Undo() {
-    Canvas_MouseDown(palette, kLeftButton, 5, 5);
+    Press(5, 5);
     one = Map();
-    Canvas_MouseDown(palette, kLeftButton, 45, 465);
+    Press(45, 465);
     both = Map();
   }
 };
 
 TEST_F(Undo, ShowsTheHourglassWhileItReads) {
-  document.Canvas.MousePointer = Pointer::IBeam;
-  int shown = 0;
-  platform.onShowState = [&] {
-    ++shown;
-    EXPECT_EQ(document.MousePointer, Pointer::Hourglass);
-    EXPECT_EQ(document.Canvas.MousePointer, Pointer::Hourglass);
+  Choose("mnuToolsInsertText");
+  const auto shapes = [this] {
+    return std::pair(window.cursor().shape(), Find("Canvas")->cursor().shape());
   };
-  mnuEditUndo_Click(document);
+  int shown = 0;
+  platform.SetWindow(&window, [&] {
+    ++shown;
+    window.ShowState();
+    EXPECT_EQ(shapes(), std::pair(Qt::WaitCursor, Qt::WaitCursor));
+  });
+  Choose("mnuEditUndo");
   EXPECT_EQ(shown, 1);
-  EXPECT_EQ(document.MousePointer, Pointer::Standard);
-  EXPECT_EQ(document.Canvas.MousePointer, Pointer::IBeam);
+  EXPECT_EQ(shapes(), std::pair(Qt::ArrowCursor, Qt::IBeamCursor));
 }
 
 TEST_F(Undo, AFailureIsReportedAndLeavesTheMap) {
-  const Bytes whole = platform.snapshot;
+  const Bytes whole = ReadFile("mvtmp.~mp");
   const auto expectFailure = [this](const std::string& reason) {
-    platform.boxes.clear();
     mnuEditUndo_Click(document);
-    ASSERT_EQ(platform.boxes.size(), 1U);
-    EXPECT_EQ(platform.boxes[0].text, "The last change can't be taken back.\n\n" + reason);
+    EXPECT_EQ(OneBox(), "The last change can't be taken back.\n\n" + reason);
     EXPECT_EQ(Difference(Map(), both), "");
     EXPECT_FALSE(document.mnuEditUndoEnabled || document.UndoButtonEnabled);
     EXPECT_EQ(document.Canvas.MousePointer, Pointer::Cross);
   };
   platform.readableSnapshot = whole.size() / 2;
   expectFailure("Input/output error");
-  platform.readableSnapshot = whole.size();
-  platform.memoryIsFull = true;
+  platform.readableSnapshot.reset();
+  platform.memoryRunsOut = true;
   expectFailure("There is not enough memory for this picture.");
-  platform.memoryIsFull = false;
+  platform.memoryRunsOut = false;
   // Another program replaced the snapshot with run lengths that end after the first row.
   BmpMaker maker{.width = both.Width(), .height = both.Height(), .bits = 8, .compression = 1};
   maker.palette = {0x123456};
   maker.data = {200, 0, 0, 0};
-  platform.snapshotTouched = true;
-  platform.snapshot = maker.Make();
+  WriteFile("mvtmp.~mp", maker.Make());
   expectFailure("The file ends too early.");
-  platform.snapshot = whole;
+  WriteFile("mvtmp.~mp", whole);
   mnuEditUndo_Click(document);
   EXPECT_EQ(Difference(Map(), one), "");
-
-  platform.snapshotFails = true;
-  for (int i = 0; i < 2; ++i) Canvas_MouseDown(palette, kLeftButton, 45, 465);
-  EXPECT_EQ(platform.boxes.size(), 2U) << "a failed snapshot is reported once";
+  platform.DeleteSnapshot();
+  both = one;
   expectFailure("No earlier state of the map was kept.");
 }
 

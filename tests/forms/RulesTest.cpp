@@ -1,0 +1,84 @@
+#include "document/Settings.h"
+#include "palette/CustomTiles.h"
+#include "tests/support/FormFixture.h"
+#include "tools/Buttons.h"
+#include "tools/CanvasKeyboard.h"
+
+namespace morvane {
+namespace {
+
+using Rules = FormFixture;
+
+TEST_F(Rules, AStartTakesASnapshotAndShowsTheStoredFolder) {
+  EXPECT_EQ(ReadFile("mvtmp.~mp"), WriteBmp(Picture(613, 480, kWhite).View()));
+  const std::string start = QDir::currentPath().toStdString();
+  const auto shownFolder = [&](const std::string& stored) {
+    EXPECT_EQ(document.settings.Write("Custom", "Dir", stored), "");
+    MainForm next(platform, &LoadArtSheet);
+    next.Form_Initialize();
+    return next.palette.File1.Path();
+  };
+  EXPECT_EQ(shownFolder("/usr"), "/usr");
+  EXPECT_EQ(shownFolder("/gone"), start);
+  EXPECT_EQ(shownFolder(""), start);
+  std::filesystem::remove_all(start);
+  MainForm homeless(platform, &LoadArtSheet);
+  homeless.Form_Initialize();
+  EXPECT_EQ(homeless.palette.File1.Path(), "");
+  EXPECT_NE(homeless.document.settings.Write("Map", "Grid", "1"), "");
+}
+
+TEST_F(Rules, FoldersOfCustomTiles) {
+  std::filesystem::create_directories("custom/more");
+  for (const char* name : {"root.bmp", "custom/tile.bmp"}) WriteFile(name, WriteBmp(Map().View()));
+  const std::string start = folder.File("");
+  const auto names = [this] {
+    std::string all;
+    for (const FolderList::Row& row : palette.Dir1.Rows()) {
+      all += std::to_string(row.depth) + row.name + (row.isOnPath ? "* " : " ");
+    }
+    return all.substr(all.find("form_tests"));
+  };
+  Dir1_Change(palette, start + "custom/more");
+  EXPECT_EQ(names().substr(17), "* 3custom* 4more* ");
+  EXPECT_TRUE(palette.File1.Files().empty());
+  Dir1_Change(palette, "/gone");
+  EXPECT_EQ(palette.File1.Path(), start + "custom/more");
+  EXPECT_EQ(document.StatusText, "The folder can't be opened: /gone");
+  File1_Drop(palette, start + "root.bmp");
+  EXPECT_EQ(names().substr(17), "* 3custom ");
+  ShowStoredFolder(palette);  // none is stored
+  EXPECT_EQ(document.StatusText, "Custom tile selected: root.bmp");
+  EXPECT_EQ(document.settings.Write("Custom", "Dir", start + "custom"), "");
+  ShowStoredFolder(palette);
+  EXPECT_EQ(palette.File1.Files(), std::vector<std::string>{"tile.bmp"});
+  EXPECT_FALSE(Canvas_KeyDown(palette, kKeyM, kShift | kAlt));
+}
+
+TEST(Numbers, SizesOfPreviews) {
+  const std::vector<std::pair<Size, Size>> rows = {
+      {{60, 60}, {60, 60}},  {{61, 10}, {60, 10}}, {{100, 100}, {60, 60}}, {{100, 50}, {60, 30}},
+      {{50, 100}, {30, 60}}, {{1, 61}, {1, 60}},   {{1000, 1}, {60, 1}},   {{61, 62}, {59, 60}},
+      {{80, 30}, {60, 22}},  {{80, 34}, {60, 26}}};
+  for (const auto& [picture, preview] : rows) {
+    EXPECT_EQ(PreviewSize(picture), preview) << picture.width << "x" << picture.height;
+  }
+}
+
+TEST(Numbers, InSettings) {
+  for (const char* text : {"", "-", "inf", "nan", "--1", "+-1", "yes 1"}) {
+    EXPECT_EQ(NumericValue(text), 0) << text;
+  }
+  EXPECT_EQ(NumericValue(" 1 2\t3 x"), 123);
+  EXPECT_EQ(NumericValue("-7.5z"), -7.5);
+  EXPECT_EQ(NumericValue("+1e3"), 1000);
+  EXPECT_EQ(NumericValue(".5"), 0.5);
+  EXPECT_EQ(LongValue("2.5"), 2);
+  EXPECT_EQ(LongValue("3.5"), 4);
+  EXPECT_EQ(LongValue("99999999999"), 0);
+  EXPECT_EQ(ColorValue("-1"), 0xFFFFFFU);
+  EXPECT_EQ(ColorValue("16777216"), 0U);
+}
+
+}  // namespace
+}  // namespace morvane
