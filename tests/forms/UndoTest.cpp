@@ -49,10 +49,9 @@ TEST_F(Undo, AFailureIsReportedAndLeavesTheMap) {
   platform.memoryRunsOut = true;
   expectFailure("There is not enough memory for this picture.");
   platform.memoryRunsOut = false;
-  // Another program replaced the snapshot with run lengths that end after the first row.
+  // Another program replaced the snapshot with run lengths that end in the first row.
   BmpMaker maker{.width = both.Width(), .height = both.Height(), .bits = 8, .compression = 1};
-  maker.palette = {0x123456};
-  maker.data = {200, 0, 0, 0};
+  maker.data = Bytes(whole.size() - 54, 1);
   WriteFile("mvtmp.~mp", maker.Make());
   expectFailure("The file ends too early.");
   WriteFile("mvtmp.~mp", whole);
