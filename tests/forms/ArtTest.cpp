@@ -1,6 +1,7 @@
 #include <set>
 
 #include "palette/TilePictures.h"
+#include "platform/Images.h"
 #include "shell/ArtSheets.h"
 #include "shell/widgets/Text.h"
 #include "tests/support/FormFixture.h"
@@ -9,33 +10,37 @@ namespace morvane {
 namespace {
 
 /// Expects an element on a sheet of a set, once, and drawn opaque in several colours.
-void ExpectDrawn(int set, std::string_view page, std::string_view element, const QRect& place,
-                 int colors) {
+void ExpectDrawn(int set, std::string_view page, std::string_view element, const Rect& place,
+                 const Picture& picture, int colors) {
   const QString sheet = TextOf(TileSets()[set].folder) + "/" + TextOf(page);
   SCOPED_TRACE(sheet.toStdString() + " " + std::string(element));
   QFile source(MORVANE_ART "/" + sheet + ".svg");
   ASSERT_TRUE(source.open(QIODevice::ReadOnly));
   EXPECT_EQ(source.readAll().count("id=\"" + TextOf(element).toUtf8() + "\""), 1);
   const QImage image = QImage(":/tiles/" + sheet + ".png").convertToFormat(QImage::Format_ARGB32);
-  ASSERT_TRUE(image.rect().contains(place));
-  std::set<QRgb> drawn;
-  for (int y = place.top(); y <= place.bottom(); ++y) {
-    for (int x = place.left(); x <= place.right(); ++x) drawn.insert(image.pixel(x, y));
-  }
+  const QRect rect(place.left, place.top, place.Width(), place.Height());
+  ASSERT_TRUE(image.rect().contains(rect));
+  const QImage part = image.copy(rect);
+  EXPECT_TRUE(ImageOver(picture.View()) == part.convertToFormat(QImage::Format_RGB32));
+  const auto* pixels = reinterpret_cast<const QRgb*>(part.constBits());
+  const std::set<QRgb> drawn(pixels, pixels + rect.width() * rect.height());
   EXPECT_GE(std::ssize(drawn), colors);
   EXPECT_EQ(qAlpha(*drawn.begin()), 255);  // the least of all
 }
 
 TEST(Art, EveryItemAndEdgeIsDrawnAtItsPlace) {
+  const TilePictures pictures(&LoadArtSheet);
   for (const Item& item : Items()) {
+    const int x = item.column * 20;
+    const int y = item.row * 20;
     ExpectDrawn(item.set, TileSets()[item.set].pages[item.page - 1].sheet, item.control,
-                {item.column * 20, item.row * 20, item.stored.width, item.stored.height}, 2);
+                {x, y, x + item.stored.width, y + item.stored.height}, pictures.Of(item), 2);
   }
   for (const EdgePicture& edge : EdgePictures()) {
-    const auto [left, top, right, bottom] = EdgeOnSheet(edge);
-    ExpectDrawn(edge.set, "edges", edge.control, {left, top, right - left, bottom - top},
-                edge.edge == Edge::Wall ? 1 : 2);
+    ExpectDrawn(edge.set, "edges", edge.control, EdgeOnSheet(edge),
+                *pictures.Of(edge.set, edge.edge, edge.direction), edge.edge == Edge::Wall ? 1 : 2);
   }
+  EXPECT_EQ(pictures.Of(kClassicVillage, Edge::SecretDoor, Direction::Vertical), nullptr);
 }
 
 TEST(Art, TheFenceHasItsColourKeyInTheGapsWithoutBlending) {

@@ -1,8 +1,10 @@
+// The controls of all forms, as users see them, reach them by keyboard and hear them.
 
 #include "shell/frmAbout.h"
 #include "shell/frmOptions.h"
 #include "shell/frmSplash.h"
 #include "shell/frmText.h"
+#include "shell/widgets/FontDialog.h"
 #include "shell/widgets/Text.h"
 #include "tests/support/FormFixture.h"
 
@@ -67,14 +69,17 @@ QStringList ControlsOf(const QWidget& parent) {  // NOLINT(misc-no-recursion)
 
 QStringList EdgesOfCatalogue() {
   QStringList lines;
-  for (const auto& [control, set, edge, direction, size] : EdgePictures()) {
-    lines << QString("%1|set %2, kind %3, direction %4|%5x%6")
-                 .arg(TextOf(control))
-                 .arg(set)
-                 .arg(static_cast<int>(edge))
-                 .arg(static_cast<int>(direction))
-                 .arg(size.width)
-                 .arg(size.height);
+  for (const EdgePicture& edge : EdgePictures()) {
+    const auto [left, top, right, bottom] = EdgeOnSheet(edge);
+    lines << QString("%1|set %2, kind %3, direction %4|%5,%6 to %7,%8")
+                 .arg(TextOf(edge.control))
+                 .arg(edge.set)
+                 .arg(static_cast<int>(edge.edge))
+                 .arg(static_cast<int>(edge.direction))
+                 .arg(left)
+                 .arg(top)
+                 .arg(right)
+                 .arg(bottom);
   }
   return lines;
 }
@@ -98,7 +103,75 @@ QStringList ActionsOf(const QList<QAction*>& actions) {  // NOLINT(misc-no-recur
   return lines;
 }
 
-using Forms = FormFixture;
+QString NameOf(QWidget* control) {
+  const QString name = control->objectName();
+  if (!name.isEmpty() && !name.startsWith("qt_")) return name;
+  return QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name);
+}
+
+QWidget* FocusAfter(int key, Qt::KeyboardModifiers modifiers = {}) {
+  QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+  return QApplication::focusWidget();
+}
+
+/// One round of the Tab key through a form. Each stop must look different with the focus.
+QString TabStopsOf(QWidget& form) {
+  form.show();
+  form.activateWindow();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
+  FocusAfter(Qt::Key_Tab);
+  QWidget* const first = FocusAfter(Qt::Key_Tab, Qt::ShiftModifier);
+  QStringList names;
+  QWidget* stop = first;
+  do {
+    names << NameOf(stop);
+    const QImage withFocus = stop->grab().toImage();
+    QWidget* next = FocusAfter(Qt::Key_Tab);
+    EXPECT_NE(stop->grab().toImage(), withFocus) << names.last().toStdString();
+    stop = next;
+  } while (stop != first && names.size() < 30);
+  return "Tab: " + names.join(", ");
+}
+
+/// Where the focus moves from each visible button with Home, Left, Up, Right, Down and End.
+QStringList NeighboursIn(const QWidget& form) {
+  QStringList lines;
+  for (auto* button : form.findChildren<QAbstractButton*>()) {
+    if (!button->isVisible() || !button->isEnabled()) continue;
+    QStringList names;
+    for (const int key :
+         {Qt::Key_Home, Qt::Key_Left, Qt::Key_Up, Qt::Key_Right, Qt::Key_Down, Qt::Key_End}) {
+      button->setFocus();
+      names << NameOf(FocusAfter(key));
+    }
+    lines << NameOf(button) + ": " + names.join(", ");
+  }
+  return lines;
+}
+
+struct Forms : FormFixture {
+  /// The tab stops and neighbours on every page.
+  QStringList Navigation() {
+    QStringList lines;
+    window.activateWindow();
+    auto* sets = Find<QComboBox>("TileSetSelector");
+    for (int set = 0; set < sets->count(); ++set) {
+      emit sets->activated(set);
+      Find("Canvas")->setFocus();
+      lines << TabStopsOf(window);
+      for (int page = 1; set < kBuiltInSets && page <= TileSets()[set].pageCount; ++page) {
+        auto* tabs = Find(TextOf(TileSets()[set].tabStrip))->findChild<QTabBar*>();
+        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(page - 1).center());
+        QAccessibleInterface& strip = *QAccessible::queryAccessibleInterface(tabs);
+        const QAccessibleInterface& tab = *strip.child(page - 1);
+        lines << tab.text(QAccessible::Name) + (tab.state().selected ? " selected" : "");
+        lines << NeighboursIn(window);
+      }
+    }
+    lines.removeDuplicates();
+    return lines;
+  }
+};
 
 // Users know all names, places and texts, and screen readers need theirs. After a wanted change,
 // copy forms.txt from the folder of the build.
@@ -110,7 +183,13 @@ TEST_F(Forms, AreDescribedInFormsTxt) {
   QStringList actual = ActionsOf(window.menuBar()->actions());
   actual << ActionsOf(Find<QToolBar>("tbToolBar")->actions());
   actual << ControlsOf(window);  // and of the dialogs that it owns
-  actual << DescriptionOf(&splash) << EdgesOfCatalogue() << "";
+  actual << DescriptionOf(&splash) << EdgesOfCatalogue() << Navigation();
+  window.hide();
+  for (QWidget* dialog : std::initializer_list<QWidget*>{&options, &about, &text}) {
+    actual << TabStopsOf(*dialog);
+    dialog->hide();
+  }
+  actual << "";
 
   QFile current(QCoreApplication::applicationDirPath() + "/forms.txt");
   ASSERT_TRUE(current.open(QIODevice::WriteOnly));
@@ -122,6 +201,24 @@ TEST_F(Forms, AreDescribedInFormsTxt) {
     EXPECT_EQ(actual[i].toStdString(), expected[i].toStdString()) << "line " << i + 1;
   }
   EXPECT_EQ(actual.size(), expected.size());
+}
+
+TEST_F(Forms, KeysOfTheWindow) {
+  using enum Qt::Key;
+  FontDialog font(nullptr);
+  EXPECT_TRUE(TabStopsOf(font).contains("Color"));
+  font.hide();
+  window.activateWindow();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+  Find("pbmarking")->setFocus();
+  EXPECT_EQ(NameOf(FocusAfter(Key_Space)), "Canvas");
+  EXPECT_EQ(palette.Label2, "Marking");
+  Find("WallButton")->setFocus(Qt::TabFocusReason);
+  FocusAfter(Key_Return);
+  EXPECT_EQ(palette.CurrentMode(), Mode::Wall);
+  EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::text() == "Mode"; }));
+  Tool("Undo")->setFocus();
+  EXPECT_EQ(FocusAfter(Key_Space), Tool("Redo")) << "Undo disables itself";
 }
 
 }  // namespace

@@ -115,15 +115,5 @@ TEST_F(SnapshotFileTest, PrivateFoldersMustNotBeLinksOrWritableByOthers) {
   EXPECT_FALSE(MakePrivateFolder("mine").IsOpen());
 }
 
-TEST_F(SnapshotFileTest, NotesOfRescueCopiesAreKeptUntilTheyAreDeleted) {
-  QtPlatform platform;
-  for (const char* path : {"/maps/one.bmp", "/maps/other.bmp"}) platform.NoteRescueCopy(path);
-  EXPECT_EQ(platform.RescueNotes().size(), 2U);
-  platform.DeleteRescueNotes({"/maps/one.bmp"});
-  EXPECT_EQ(platform.RescueNotes(), std::vector<std::string>{"/maps/other.bmp"});
-  platform.DeleteRescueNotes({"/maps/other.bmp"});
-  EXPECT_TRUE(std::filesystem::is_empty(qgetenv("XDG_STATE_HOME").toStdString()));
-}
-
 }  // namespace
 }  // namespace morvane
