@@ -102,6 +102,10 @@ TEST_F(Tour, PaintsItsMapThroughTheRealProgram) {
   expect(*art.Of(0, Edge::Wall, Direction::Horizontal), 299, 38);
   expect(*art.Of(0, Edge::Door, Direction::Horizontal), 182, 157);
   expect(*art.Of(0, Edge::SecretDoor, Direction::Horizontal), 342, 157);
+  const Picture blank = Cut(map.View(), {540, 400, 580, 440});
+  expect(blank, 440, 40);   // erased
+  expect(blank, 440, 120);  // undone
+  EXPECT_NE(Cut(map.View(), {100, 80, 140, 120}), art.Of(*FindItem("pb4040"))) << "custom tile";
   const Picture text = Cut(map.View(), {108, 262, 420, 290});
   EXPECT_GT(std::count(text.View().Row(0), text.View().Row(28), PixelOf(0)), 300);
 }
