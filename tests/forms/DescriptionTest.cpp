@@ -150,6 +150,18 @@ QStringList NeighboursIn(const QWidget& form) {
 }
 
 struct Forms : FormFixture {
+  /// The controls over which a move of the mouse hides the outline.
+  QString HidingControls() {
+    QStringList names;
+    for (auto* control : window.findChildren<QWidget*>()) {
+      const QPoint corner = control->rect().bottomRight() - QPoint(2, 2);
+      if (!control->visibleRegion().contains(corner)) continue;
+      palette.Shape1.Visible = true;
+      QTest::mouseMove(control, corner);
+      if (!palette.Shape1.Visible) names << NameOf(control);
+    }
+    return "Outline hidden over: " + names.join(", ");
+  }
   /// The tab stops and neighbours on every page.
   QStringList Navigation() {
     QStringList lines;
@@ -158,7 +170,7 @@ struct Forms : FormFixture {
     for (int set = 0; set < sets->count(); ++set) {
       emit sets->activated(set);
       Find("Canvas")->setFocus();
-      lines << TabStopsOf(window);
+      lines << TabStopsOf(window) << HidingControls();
       for (int page = 1; set < kBuiltInSets && page <= TileSets()[set].pageCount; ++page) {
         auto* tabs = Find(TextOf(TileSets()[set].tabStrip))->findChild<QTabBar*>();
         QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(page - 1).center());

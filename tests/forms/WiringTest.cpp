@@ -79,33 +79,12 @@ TEST_F(Wiring, EveryItemShowsItsPicture) {
     const QImage shown = Shown(*Find(TextOf(item.control)));
     for (int i = 2; i < 18; ++i) ASSERT_EQ(shown.pixel(i, i), picture.Row(i)[i]) << item.control;
   }
-}
-
-TEST_F(Wiring, TheOutlineIsHiddenOverTheNamedControlsOnly) {
-  const auto expect = [this](bool stays, QWidget* widget, const QPoint& place) {
-    palette.Shape1.Visible = true;
-    QTest::mouseMove(widget, place);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(palette.Shape1.Visible, stays) << widget->objectName().toStdString();
-  };
-  const auto viewport = [this](const char* list) {
-    return Find<QAbstractScrollArea>(list)->viewport();
-  };
   const QImage plain = Shown(*Find("pbmarking"));
-  expect(true, Find("pbmarking"), {10, 10});
-  EXPECT_NE(Shown(*Find("pbmarking")), plain) << "the frame of the tile under the pointer";
-  for (const char* name : {"pbfloor", "Frame1-1", "Label3", "Picture1", "WallButton"}) {
-    expect(true, Find(name), Find(name)->rect().bottomRight() - QPoint(2, 2));
-  }
-  expect(false, Find("TabStrip1"), {10, 10});
-  expect(false, Client(), {4, 400});
-  expect(false, Find("sbStatusBar"), {300, 5});
-  expect(false, Find("tbToolBar"), {700, 5});
-  expect(false, Tool("Undo"), {5, 5});
-  emit Find<QComboBox>("TileSetSelector")->activated(kCustomSet);
-  expect(true, viewport("Dir1"), {5, 5});
-  expect(false, viewport("File1"), {5, 5});
-  expect(false, Find("Frame5"), {2, 100});
+  QTest::mouseMove(Find("pbmarking"), {10, 10});
+  EXPECT_TRUE(Shown(*Find("pbmarking")) != plain) << "the frame of the tile under the pointer";
+  palette.Shape1.Visible = true;
+  QTest::mouseMove(Client(), {4, 400});
+  EXPECT_FALSE(palette.Shape1.Visible) << "the outline is hidden over the ground of the window";
 }
 
 TEST_F(Wiring, TheMapTakesPressesInsideItsBorderAndDragsFromThere) {
