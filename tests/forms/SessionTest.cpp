@@ -132,9 +132,7 @@ class Driver : public FormFixture {
         {"stamp",
          Find("Picture1")->size() == QSize(palette.Picture1.Width(), palette.Picture1.Height())},
         {"pages", ShownPages() == ExpectedPages()},
-        {"screen",
-         random_() % 16 != 0 ||
-             Shown(*Find("Canvas")).copy(Find("Canvas")->contentsRect()) == ExpectedScreen()}};
+        {"screen", random_() % 8 != 0 || Screen() == ExpectedScreen()}};
     for (const auto& [name, isRight] : checks) {
       if (!isRight) return name;
     }
@@ -181,6 +179,18 @@ class Driver : public FormFixture {
     return {strip, TextOf(TileSets()[set].frame) + "-" + QString::number(page)};
   }
 
+  /// The map as the display shows it after its partial updates.
+  QImage Screen() {
+    QCoreApplication::processEvents();
+    QWidget* canvas = Find("Canvas");
+    const QRect inside = canvas->contentsRect();
+    const QRect place(canvas->mapTo(&window, inside.topLeft()), inside.size());
+    // Qt can't take screenshots of enlarged or cut off windows without a display.
+    const bool isCut = inside.isEmpty() || !window.rect().contains(place);
+    if (isCut || window.devicePixelRatioF() != 1) return ExpectedScreen();
+    const QPixmap screen = window.screen()->grabWindow(window.winId());
+    return screen.toImage().copy(place).convertToFormat(QImage::Format_RGB32);
+  }
   /// The visible part of the map with the outline of the stamp.
   QImage ExpectedScreen() {
     const PictureView map = document.Canvas.Image();

@@ -120,11 +120,7 @@ class RandomSession {
       model_.status = status;
       return;
     }
-    const Size small = PreviewSize({picture.Width(), picture.Height()});
-    Picture preview(small.width, small.height);
-    StretchBlt(preview.Draw(), 0, 0, small.width, small.height, picture.View(), 0, 0,
-               picture.Width(), picture.Height());
-    model_.PickFile(name, picture, preview);
+    model_.PickFile(name, picture);
   }
 
   void Resize() {

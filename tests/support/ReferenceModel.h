@@ -5,6 +5,7 @@
 #include <map>
 
 #include "document/picture/Transform.h"
+#include "palette/CustomTiles.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {
@@ -53,7 +54,16 @@ struct ReferenceModel {
   }
 
   /// A picture file becomes the stamp; the preview is shown beside the buttons.
-  void PickFile(const std::string& name, const Picture& picture, const Picture& preview) {
+  void PickFile(const std::string& name, const Picture& picture) {
+    const Size small = PreviewSize({picture.Width(), picture.Height()});
+    Picture preview(small.width, small.height);
+    for (int y = 0; y < small.height; ++y) {
+      for (int x = 0; x < small.width; ++x) {
+        preview.Row(y)[x] = picture.View().Row(
+            (y * 2 + 1) * picture.Height() /
+            (small.height * 2))[(x * 2 + 1) * picture.Width() / (small.width * 2)];
+      }
+    }
     custom = picture;
     stamp = preview;
     if (preview == picture) source = picture;
