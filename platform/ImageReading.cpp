@@ -10,8 +10,8 @@
 namespace morvane {
 namespace {
 
-/// The bytes of a picture, which end early once decoding is abandoned. Not a QBuffer, because
-/// decoders access its memory directly.
+/// The bytes of a picture, which can't be read any more once isCanceled is set. Not a QBuffer,
+/// because decoders access its memory directly.
 class StoppableBytes : public QIODevice {
  public:
   StoppableBytes(const Bytes& content, const std::atomic<bool>& isCanceled)
