@@ -17,7 +17,7 @@ namespace {
 /// The shortest time between two requests for thumbnails.
 constexpr std::chrono::milliseconds kRequestInterval(30);
 
-/// A tool tip with a picture above a line of text, in physical pixels.
+/// A tool tip with a picture, which is shown in physical pixels, above a line of text.
 QString PictureToolTip(const QImage& image, const QString& text) {
   QByteArray png;
   QBuffer buffer(&png);
