@@ -53,8 +53,7 @@ void TileBox::paintEvent(QPaintEvent* /*event*/) {
   DrawSharpBox(painter, place, palette().color(QPalette::Highlight), 2);
   if (!hasFocus()) return;
   // The keyboard focus looks different from the mouse hover.
-  painter.setPen(palette().color(QPalette::HighlightedText));
-  painter.drawRect(place.adjusted(2, 2, -3, -3));
+  DrawSharpBox(painter, place.adjusted(2, 2, -2, -2), palette().color(QPalette::HighlightedText));
 }
 
 }  // namespace morvane
