@@ -18,6 +18,7 @@
 #include <optional>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "document/picture/Color.h"
 #include "platform/ScreenRoom.h"
@@ -103,26 +104,29 @@ void FitColumns(const QFileDialog& box) {
   columns->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
+/// The names in a folder that Qt shows as the given one.
+std::vector<std::filesystem::path> NamesShownAs(const QString& shown,
+                                                const std::filesystem::path& folder) {
+  std::vector<std::filesystem::path> names;
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const std::filesystem::path name = entry->path().filename();
+    if (QString::fromStdString(name) == shown) names.push_back(name);
+  }
+  return names;
+}
+
 /// The bytes of a path that Qt shows. A name that isn't UTF-8 is shown with replacement characters,
-/// so the folder is searched for the name that is shown like this. Empty if there are several.
+/// so it is searched for in its folder. Returns an empty path if several names are shown like it.
 std::filesystem::path SystemPath(const QString& shown) {
   std::filesystem::path path;
   for (const std::filesystem::path& name : std::filesystem::path(shown.toStdString())) {
-    std::error_code error;
     const QString shownName = QString::fromStdString(name);
-    std::filesystem::path found = name;
-    int matches = 0;
-    if (shownName.contains(QChar::ReplacementCharacter)) {
-      for (std::filesystem::directory_iterator entry(path, error), end; !error && entry != end;
-           entry.increment(error)) {
-        const std::filesystem::path candidate = entry->path().filename();
-        if (QString::fromStdString(candidate) != shownName) continue;
-        found = candidate;
-        ++matches;
-      }
-    }
-    if (matches > 1) return {};
-    path /= found;
+    std::vector<std::filesystem::path> matches;
+    if (shownName.contains(QChar::ReplacementCharacter)) matches = NamesShownAs(shownName, path);
+    if (matches.size() > 1) return {};
+    path /= matches.empty() ? name : matches.front();
   }
   return path;
 }

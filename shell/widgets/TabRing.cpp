@@ -111,7 +111,9 @@ TabRing::Stop* TabRing::StopOf(const QObject* control) {
 bool TabRing::Move(const QWidget* from, bool next) {
   const Stop* current = StopOf(from);
   const auto count = static_cast<int>(stops_.size());
-  const int start = current != nullptr ? static_cast<int>(current - stops_.data()) : next ? -1 : 0;
+  // From another control, Tab moves to the first stop and Shift+Tab to the last.
+  int start = next ? -1 : 0;
+  if (current != nullptr) start = static_cast<int>(current - stops_.data());
   // A button that was disabled by its own click passes the focus on within its group first.
   const bool stays = current != nullptr && !from->isEnabled();
   for (int i = stays ? 0 : 1; i <= count; ++i) {
