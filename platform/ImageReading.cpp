@@ -22,9 +22,9 @@ class StoppableBytes : public QIODevice {
   qint64 size() const override { return static_cast<qint64>(content_.size()); }
 
  protected:
-  qint64 readData(char* data, qint64 most) override {
+  qint64 readData(char* data, qint64 maxSize) override {
     if (isCanceled_) return -1;
-    const qint64 count = std::clamp<qint64>(size() - pos(), 0, most);
+    const qint64 count = std::clamp<qint64>(size() - pos(), 0, maxSize);
     std::copy_n(content_.begin() + pos(), count, data);
     return count;
   }

@@ -17,6 +17,6 @@ Result<std::string> WithProfileValue(const std::string& text, const std::string&
                                      const std::string& key, const std::string& value);
 
 /// The UTF-8 text truncated to a number of bytes, never inside a character.
-std::string CutText(std::string text, std::size_t most);
+std::string CutText(std::string text, std::size_t maxBytes);
 
 }  // namespace morvane

@@ -62,10 +62,10 @@ void FileRows::paint(QPainter* painter, const QStyleOptionViewItem& option,
   if (thumbnail == nullptr || thumbnail->size.isEmpty()) return;
   QStyleOptionViewItem full = option;
   initStyleOption(&full, index);
-  const QRect room =
+  const QRect place =
       list_->style()->subElementRect(QStyle::SE_ItemViewItemDecoration, &full, list_);
   const QSize size = thumbnail->small.deviceIndependentSize().toSize();
-  painter->drawImage(QStyle::alignedRect(option.direction, Qt::AlignCenter, size, room).topLeft(),
+  painter->drawImage(QStyle::alignedRect(option.direction, Qt::AlignCenter, size, place).topLeft(),
                      thumbnail->small);
 }
 

@@ -68,19 +68,20 @@ void RichTextBox::Format(QTextCharFormat format) {
 }
 
 void RichTextBox::Insert(const QTextDocument& pasted) {
-  TextLimits room(*document());
+  TextLimits limits(*document());
   QTextCursor cursor = textCursor();
   // Without an edit block the paragraph would be laid out again for every piece.
   cursor.beginEditBlock();
-  for (QTextBlock block = pasted.begin(); block.isValid() && !room.IsFull(); block = block.next()) {
+  for (QTextBlock block = pasted.begin(); block.isValid() && !limits.IsFull();
+       block = block.next()) {
     if (block != pasted.begin()) {
-      room.Take("\n", {});
+      limits.Take("\n", {});
       cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
     }
-    for (auto part = block.begin(); !part.atEnd() && !room.IsFull(); ++part) {
-      const QTextCharFormat kept = room.Fit(part.fragment().charFormat());
+    for (auto part = block.begin(); !part.atEnd() && !limits.IsFull(); ++part) {
+      const QTextCharFormat kept = limits.Fit(part.fragment().charFormat());
       const QString text = part.fragment().text().remove(QChar::ObjectReplacementCharacter);
-      cursor.insertText(room.Take(text, kept), kept);
+      cursor.insertText(limits.Take(text, kept), kept);
     }
   }
   cursor.endEditBlock();

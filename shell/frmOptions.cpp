@@ -77,10 +77,10 @@ void ShowColor(QWidget* box, QWidget* button, Color color) {
   QPalette palette = box->palette();
   palette.setColor(QPalette::Window, shown);
   box->setPalette(palette);
-  const QString spoken =
+  const QString description =
       QString("Red %1, green %2, blue %3").arg(shown.red()).arg(shown.green()).arg(shown.blue());
-  box->setAccessibleDescription(spoken);
-  button->setAccessibleDescription(spoken);
+  box->setAccessibleDescription(description);
+  button->setAccessibleDescription(description);
 }
 
 }  // namespace

@@ -34,8 +34,8 @@ QColor SubtleLineColor(const QPalette& palette) {
   constexpr int kPercent = 77;  // of the background
   const QColor background = palette.color(QPalette::Window);
   const QColor text = palette.color(QPalette::WindowText);
-  const auto mixed = [](int one, int other) {
-    return (one * kPercent + other * (100 - kPercent)) / 100;
+  const auto mixed = [](int back, int fore) {
+    return (back * kPercent + fore * (100 - kPercent)) / 100;
   };
   return {mixed(background.red(), text.red()), mixed(background.green(), text.green()),
           mixed(background.blue(), text.blue())};
