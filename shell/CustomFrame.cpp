@@ -67,11 +67,14 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   files_->setAccessibleName("Custom tile pictures");
   files_->setItemDelegate(fileRows_);
 
-  // There are only four rows and no room for a scroll bar: tool tips show elided names.
+  // Four rows leave no room for a horizontal scroll bar: tool tips show elided names.
   folders_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   folders_->setIconSize({16, 16});
   folders_->setItemDelegate(new IndentDelegate(folders_));
+  ConnectEvents();
+}
 
+void CustomFrame::ConnectEvents() {
   connect(drive_, &QComboBox::activated, this,
           [this](int row) { emit DriveChosen(drive_->itemData(row).toByteArray().toStdString()); });
   const auto open = [this](const QListWidgetItem* item) {

@@ -41,6 +41,7 @@ class CustomFrame : public GroupFrame {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void ConnectEvents();
   void ListDrives();
   void ShowDrive();
   void ShowFolders();
