@@ -14,10 +14,15 @@
 namespace morvane {
 namespace {
 
-Failure CheckRegularFile(const struct stat& file) {
+Failure CheckType(const struct stat& file) {
   if (S_ISDIR(file.st_mode)) return "This is a folder, not a file.";
-  if (!S_ISREG(file.st_mode)) return "This is not a normal file.";
-  return file.st_size > kMaxFileBytes ? kTooLargeFile : Failure();
+  return S_ISREG(file.st_mode) ? Failure() : "This is not a normal file.";
+}
+
+Failure CheckReadable(const struct stat& file) {
+  Failure failure = CheckType(file);
+  if (failure.empty() && file.st_size > kMaxFileBytes) failure = kTooLargeFile;
+  return failure;
 }
 
 /// The path with symbolic links resolved, whether the target exists or not.
@@ -31,8 +36,8 @@ std::filesystem::path ResolveLinks(std::filesystem::path path) {
 }
 
 Failure CheckReplaceable(const std::filesystem::path& path, const struct stat& old) {
-  if (S_ISDIR(old.st_mode)) return "This is a folder, not a file.";
-  if (!S_ISREG(old.st_mode)) return "This is not a normal file.";
+  Failure failure = CheckType(old);
+  if (!failure.empty()) return failure;
   // The system would allow replacing it, but then its mode would not protect it.
   return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 ? Failure() : ErrnoMessage();
 }
@@ -49,12 +54,12 @@ OpenedFile OpenRegularFile(const std::string& path) {
   if (stat(path.c_str(), &status) != 0) {
     return Failed{errno == ENOENT ? "There is no such file." : ErrnoMessage()};
   }
-  Failure failure = CheckRegularFile(status);
+  Failure failure = CheckReadable(status);
   if (!failure.empty()) return Failed{std::move(failure)};
   Descriptor file(open(path.c_str(), kFlags));
   if (!file.IsOpen() || fstat(file.Number(), &status) != 0) return Failed{ErrnoMessage()};
   // Another file may have taken the name before the opening, so it is checked again.
-  failure = CheckRegularFile(status);
+  failure = CheckReadable(status);
   if (!failure.empty()) return Failed{std::move(failure)};
   const auto size = static_cast<std::size_t>(status.st_size);
   return OpenedFile(std::make_unique<FileSource>(std::move(file), size));
@@ -95,9 +100,9 @@ NewFileOutcome WriteNewFile(const std::string& path, ByteSource& content) {
       !file.Flush().empty()) {
     return NewFileOutcome::Failed;
   }
-  const NewFileOutcome placing = file.RenameToNew(name);
-  if (placing == NewFileOutcome::Done) file.FlushFolder();
-  return placing;
+  const NewFileOutcome outcome = file.RenameToNew(name);
+  if (outcome == NewFileOutcome::Done) file.FlushFolder();
+  return outcome;
 }
 
 }  // namespace morvane

@@ -18,13 +18,13 @@
 namespace morvane {
 namespace {
 
-struct Close {
+struct CloseTable {
   void operator()(std::FILE* table) const { endmntent(table); }
 };
 
 using Entry = std::filesystem::directory_entry;
 
-/// The names of the visible entries that are wanted, in natural order.
+/// The names of the entries that are wanted and not hidden, in natural order.
 template <typename Wanted>
 std::vector<std::string> NamesIn(const std::string& folder, Wanted wanted) {
   std::vector<std::string> names;
@@ -32,7 +32,7 @@ std::vector<std::string> NamesIn(const std::string& folder, Wanted wanted) {
   for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
        entry.increment(error)) {
     const std::string name = entry->path().filename();
-    if (!name.starts_with('.') && wanted(*entry, name)) names.push_back(name);
+    if (!name.starts_with('.') && wanted(*entry)) names.push_back(name);
   }
   SortNaturally(names);
   return names;
@@ -61,7 +61,7 @@ bool IsReadableFolder(const std::string& path) {
 }
 
 std::vector<std::string> FoldersIn(const std::string& folder) {
-  return NamesIn(folder, [](const Entry& entry, const std::string& /*name*/) {
+  return NamesIn(folder, [](const Entry& entry) {
     std::error_code error;
     return entry.is_directory(error);
   });
@@ -70,7 +70,7 @@ std::vector<std::string> FoldersIn(const std::string& folder) {
 std::vector<std::string> MountedVolumes() {
   std::vector<std::string> roots = {"/"};
   // Reading the table of mounts never blocks, even if a network volume is gone.
-  const std::unique_ptr<std::FILE, Close> table(setmntent("/proc/self/mounts", "r"));
+  const std::unique_ptr<std::FILE, CloseTable> table(setmntent("/proc/self/mounts", "r"));
   if (table == nullptr) return roots;
   while (const mntent* mount = getmntent(table.get())) {
     const std::string source = mount->mnt_fsname;
@@ -84,8 +84,8 @@ std::vector<std::string> MountedVolumes() {
 
 std::vector<std::string> MatchingFiles(const std::string& folder, const std::string& pattern) {
   const std::vector<std::string> endings = EndingsOf(pattern);
-  return NamesIn(folder, [&endings](const Entry& entry, const std::string& name) {
-    const std::string lower = LowerCase(name);
+  return NamesIn(folder, [&endings](const Entry& entry) {
+    const std::string lower = LowerCase(entry.path().filename());
     std::error_code error;
     return entry.is_regular_file(error) &&
            std::any_of(endings.begin(), endings.end(),

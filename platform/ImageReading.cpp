@@ -10,8 +10,8 @@
 namespace morvane {
 namespace {
 
-/// The bytes of a picture, which end early once decoding is abandoned. Not a QBuffer, because
-/// decoders access its memory directly.
+/// The bytes of a picture, which can't be read any more once isCanceled is set. Not a QBuffer,
+/// because decoders access its memory directly.
 class StoppableBytes : public QIODevice {
  public:
   StoppableBytes(const Bytes& content, const std::atomic<bool>& isCanceled)
@@ -22,9 +22,9 @@ class StoppableBytes : public QIODevice {
   qint64 size() const override { return static_cast<qint64>(content_.size()); }
 
  protected:
-  qint64 readData(char* data, qint64 most) override {
+  qint64 readData(char* data, qint64 maxSize) override {
     if (isCanceled_) return -1;
-    const qint64 count = std::clamp<qint64>(size() - pos(), 0, most);
+    const qint64 count = std::clamp<qint64>(size() - pos(), 0, maxSize);
     std::copy_n(content_.begin() + pos(), count, data);
     return count;
   }

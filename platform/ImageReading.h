@@ -14,12 +14,12 @@ struct ForeignImage {
   QSize size;  ///< of the original picture, before scaling
 };
 
-/// Returns the wanted size of a picture for its original size.
+/// Returns the size that a picture of the given size is scaled to.
 using ReducedSize = std::function<QSize(const QSize& size)>;
 
 /// Decodes a picture of any format but BMP with Qt's decoders, turned upright. Drawings, damaged
-/// pictures and those with more pixels than the limit are refused. Ends early once isCanceled is
-/// set. Only decoders that are faster that way scale the picture.
+/// pictures and those with more pixels than the limit are refused. Fails early once isCanceled is
+/// set. The picture is scaled only if its decoder supports that: decoding is faster then.
 Result<ForeignImage> ReadForeignImage(const Bytes& content, const std::atomic<bool>& isCanceled,
                                       long long maxPixels, const ReducedSize& reduced = {});
 

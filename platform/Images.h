@@ -18,7 +18,7 @@ inline QImage ImageOver(const Surface& surface) {
           surface.stride * static_cast<qsizetype>(sizeof(Pixel)), QImage::Format_RGB32};
 }
 
-/// Sets the fourth byte of every pixel as the core expects it.
+/// Sets the fourth byte of every pixel to 0xFF, as the core expects it.
 inline void MakeOpaque(const Surface& surface) {
   for (int y = 0; y < surface.height; ++y) {
     for (int x = 0; x < surface.width; ++x) surface.Row(y)[x] |= 0xFF000000U;

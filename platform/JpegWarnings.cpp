@@ -38,8 +38,8 @@ void Filter(QLoggingCategory* category) {
   category->setEnabled(QtWarningMsg, true);
 }
 
-/// Each handler is removed before ours is installed, so that the previous one is known by the first
-/// call.
+/// Removes the previous handlers first: ours call them, and the filter is called while it is being
+/// installed.
 bool Listen() {
   nextHandler = qInstallMessageHandler(nullptr);
   qInstallMessageHandler(&HandleMessage);

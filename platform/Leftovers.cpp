@@ -36,7 +36,7 @@ class LeftoverFile : public Leftover {
   void Delete() override {
     if (!IsNameOf(folder_.Number(), name_, file_.Number())) return;
     if (unlinkat(folder_.Number(), name_.c_str(), 0) == 0) return;
-    // If the folder is read-only, the next start would find the map again.
+    // In a read-only folder the next start would otherwise find the map again.
     [[maybe_unused]] const int emptied = ftruncate(file_.Number(), 0);
   }
 

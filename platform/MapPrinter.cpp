@@ -29,7 +29,7 @@ bool IsWholePdf(const QString& path) {
 QPrinter& MapPrinter::Printer() {
   if (!printer_) {
     printer_.emplace(QPrinter::HighResolution);
-    printer_->setDocName("Morvane");
+    printer_->setDocName(kProgramName);
   }
   return *printer_;
 }
@@ -60,7 +60,7 @@ Failure MapPrinter::Print(const PictureView& picture) {
 void MapPrinter::ShowSetup(QWidget* owner, const std::string& title) {
   QPrintDialog dialog(&Printer(), owner);
   dialog.setWindowTitle(QString::fromStdString(title));
-  // This dialog only chooses a printer.
+  // Qt's text would be "Print", but this dialog only chooses a printer.
   const auto* buttons = dialog.findChild<QDialogButtonBox*>();
   if (auto* ok = buttons->button(QDialogButtonBox::Ok)) ok->setText("&OK");
   dialog.exec();

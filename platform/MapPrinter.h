@@ -22,7 +22,7 @@ class MapPrinter {
  private:
   QPrinter& Printer();
 
-  std::optional<QPrinter> printer_;  ///< made at the first use, as that asks the print system
+  std::optional<QPrinter> printer_;  ///< created at the first use: that queries the print system
 };
 
 }  // namespace morvane

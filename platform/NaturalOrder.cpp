@@ -9,7 +9,7 @@ namespace morvane {
 namespace {
 
 QCollator NaturalCollator() {
-  // The "C" locale knows no natural order.
+  // The "C" locale has no natural order.
   const bool isPlain = QLocale().language() == QLocale::C;
   QCollator collator(isPlain ? QLocale(QLocale::English) : QLocale());
   collator.setNumericMode(true);

@@ -15,8 +15,8 @@
 namespace morvane {
 namespace {
 
-/// The number of running decoders, abandoned or not.
-std::atomic<int> runningDecoders = 0;
+/// Whether a decoder is running, abandoned or not.
+std::atomic<bool> isDecoding = false;
 
 Result<Picture> Decode(const Bytes& content, const std::atomic<bool>& isCanceled,
                        long long maxPixels) {
@@ -42,14 +42,14 @@ Result<Picture> DecodeForeignPicture(Bytes content, DecodingLimits limits) {
       });
   std::future<Result<Picture>> outcome = decode.get_future();
   std::thread thread;
-  ++runningDecoders;
+  isDecoding = true;
   try {
     thread = std::thread([decode = std::move(decode)]() mutable {
       decode();
-      --runningDecoders;
+      isDecoding = false;
     });
   } catch (const std::system_error&) {
-    --runningDecoders;
+    isDecoding = false;
     return Failed{kOutOfMemory};
   }
   if (outcome.wait_for(limits.time) == std::future_status::ready) {
@@ -62,7 +62,7 @@ Result<Picture> DecodeForeignPicture(Bytes content, DecodingLimits limits) {
 }
 
 bool IsStillDecoding() {
-  return runningDecoders > 0;
+  return isDecoding;
 }
 
 }  // namespace morvane

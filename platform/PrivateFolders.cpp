@@ -34,14 +34,14 @@ Descriptor MakePrivateFolder(const std::string& path) {
   return OpenPrivateFolder(path);
 }
 
-std::vector<std::string> NamesIn(const Descriptor& folder, const std::string& beginning) {
+std::vector<std::string> NamesIn(const Descriptor& folder, const std::string& prefix) {
   std::vector<std::string> names;
   std::error_code error;
   const std::string path = "/proc/self/fd/" + std::to_string(folder.Number());
   for (std::filesystem::directory_iterator entry(path, error), end; !error && entry != end;
        entry.increment(error)) {
     const std::string name = entry->path().filename();
-    if (name.starts_with(beginning)) names.push_back(name);
+    if (name.starts_with(prefix)) names.push_back(name);
   }
   return names;
 }

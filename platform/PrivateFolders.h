@@ -19,6 +19,6 @@ Descriptor OpenPrivateFolder(const std::string& path);
 Descriptor MakePrivateFolder(const std::string& path);
 
 /// The names in an open folder with this prefix.
-std::vector<std::string> NamesIn(const Descriptor& folder, const std::string& beginning);
+std::vector<std::string> NamesIn(const Descriptor& folder, const std::string& prefix);
 
 }  // namespace morvane

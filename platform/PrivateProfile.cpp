@@ -100,13 +100,13 @@ Result<std::string> WithProfileValue(const std::string& text, const std::string&
   return result.insert(at, added);
 }
 
-std::string CutText(std::string text, std::size_t most) {
-  if (text.size() <= most) return text;
+std::string CutText(std::string text, std::size_t maxBytes) {
+  if (text.size() <= maxBytes) return text;
   const auto continues = [&](std::size_t at) {
     return (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80U;
   };
-  while (most > 0 && continues(most)) --most;
-  text.resize(most);
+  while (maxBytes > 0 && continues(maxBytes)) --maxBytes;
+  text.resize(maxBytes);
   return text;
 }
 

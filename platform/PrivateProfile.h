@@ -16,7 +16,7 @@ std::string FindProfileValue(const std::string& text, const std::string& section
 Result<std::string> WithProfileValue(const std::string& text, const std::string& section,
                                      const std::string& key, const std::string& value);
 
-/// The text truncated to a number of bytes, never inside a character.
-std::string CutText(std::string text, std::size_t most);
+/// The UTF-8 text truncated to a number of bytes, never inside a character.
+std::string CutText(std::string text, std::size_t maxBytes);
 
 }  // namespace morvane

@@ -18,6 +18,7 @@
 #include <optional>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "document/picture/Color.h"
 #include "platform/ScreenRoom.h"
@@ -31,7 +32,7 @@ bool IsThemeLoaded(const char* plugin) {
   return QPluginLoader(plugin).isLoaded();
 }
 
-/// Whether the desktop's file dialogs are those of its portal. They ignore the start folder, ask
+/// Whether the desktop's file dialogs are those of its portal. These ignore the start folder, ask
 /// before a file is replaced, and never return if the portal's process ends.
 bool HasPortalDialogs() {
   return IsThemeLoaded("platformthemes/libqxdgdesktopportal");
@@ -60,8 +61,8 @@ class TypedPath : public QObject {
         list_(*box.findChild<QListView*>("listView")),
         accept_(AcceptButton(box)) {
     accept_.installEventFilter(this);
-    connect(&name_, &QLineEdit::textChanged, this, &TypedPath::Unmark);
-    // Deferred, since the dialog may accept it itself.
+    connect(&name_, &QLineEdit::textChanged, this, &TypedPath::ClearSelection);
+    // Deferred, since the dialog may accept the path itself.
     connect(&name_, &QLineEdit::returnPressed, this, &TypedPath::Accept, Qt::QueuedConnection);
     connect(&accept_, &QAbstractButton::clicked, this, &TypedPath::ReportLongName);
   }
@@ -74,11 +75,11 @@ class TypedPath : public QObject {
 
  private:
   bool IsTyped() const { return !name_.text().trimmed().isEmpty(); }
-  void Unmark() {
+  void ClearSelection() {
     if (name_.text().contains('/')) list_.selectionModel()->clearSelection();
   }
   void Accept() {
-    // If the dialog did, it is closed by now, or asks a question.
+    // If the dialog has accepted it, it is closed by now, or asks a question.
     if (QApplication::activeModalWidget() == accept_.window() && IsTyped()) accept_.click();
   }
 
@@ -103,26 +104,29 @@ void FitColumns(const QFileDialog& box) {
   columns->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
+/// The names in a folder that Qt shows as the given one.
+std::vector<std::filesystem::path> NamesShownAs(const QString& shown,
+                                                const std::filesystem::path& folder) {
+  std::vector<std::filesystem::path> names;
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const std::filesystem::path name = entry->path().filename();
+    if (QString::fromStdString(name) == shown) names.push_back(name);
+  }
+  return names;
+}
+
 /// The bytes of a path that Qt shows. A name that isn't UTF-8 is shown with replacement characters,
-/// so the folder is searched for the name that is shown like this. Empty if several are.
+/// so it is searched for in its folder. Returns an empty path if several names are shown like it.
 std::filesystem::path SystemPath(const QString& shown) {
   std::filesystem::path path;
   for (const std::filesystem::path& name : std::filesystem::path(shown.toStdString())) {
-    std::error_code error;
     const QString shownName = QString::fromStdString(name);
-    std::filesystem::path found = name;
-    int matches = 0;
-    if (shownName.contains(QChar::ReplacementCharacter)) {
-      for (std::filesystem::directory_iterator entry(path, error), end; !error && entry != end;
-           entry.increment(error)) {
-        const std::filesystem::path candidate = entry->path().filename();
-        if (QString::fromStdString(candidate) != shownName) continue;
-        found = candidate;
-        ++matches;
-      }
-    }
-    if (matches > 1) return {};
-    path /= found;
+    std::vector<std::filesystem::path> matches;
+    if (shownName.contains(QChar::ReplacementCharacter)) matches = NamesShownAs(shownName, path);
+    if (matches.size() > 1) return {};
+    path /= matches.empty() ? name : matches.front();
   }
   return path;
 }
@@ -132,9 +136,9 @@ bool IsQtsOwn(const QFileDialog& box) {
   return box.findChild<QLineEdit*>("fileNameEdit") != nullptr;
 }
 
-/// Whether the desktop's dialog can show the fixed title, filter, folder and preset name, and asks
-/// nothing itself. The names are the folder and the preset name.
-bool DesktopKeeps(FileDialogMode mode, const QString& names) {
+/// Whether the desktop's dialog would show the title, the filter and these names (the start folder
+/// and the preset name) unchanged, and ask no questions itself.
+bool CanBeNative(FileDialogMode mode, const QString& names) {
   if (HasPortalDialogs()) return false;
   // Only GTK's is known not to ask about existing files and not to add an extension.
   if (mode == FileDialogMode::Save && !HasGtkDialogs()) return false;
@@ -142,7 +146,8 @@ bool DesktopKeeps(FileDialogMode mode, const QString& names) {
   return !names.contains(QChar::ReplacementCharacter);
 }
 
-/// Desktops' dialogs show the description without the pattern. GTK's patterns are case-sensitive.
+/// The filter in Qt's syntax. GTK's patterns are case-sensitive, so for desktops' dialogs, which
+/// don't show the pattern, it matches both cases.
 QString FilterFor(const FileDialog& dialog, const QFileDialog& box) {
   const QStringList parts = QString::fromStdString(dialog.Filter).split('|');
   if (IsQtsOwn(box)) return parts.front();
@@ -206,7 +211,7 @@ std::string AskForFile(QWidget* owner, const FileDialog& dialog, FileDialogMode 
   const QString start = QString::fromStdString(folder);
   const QString preset = QString::fromStdString(dialog.FileName);
   QFileDialog box(owner, QString::fromStdString(dialog.DialogTitle), start);
-  box.setOption(QFileDialog::DontUseNativeDialog, !DesktopKeeps(mode, start + preset));
+  box.setOption(QFileDialog::DontUseNativeDialog, !CanBeNative(mode, start + preset));
   box.setNameFilter(FilterFor(dialog, box));
   // The core checks whether a file exists, and asks before it replaces one.
   box.setOption(QFileDialog::DontConfirmOverwrite);

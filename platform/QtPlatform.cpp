@@ -12,12 +12,12 @@ namespace morvane {
 namespace {
 
 /// The largest settings file that is read into memory.
-constexpr std::size_t kMaxTextBytes = 16'000'000;
+constexpr std::size_t kMaxSettingsBytes = 16'000'000;
 
 Result<std::string> ReadText(const std::string& path) {
   OpenedFile file = OpenRegularFile(path);
   if (!file.Ok()) return Failed{file.Reason()};
-  if (file.Value()->Size() > kMaxTextBytes) return Failed{kTooLargeFile};
+  if (file.Value()->Size() > kMaxSettingsBytes) return Failed{kTooLargeFile};
   Result<Bytes> bytes = ReadAll(*file.Value());
   if (!bytes.Ok()) return Failed{bytes.Reason()};
   return std::string(bytes.Value().begin(), bytes.Value().end());
@@ -80,7 +80,7 @@ std::string QtPlatform::GetPrivateProfileString(const std::string& section, cons
 Failure QtPlatform::WritePrivateProfileString(const std::string& section, const std::string& key,
                                               const std::string& value, const std::string& path) {
   std::string text;
-  // A new file is begun only if there is none: an existing one may be unreadable for the moment.
+  // A file that exists but can't be read, maybe only for the moment, must not be replaced.
   std::error_code error;
   if (std::filesystem::status(path, error).type() != std::filesystem::file_type::not_found) {
     Result<std::string> old = ReadText(path);

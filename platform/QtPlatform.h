@@ -19,7 +19,7 @@ class QWidget;
 
 namespace morvane {
 
-/// Platform implemented with Qt.
+/// Implements Platform with Qt and system calls.
 class QtPlatform : public Platform {
  public:
   /// Sets the memory limit of Qt's decoders, before any thread uses them.
@@ -88,7 +88,7 @@ class QtPlatform : public Platform {
   void ShowColor(std::uint32_t& color) override;
 
  private:
-  /// Starts in the given folder if it exists, else in that of the last file.
+  /// Starts in the folder of the dialog if that is readable, else in that of the last file.
   std::string ShowFileDialog(const FileDialog& dialog, FileDialogMode mode);
 
   QWidget* window_ = nullptr;

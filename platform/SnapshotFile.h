@@ -31,38 +31,41 @@ class SnapshotFile {
 
  private:
   /// A file and its folder, both kept open.
-  class Place {
+  class LockedFile {
    public:
     Failure OpenInCurrentDirectory();
     Failure OpenInPrivateFolder(const std::string& folder);
     bool IsOpen() const { return file_.IsOpen(); }
-    int File() const { return file_.Number(); }
+    int Number() const { return file_.Number(); }
     std::string Path() const { return folderPath_ + '/' + name_; }
     Failure Write(ByteSource& content, const ChunkBuffer& chunk);
     void Delete();
 
    private:
-    /// The header of a map file: its form and its size.
-    using Head = std::array<std::uint8_t, 54>;
+    /// The header of a map file, which contains its format and size.
+    using Header = std::array<std::uint8_t, 54>;
 
     Failure Open(int flags);
     Failure Overwrite(ByteSource& content, const ChunkBuffer& chunk);
     Failure Replace(ByteSource& content, const ChunkBuffer& chunk);
+    /// The system's message for the current errno, after the path.
     Failure Reason() const;
 
     std::string folderPath_;
     Descriptor folder_;
     std::string name_ = kSnapshotName;
     Descriptor file_;
-    Head head_{};  ///< of what the file holds
+    Header header_{};  ///< of the current content
     bool isPrivate_ = false;
   };
 
+  /// Replaces the file by a new one in a private folder, whose disk may have space. Returns whether
+  /// that succeeded.
   bool WriteToPrivateFolder(ByteSource& content);
 
-  Place place_;
-  std::size_t size_ = 0;  ///< of the snapshot; 0 where there is none
-  timespec changed_{};    ///< modification time of the file after the write
+  LockedFile file_;
+  std::size_t size_ = 0;  ///< of the snapshot; 0 if there is none
+  timespec changed_{};    ///< status change time of the file after the write
   ChunkBuffer chunk_;
 };
 

@@ -26,6 +26,10 @@ bool IsNameOf(int folder, const std::string& name, int file) {
          held.st_ino == named.st_ino && held.st_dev == named.st_dev;
 }
 
+bool TryLock(int file) {
+  return flock(file, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
 Descriptor OpenAndLockOurs(int folder, const std::string& name) {
   constexpr int kFlags = O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
   struct stat status {};
@@ -34,10 +38,10 @@ Descriptor OpenAndLockOurs(int folder, const std::string& name) {
     return {};
   }
   Descriptor file(openat(folder, name.c_str(), kFlags));
-  const bool isHeld = file.IsOpen() && flock(file.Number(), LOCK_EX | LOCK_NB) == 0 &&
-                      fstat(file.Number(), &status) == 0 && IsOurs(status) &&
-                      IsNameOf(folder, name, file.Number());
-  return isHeld ? std::move(file) : Descriptor();
+  const bool isLocked = file.IsOpen() && flock(file.Number(), LOCK_EX | LOCK_NB) == 0 &&
+                        fstat(file.Number(), &status) == 0 && IsOurs(status) &&
+                        IsNameOf(folder, name, file.Number());
+  return isLocked ? std::move(file) : Descriptor();
 }
 
 NewFileOutcome RenameToNew(int folder, const std::string& name, int newFolder,

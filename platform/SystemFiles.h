@@ -34,7 +34,7 @@ class Descriptor {
 /// The content of an open file.
 class FileSource : public ByteSource {
  public:
-  /// What failed begins with the prefix.
+  /// Messages about failures begin with the prefix.
   FileSource(Descriptor file, std::size_t size, std::string prefix = {})
       : file_(std::move(file)), size_(size), prefix_(std::move(prefix)) {}
 
@@ -47,12 +47,16 @@ class FileSource : public ByteSource {
   std::string prefix_;
 };
 
-/// Whether a file is a regular file of this user with one name, and so not planted or linked by
-/// others.
+/// Whether this is a regular file that belongs to this user and has no other hard links, so that it
+/// can't have been put there by another user.
 bool IsOurs(const struct stat& file);
 
-/// Whether an entry of a folder is still the open file, not one that took its name since.
+/// Whether the name in the folder still refers to the open file, and not to one that replaced it.
 bool IsNameOf(int folder, const std::string& name, int file);
+
+/// Locks a file for this process. Returns false only if another process has locked it: on volumes
+/// that don't support locks, files stay unlocked.
+bool TryLock(int file);
 
 /// Opens a file of this user for reading and writing, and locks it. The result is not open if there
 /// is no such file, if it isn't ours, or if another process has locked it.
@@ -62,13 +66,13 @@ Descriptor OpenAndLockOurs(int folder, const std::string& name);
 NewFileOutcome RenameToNew(int folder, const std::string& name, int newFolder,
                            const std::string& newName);
 
-/// The system's message for errno.
+/// The system's message for the current errno.
 Failure ErrnoMessage();
 
-/// Fills the buffer from an offset of the file.
+/// Fills the buffer from the given offset of the file.
 Failure ReadAt(int file, std::size_t place, std::span<std::uint8_t> buffer);
 
-/// Writes all bytes. On failure returns false and sets errno.
+/// Writes all bytes at the given offset. On failure returns false and sets errno.
 bool WriteAt(int file, std::size_t place, std::span<const std::uint8_t> bytes);
 
 }  // namespace morvane

@@ -1,7 +1,6 @@
 #include "platform/TemporaryFile.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -27,10 +26,10 @@ TemporaryFile::~TemporaryFile() {
   if (!name_.empty()) unlinkat(folder_, name_.c_str(), 0);
 }
 
-Failure TemporaryFile::Create(const std::string& wishedName, mode_t mode) {
+Failure TemporaryFile::Create(const std::string& targetName, mode_t mode) {
   for (int i = 1; i <= kMaxNames; ++i) {
     const std::string name = ".morvane-save-" + std::to_string(i);
-    if (name == wishedName) continue;
+    if (name == targetName) continue;
     // Only the process that has locked the file of that name may rename or remove it.
     if (OpenAndLockOurs(folder_, name).IsOpen()) unlinkat(folder_, name.c_str(), 0);
     if (TryName(name, mode)) return {};
@@ -43,9 +42,8 @@ bool TemporaryFile::TryName(const std::string& name, mode_t mode) {
   constexpr int kFlags = O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
   Descriptor file(openat(folder_, name.c_str(), kFlags, mode));
   if (!file.IsOpen()) return false;
-  // Another save may have found the file before it was locked, and have removed it.
-  const bool isLocked = flock(file.Number(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
-  if (!isLocked || !IsNameOf(folder_, name, file.Number())) {
+  // Another save may have found the file before it was locked, and removed it.
+  if (!TryLock(file.Number()) || !IsNameOf(folder_, name, file.Number())) {
     errno = EEXIST;
     return false;
   }
@@ -81,9 +79,9 @@ Failure TemporaryFile::RenameTo(const std::string& name) {
 }
 
 NewFileOutcome TemporaryFile::RenameToNew(const std::string& name) {
-  const NewFileOutcome placing = morvane::RenameToNew(folder_, name_, folder_, name);
-  if (placing == NewFileOutcome::Done) name_.clear();
-  return placing;
+  const NewFileOutcome outcome = morvane::RenameToNew(folder_, name_, folder_, name);
+  if (outcome == NewFileOutcome::Done) name_.clear();
+  return outcome;
 }
 
 void TemporaryFile::FlushFolder() const {

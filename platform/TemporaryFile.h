@@ -21,12 +21,12 @@ class TemporaryFile {
   TemporaryFile& operator=(const TemporaryFile&) = delete;
   ~TemporaryFile();
 
-  /// Creates the empty file with a mode, to which the umask applies. Never uses the wanted name
-  /// itself.
-  Failure Create(const std::string& wishedName, mode_t mode);
+  /// Creates an empty file with a mode, to which the umask applies. Its temporary name differs from
+  /// the name of the target.
+  Failure Create(const std::string& targetName, mode_t mode);
   /// Copies owner, group and mode of another file, as far as the system permits.
   void CopyAttributes(const struct stat& other);
-  /// Writes all the content, through a buffer.
+  /// Writes the whole content.
   Failure Fill(ByteSource& content, const ChunkBuffer& buffer);
   /// Flushes the content to the disk.
   Failure Flush() const;
@@ -36,7 +36,7 @@ class TemporaryFile {
   NewFileOutcome RenameToNew(const std::string& name);
   /// Flushes the folder: otherwise a power cut may undo the renaming.
   void FlushFolder() const;
-  /// Passes the open and locked file to the caller, after it was renamed.
+  /// Passes the open and locked file to the caller. Call it after the file was renamed.
   Descriptor Release() { return std::move(file_); }
 
  private:

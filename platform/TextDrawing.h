@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTextDocument>
+#include <string>
 
 #include "document/picture/Picture.h"
 

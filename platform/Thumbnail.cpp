@@ -14,9 +14,10 @@
 namespace morvane {
 namespace {
 
-/// Reading and decoding larger ones would take too much memory for a thumbnail.
-constexpr std::size_t kMaxFileBytes = 32 << 20;
-constexpr long long kMaxFilePixels = 25'000'000;
+/// Larger files of foreign formats and larger pictures have no thumbnail: reading and decoding them
+/// would take too much memory.
+constexpr std::size_t kMaxForeignBytes = 32 << 20;
+constexpr long long kMaxSourcePixels = 25'000'000;
 
 /// A file of which nothing more is read once isCanceled is set.
 class StoppableFile : public ByteSource {
@@ -49,8 +50,8 @@ QSize Reduced(const QSize& size, int side) {
   return size.scaled(side, side, Qt::KeepAspectRatio).expandedTo({1, 1});
 }
 
-/// The image on white, fitted to a square of the window. A picture that needn't be reduced keeps
-/// its sharp pixels, as large as on the map.
+/// The image on white, reduced to fit a square with this side in logical pixels. A picture that
+/// needn't be reduced keeps its sharp pixels, as large as on the map.
 QImage Fitted(const QImage& image, int side, int zoom) {
   const QSize size = Reduced(image.size(), side);
   const auto mode = size == image.size() ? Qt::FastTransformation : Qt::SmoothTransformation;
@@ -69,12 +70,12 @@ Thumbnail ThumbnailOf(const QImage& image, const QSize& size, int zoom) {
 }
 
 Thumbnail ReadForeignThumbnail(ByteSource& file, int zoom, const std::atomic<bool>& isCanceled) {
-  if (file.Size() > kMaxFileBytes) return {};
+  if (file.Size() > kMaxForeignBytes) return {};
   Result<Bytes> content = ReadAll(file);
   if (!content.Ok()) return {};
   const auto reduced = [zoom](const QSize& size) { return Reduced(size, kLargeThumbnail * zoom); };
   Result<ForeignImage> read =
-      ReadForeignImage(content.Value(), isCanceled, kMaxFilePixels, reduced);
+      ReadForeignImage(content.Value(), isCanceled, kMaxSourcePixels, reduced);
   return read.Ok() ? ThumbnailOf(read.Value().image, read.Value().size, zoom) : Thumbnail();
 }
 
@@ -86,7 +87,7 @@ Thumbnail ReadThumbnail(const std::string& path, int zoom, const std::atomic<boo
     if (!opened.Ok()) return {};
     StoppableFile file(*opened.Value(), isCanceled);
     if (!IsBmp(file)) return ReadForeignThumbnail(file, zoom, isCanceled);
-    Result<LoadedPicture> picture = ReadBmp(file, kMaxFilePixels);
+    Result<LoadedPicture> picture = ReadBmp(file, kMaxSourcePixels);
     if (!picture.Ok()) return {};
     const QImage image = ImageOver(picture.Value().picture.View());
     return ThumbnailOf(image, image.size(), zoom);

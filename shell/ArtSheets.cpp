@@ -13,9 +13,9 @@ Picture LoadArtSheet(const std::string& name) {
 }
 
 QPixmap LoadPhoto(const char* name, double devicePixelRatio) {
-  const bool fine = devicePixelRatio > 1;
-  QPixmap picture(QString(fine ? ":/ui/%1@2x.jpg" : ":/ui/%1.jpg").arg(name));
-  picture.setDevicePixelRatio(fine ? 2 : 1);
+  const bool isHighDpi = devicePixelRatio > 1;
+  QPixmap picture(QString(isHighDpi ? ":/ui/%1@2x.jpg" : ":/ui/%1.jpg").arg(name));
+  picture.setDevicePixelRatio(isHighDpi ? 2 : 1);
   return picture;
 }
 

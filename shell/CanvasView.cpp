@@ -16,7 +16,7 @@ namespace {
 constexpr QColor kOutlineColor(0, 106, 236);
 constexpr int kOutlineWidth = 2;
 
-/// Qt uses the same numbers.
+/// Qt's buttons have the same numbers.
 int ButtonMask(Qt::MouseButtons buttons) {
   return buttons.toInt() & (kLeftButton | kRightButton | kMiddleButton);
 }

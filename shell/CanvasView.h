@@ -5,7 +5,7 @@
 
 namespace morvane {
 
-/// The map in the window, with the outline of the stamp above it. Turns events of mouse and keys
+/// The map in the window, with the outline of the stamp above it. Converts mouse and key events
 /// into buttons, pixels of the map and key numbers.
 class CanvasView : public PictureBoxView {
   Q_OBJECT

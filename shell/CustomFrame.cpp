@@ -67,26 +67,30 @@ CustomFrame::CustomFrame(const Palette& palette, QWidget* window)
   files_->setAccessibleName("Custom tile pictures");
   files_->setItemDelegate(fileRows_);
 
-  // There are only four rows and no room for a scroll bar: tool tips show elided names.
+  // Four rows leave no room for a horizontal scroll bar: tool tips show elided names.
   folders_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   folders_->setIconSize({16, 16});
   folders_->setItemDelegate(new IndentDelegate(folders_));
+  ConnectEvents();
+}
 
+void CustomFrame::ConnectEvents() {
   connect(drive_, &QComboBox::activated, this,
           [this](int row) { emit DriveChosen(drive_->itemData(row).toByteArray().toStdString()); });
   const auto open = [this](const QListWidgetItem* item) {
     if (item != nullptr) emit FolderOpened(item->data(Qt::UserRole).toByteArray().toStdString());
   };
   connect(folders_, &QListWidget::itemDoubleClicked, this, open);
-  connect(new QShortcut(Qt::Key_Return, folders_, nullptr, nullptr, Qt::WidgetShortcut),
-          &QShortcut::activated, this, [this, open] { open(folders_->currentItem()); });
+  new QShortcut(
+      Qt::Key_Return, folders_, [this, open] { open(folders_->currentItem()); },
+      Qt::WidgetShortcut);
   const auto click = [this](const QListWidgetItem* item) {
     if (item == nullptr) return;
     emit FileClicked(fileRows_->Names()[static_cast<std::size_t>(files_->row(item))]);
   };
   connect(files_, &QListWidget::itemClicked, this, click);
-  connect(new QShortcut(Qt::Key_Return, files_, nullptr, nullptr, Qt::WidgetShortcut),
-          &QShortcut::activated, this, [this, click] { click(files_->currentItem()); });
+  new QShortcut(
+      Qt::Key_Return, files_, [this, click] { click(files_->currentItem()); }, Qt::WidgetShortcut);
   connect(new FileDrop(files_->viewport()), &FileDrop::Dropped, this,
           [this](const std::string& path) {
             emit FileDropped(path);
@@ -104,7 +108,7 @@ void CustomFrame::ShowState() {
   dimensions_->setVisible(!palette_.Label5.empty());
   ShowFolders();
   ShowFiles();
-  drive_->setCurrentIndex(presentDrive_);
+  drive_->setCurrentIndex(currentDrive_);
 }
 
 void CustomFrame::AddStops(TabRing& ring) const {
@@ -123,19 +127,20 @@ void CustomFrame::ListDrives() {
 }
 
 void CustomFrame::ShowDrive() {
-  presentDrive_ = 0;
+  currentDrive_ = 0;
   std::size_t longest = 0;
   const std::string path = WithTrailingBackslash(palette_.Dir1.Path());
   for (int i = 0; i < drive_->count(); ++i) {
     const std::string root = WithTrailingBackslash(drive_->itemData(i).toByteArray().toStdString());
     if (!path.starts_with(root) || root.size() <= longest) continue;
     longest = root.size();
-    presentDrive_ = i;
+    currentDrive_ = i;
   }
-  drive_->setToolTip(ToolTipOf(drive_->itemText(presentDrive_)));
+  drive_->setToolTip(ToolTipOf(drive_->itemText(currentDrive_)));
 }
 
 void CustomFrame::ShowFolders() {
+  // Reading the folder may change the count.
   const std::vector<FolderList::Row>& rows = palette_.Dir1.Rows();
   if (shownFolders_ == palette_.Dir1.ReadCount()) return;
   shownFolders_ = palette_.Dir1.ReadCount();
@@ -143,20 +148,20 @@ void CustomFrame::ShowFolders() {
   folders_->clear();
   const QIcon open = style()->standardIcon(QStyle::SP_DirOpenIcon);
   const QIcon closed = style()->standardIcon(QStyle::SP_DirIcon);
-  int present = 0;
+  int current = 0;
   for (const FolderList::Row& row : rows) {
     auto* item = new QListWidgetItem(row.isOnPath ? open : closed, TextOf(row.name), folders_);
     item->setData(Qt::UserRole, QByteArray::fromStdString(row.path));
     item->setData(kDepthRole, row.depth);
     item->setToolTip(ToolTipOf(TextOf(row.path)));
     item->setData(Qt::AccessibleDescriptionRole, TextOf(row.path));
-    if (row.isOnPath) present = folders_->count() - 1;
+    if (row.isOnPath) current = folders_->count() - 1;
   }
   // The list reports the focus to screen readers with each new row, even if it has none.
   std::optional<QSignalBlocker> silence;
   if (!folders_->hasFocus()) silence.emplace(folders_->selectionModel());
-  folders_->setCurrentRow(present);
-  folders_->scrollToItem(folders_->item(present), QAbstractItemView::PositionAtCenter);
+  folders_->setCurrentRow(current);
+  folders_->scrollToItem(folders_->item(current), QAbstractItemView::PositionAtCenter);
 }
 
 void CustomFrame::ShowFiles() {

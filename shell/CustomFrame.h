@@ -27,9 +27,6 @@ class CustomFrame : public GroupFrame {
   /// The list of files. While the pointer is over it, the outline on the map is hidden.
   QAbstractScrollArea* File1() const;
 
- protected:
-  bool eventFilter(QObject* watched, QEvent* event) override;
-
  signals:
   /// A drive was chosen, by its root.
   void DriveChosen(const std::string& root);
@@ -40,7 +37,11 @@ class CustomFrame : public GroupFrame {
   /// A file was dropped on the list, by its absolute path.
   void FileDropped(const std::string& path);
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
+  void ConnectEvents();
   void ListDrives();
   void ShowDrive();
   void ShowFolders();
@@ -52,9 +53,9 @@ class CustomFrame : public GroupFrame {
   QListWidget* folders_;
   QListWidget* files_;
   FileRows* fileRows_;
-  int presentDrive_ = 0;  ///< row of the drive that holds the present folder
-  int shownFolders_ = 0;  ///< the reading that is on the screen
-  int shownFiles_ = 0;
+  int currentDrive_ = 0;  ///< row of the drive that contains the current folder
+  int shownFolders_ = 0;  ///< ReadCount() of the folder list when it was last shown
+  int shownFiles_ = 0;    ///< the same of the file list
 };
 
 }  // namespace morvane

@@ -17,7 +17,7 @@ namespace {
 /// The shortest time between two requests for thumbnails.
 constexpr std::chrono::milliseconds kRequestInterval(30);
 
-/// A tool tip with a picture above a line of text, in physical pixels.
+/// A tool tip with a picture, which is shown in physical pixels, above a line of text.
 QString PictureToolTip(const QImage& image, const QString& text) {
   QByteArray png;
   QBuffer buffer(&png);
@@ -62,10 +62,10 @@ void FileRows::paint(QPainter* painter, const QStyleOptionViewItem& option,
   if (thumbnail == nullptr || thumbnail->size.isEmpty()) return;
   QStyleOptionViewItem full = option;
   initStyleOption(&full, index);
-  const QRect room =
+  const QRect place =
       list_->style()->subElementRect(QStyle::SE_ItemViewItemDecoration, &full, list_);
   const QSize size = thumbnail->small.deviceIndependentSize().toSize();
-  painter->drawImage(QStyle::alignedRect(option.direction, Qt::AlignCenter, size, room).topLeft(),
+  painter->drawImage(QStyle::alignedRect(option.direction, Qt::AlignCenter, size, place).topLeft(),
                      thumbnail->small);
 }
 

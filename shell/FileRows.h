@@ -17,8 +17,7 @@ class FileRows : public QStyledItemDelegate {
  public:
   explicit FileRows(QListView* list);
 
-  /// Sets the names of the rows, as the system has them, in any encoding, and their folder. Drops
-  /// all thumbnails.
+  /// Sets the folder, and the name of the file in each row, in any encoding. Drops all thumbnails.
   void SetFiles(const std::string& folder, std::vector<std::string> names);
   const std::vector<std::string>& Names() const { return names_; }
   /// The row of a file, or -1 if it isn't in the list.
@@ -40,7 +39,7 @@ class FileRows : public QStyledItemDelegate {
   std::vector<std::string> names_;
   std::string folder_;
   ThumbnailCache thumbnails_;
-  mutable QTimer requestTimer_;
+  mutable QTimer requestTimer_;  ///< started by paint(), which is const
 };
 
 }  // namespace morvane

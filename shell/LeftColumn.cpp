@@ -27,7 +27,7 @@ Label* SetUp(Label* label, const char* name, const QRect& place, const QFont& fo
 /// Caption and picture of the mode button.
 struct ModeLook {
   const char* caption;
-  const char* face;
+  const char* icon;
 };
 constexpr std::array<ModeLook, 3> kModeLooks = {
     {{"Tile", "mode-tile"}, {"Wall", "mode-wall"}, {"Door", "mode-door"}}};
@@ -107,7 +107,7 @@ void LeftColumn::ShowState() {
   const ModeLook& look = kModeLooks[static_cast<std::size_t>(palette_.CurrentMode())];
   if (mode_->text() != look.caption) {
     mode_->setText(look.caption);
-    wallButton_->setIcon(LoadIcon(look.face));
+    wallButton_->setIcon(LoadIcon(look.icon));
     wallButton_->setAccessibleDescription(look.caption);
   }
   tile_->ShowText(TextOf(palette_.Label2));

@@ -26,9 +26,9 @@ class LeftColumn : public QObject {
   void AddStops(TabRing& ring) const;
 
  signals:
-  /// An entry of the selector was chosen, possibly the current one. Entries count from 0.
+  /// An entry of the selector was chosen, possibly the current one. Indices count from 0.
   void TileSetChosen(int ListIndex);
-  /// One of the five buttons was clicked; its name is the system's.
+  /// One of the five buttons was clicked; the name is its object name.
   void ButtonClicked(const QString& name);
 
  private:

@@ -11,7 +11,8 @@ namespace {
 
 enum State { kTop, kShown, kHidden };
 
-/// An entry of the menu tree. A top-level entry is followed by the entries of its menu.
+/// An entry of the menu tree. A top-level entry is followed by the entries of its menu. Hidden ones
+/// have no function.
 struct Entry {
   const char* name;
   const char* caption;  ///< "-" for a separator

@@ -14,11 +14,11 @@ class MainMenu : public QObject {
  public:
   explicit MainMenu(QMenuBar* bar);
 
-  /// The entry of that name.
+  /// The entry with this object name, which must exist.
   QAction* Find(const char* name) const;
 
  signals:
-  /// An entry was chosen, by mouse, mnemonic or shortcut; its name is the system's.
+  /// An entry was chosen, by mouse, mnemonic or shortcut; the name is its object name.
   void Chosen(const QString& name);
 
  private:

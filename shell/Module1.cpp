@@ -28,17 +28,14 @@
 namespace morvane {
 namespace {
 
-constexpr int kCount = 3000000;
-
+/// The delay at the start. The counter is volatile, so that the compiler keeps the loop.
 void Count() {
-  for (volatile int i = 1; i <= kCount;) {
-    const int next = i + 1;
-    i = next;
-  }
+  constexpr int kCount = 3000000;
+  for (volatile int i = 1; i <= kCount;) i = i + 1;
 }
 
-/// Calls a function once the window has been placed by the desktop, so that dialogs are centred on
-/// it.
+/// Calls a function once, when the desktop has placed the window, so that dialogs are centred on
+/// it. Belongs to the window, which must have been created.
 class WhenShown : public QObject {
  public:
   WhenShown(QWidget& window, std::function<void()> function)

@@ -22,7 +22,7 @@ class PictureBoxView : public QFrame {
   PictureBox& box_;
 };
 
-/// Draws a part of a picture at the same position of a widget, offset by an origin.
+/// Paints a part of a widget with a picture whose top left corner is at the origin.
 void PaintPicture(QPainter& painter, const PictureView& picture, const QPoint& origin,
                   const QRect& part);
 

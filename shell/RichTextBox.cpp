@@ -14,7 +14,7 @@ namespace {
 
 /// Qt would need minutes for longer or deeper mark-up; its plain text is used instead.
 constexpr qsizetype kMaxMarkup = 50'000;
-constexpr int kDeepestMarkup = 10;
+constexpr int kMaxNesting = 10;
 
 /// The mark-up with table cells replaced by paragraphs. No table is kept, and Qt would need minutes
 /// to lay out a cell that spans thousands of others.
@@ -25,11 +25,11 @@ QString WithoutTables(QString markup) {
   return markup.replace(kTags, "<\\1p");
 }
 
-/// Qt needs twice the time for each level of nested tables.
-bool IsDeep(const QString& markup) {
-  return markup.count("<table", Qt::CaseInsensitive) > kDeepestMarkup ||
-         markup.count("<ul", Qt::CaseInsensitive) > kDeepestMarkup ||
-         markup.count("<ol", Qt::CaseInsensitive) > kDeepestMarkup;
+/// Qt needs twice the time for each level of nested tables or lists. Their number limits the depth.
+bool MayBeDeep(const QString& markup) {
+  return markup.count("<table", Qt::CaseInsensitive) > kMaxNesting ||
+         markup.count("<ul", Qt::CaseInsensitive) > kMaxNesting ||
+         markup.count("<ol", Qt::CaseInsensitive) > kMaxNesting;
 }
 
 }  // namespace
@@ -41,9 +41,9 @@ RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent) {
   paper.setColor(QPalette::Base, Qt::white);
   paper.setColor(QPalette::Text, Qt::black);
   setPalette(paper);
-  mapFineness_.setDotsPerMeterX(kDotsPerMetre);
-  mapFineness_.setDotsPerMeterY(kDotsPerMetre);
-  document()->documentLayout()->setPaintDevice(&mapFineness_);
+  mapDevice_.setDotsPerMeterX(kDotsPerMetre);
+  mapDevice_.setDotsPerMeterY(kDotsPerMetre);
+  document()->documentLayout()->setPaintDevice(&mapDevice_);
 }
 
 bool RichTextBox::canInsertFromMimeData(const QMimeData* source) const {
@@ -53,7 +53,7 @@ bool RichTextBox::canInsertFromMimeData(const QMimeData* source) const {
 void RichTextBox::insertFromMimeData(const QMimeData* source) {
   const QString markup = source->hasHtml() ? source->html() : QString();
   textCursor().removeSelectedText();
-  if (markup.isEmpty() || markup.size() > kMaxMarkup || IsDeep(markup)) {
+  if (markup.isEmpty() || markup.size() > kMaxMarkup || MayBeDeep(markup)) {
     insertPlainText(TextLimits(*document()).Take(source->text(), currentCharFormat()));
     return;
   }
@@ -67,21 +67,21 @@ void RichTextBox::Format(QTextCharFormat format) {
   mergeCurrentCharFormat(format);
 }
 
-// Only the text and its formats are inserted, without pictures, tables and lists.
 void RichTextBox::Insert(const QTextDocument& pasted) {
-  TextLimits room(*document());
+  TextLimits limits(*document());
   QTextCursor cursor = textCursor();
   // Without an edit block the paragraph would be laid out again for every piece.
   cursor.beginEditBlock();
-  for (QTextBlock block = pasted.begin(); block.isValid() && !room.IsFull(); block = block.next()) {
+  for (QTextBlock block = pasted.begin(); block.isValid() && !limits.IsFull();
+       block = block.next()) {
     if (block != pasted.begin()) {
-      room.Take("\n", {});
+      limits.Take("\n", {});
       cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
     }
-    for (auto part = block.begin(); !part.atEnd() && !room.IsFull(); ++part) {
-      const QTextCharFormat kept = room.Fit(part.fragment().charFormat());
+    for (auto part = block.begin(); !part.atEnd() && !limits.IsFull(); ++part) {
+      const QTextCharFormat kept = limits.Fit(part.fragment().charFormat());
       const QString text = part.fragment().text().remove(QChar::ObjectReplacementCharacter);
-      cursor.insertText(room.Take(text, kept), kept);
+      cursor.insertText(limits.Take(text, kept), kept);
     }
   }
   cursor.endEditBlock();

@@ -24,9 +24,10 @@ class RichTextBox : public QTextEdit {
   void insertFromMimeData(const QMimeData* source) override;
 
  private:
+  /// Inserts the text and its formats, without pictures, tables and lists.
   void Insert(const QTextDocument& pasted);
 
-  QImage mapFineness_{1, 1, QImage::Format_RGB32};
+  QImage mapDevice_{1, 1, QImage::Format_RGB32};  ///< has the resolution of the map
 };
 
 }  // namespace morvane

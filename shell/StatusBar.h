@@ -6,9 +6,7 @@ class QLabel;
 
 namespace morvane {
 
-/// One line of text across the whole width.
-///
-/// It also keeps three panels, for the status, the date and the time, that this mode doesn't show.
+/// One line of text across the whole width. Its panels for status, date and time are always hidden.
 class StatusBar : public QFrame {
   Q_OBJECT
 

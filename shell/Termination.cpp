@@ -79,7 +79,7 @@ struct LogField {
 using LogWriter = int(int level, const LogField* fields, std::size_t count, void* data);
 LogWriter* defaultWriter = nullptr;
 
-/// Keeps the map when GTK logs that the compositor is gone: it ends the process next.
+/// Saves the map when GTK logs that the compositor is gone: it ends the process next.
 int WriteLog(int level, const LogField* fields, std::size_t count, void* data) {
   for (std::size_t i = 0; i < count; ++i) {
     if (std::strcmp(fields[i].key, "MESSAGE") != 0) continue;
@@ -131,11 +131,11 @@ void TakeMessage(QtMsgType type, const QMessageLogContext& context, const QStrin
 }
 
 Termination::Termination(MainForm& form)
-    : form_(form), ends_(OpenEndPipe(), QSocketNotifier::Read) {
+    : form_(form), pipeNotifier_(OpenEndPipe(), QSocketNotifier::Read) {
   runningForm = &form;
   std::atexit(&EndAtExit);
   WatchGtk();
-  connect(&ends_, &QSocketNotifier::activated, this, &Termination::EndByPipe);
+  connect(&pipeNotifier_, &QSocketNotifier::activated, this, &Termination::EndByPipe);
   for (const int number : kSignals) {
     struct sigaction action {};
     sigaction(number, nullptr, &action);

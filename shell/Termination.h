@@ -28,7 +28,7 @@ class Termination : public QObject {
   void CommitSession(QSessionManager& session);
 
   MainForm& form_;
-  QSocketNotifier ends_;  ///< reports the next byte of the pipe
+  QSocketNotifier pipeNotifier_;
 };
 
 /// Handles Qt's messages, one of which says that the Wayland compositor is gone. Keeps warnings for

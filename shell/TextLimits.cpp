@@ -28,10 +28,10 @@ void CopyProperty(QTextFormat::Property property, const QTextCharFormat& from,
   if (from.hasProperty(property)) to.setProperty(property, from.property(property));
 }
 
-// A pasted size may not be a number.
+/// Also replaces NaN, which a pasted size may be.
 double LimitedPoints(double points, double maxPixels) {
-  const double most = std::min<double>(maxPixels, kMaxFontSize) * kPointsPerPixel;
-  return points <= most ? points : most;
+  const double maxPoints = std::min<double>(maxPixels, kMaxFontSize) * kPointsPerPixel;
+  return points <= maxPoints ? points : maxPoints;
 }
 
 void LimitSize(QTextCharFormat& format) {

@@ -44,7 +44,9 @@ class ThumbnailCache : public QObject {
   void MakeNext();
   void Start(const std::string& path);
   void Finish(const std::shared_ptr<Job>& job);
+  /// Caches the thumbnail of the current job.
   void Keep(Thumbnail thumbnail);
+  /// Abandons the current job, if there is one.
   void StopWaiting();
 
   QCache<QByteArray, Thumbnail> made_;  ///< by path; costs in kilobytes

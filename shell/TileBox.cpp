@@ -5,6 +5,7 @@
 #include "shell/PictureBoxView.h"
 #include "shell/widgets/Accessible.h"
 #include "shell/widgets/Layout.h"
+#include "shell/widgets/SharpLines.h"
 #include "shell/widgets/Text.h"
 
 namespace morvane {
@@ -12,8 +13,8 @@ namespace {
 
 constexpr int kCellTwips = 360;
 
-/// The side of a box for a side of its picture: the cells that it covers plus one pixel, so that no
-/// click falls between two boxes.
+/// The side of a box in twips for a side of its picture in pixels: the cells that it covers plus
+/// one pixel, so that no click falls between two boxes.
 constexpr int BoxSide(int pictureSide) {
   return pictureSide / kSheetCell * kCellTwips + 15;
 }
@@ -31,6 +32,7 @@ QString CellsOf(const Size& picture) {
 
 TileBox::TileBox(const Item& item, const Picture& picture, QWidget* page)
     : QAbstractButton(page), picture_(picture) {
+  // The box of this item is 2 pixels higher, by design.
   const int height = item.control == "pbaltar" ? 765 : BoxSide(item.stored.height);
   setGeometry(
       PlaceOf(item.column * kCellTwips, item.row * kCellTwips, BoxSide(item.stored.width), height));
@@ -48,14 +50,10 @@ void TileBox::paintEvent(QPaintEvent* /*event*/) {
   const QRect place(0, 0, picture_.Width(), picture_.Height());
   PaintPicture(painter, picture_.View(), {0, 0}, place);
   if (!underMouse() && !hasFocus()) return;
-  QPen pen(palette().color(QPalette::Highlight), 2);
-  pen.setJoinStyle(Qt::MiterJoin);
-  painter.setPen(pen);
-  painter.drawRect(place.adjusted(1, 1, -1, -1));
+  DrawSharpBox(painter, place, palette().color(QPalette::Highlight), 2);
   if (!hasFocus()) return;
   // The keyboard focus looks different from the mouse hover.
-  painter.setPen(palette().color(QPalette::HighlightedText));
-  painter.drawRect(place.adjusted(2, 2, -3, -3));
+  DrawSharpBox(painter, place.adjusted(2, 2, -2, -2), palette().color(QPalette::HighlightedText));
 }
 
 }  // namespace morvane

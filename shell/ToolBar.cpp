@@ -9,7 +9,7 @@ namespace morvane {
 namespace {
 
 struct Button {
-  const char* key;   ///< and tool tip; empty for a separator without a key
+  const char* key;   ///< also the tool tip; empty for separators without a key
   const char* icon;  ///< null for a separator
   const char* command;
 };

@@ -5,14 +5,13 @@
 
 namespace morvane {
 
-/// The twelve buttons at the top edge; each has its key as object name.
+/// Nine buttons and three separators at the top edge, each with its key as object name.
 class ToolBar : public QToolBar {
   Q_OBJECT
 
  public:
   explicit ToolBar(QWidget* parent);
 
-  /// Button 7.
   void SetUndoEnabled(bool enabled);
 
   /// From left to right, without the separators.

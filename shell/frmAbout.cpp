@@ -14,7 +14,7 @@ namespace {
 
 constexpr QColor kGrooveDark(0x80, 0x80, 0x80);
 
-/// A picture that can be clicked, but only shows that when it has the keyboard focus.
+/// A picture that can be clicked, which only its focus indicator reveals.
 class SecretTile : public QAbstractButton {
  public:
   using QAbstractButton::QAbstractButton;
@@ -23,10 +23,7 @@ class SecretTile : public QAbstractButton {
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
     icon().paint(&painter, rect());
-    if (!hasFocus()) return;
-    painter.setPen(
-        QPen(palette().color(QPalette::Highlight), 2, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
-    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    if (hasFocus()) DrawSharpBox(painter, rect(), palette().color(QPalette::Highlight), 2);
   }
 };
 

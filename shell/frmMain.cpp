@@ -184,20 +184,21 @@ void frmMain::RunCommand(const QString& name) {
       {"mnuFilePageSetup", &mnuFilePageSetup_Click},
       {"mnuToolsInsertText", &mnuToolsInsertText_Click},
   };
-  const auto found = kDocumentCommands.find(name);
-  if (found != kDocumentCommands.end()) {
-    Run([&] { found->second(form_.document); });
-  } else if (name == "mnuViewStatusBar") {
-    Run([this] { form_.mnuViewStatusBar_Click(); });
-  } else if (name == "mnuToolsOptions") {
-    frmOptions(form_.document, this).exec();
-    Run([this] { ShowStoredFolder(form_.palette); });
-  } else if (name == "mnuHelpAbout") {
-    frmAbout(form_.document.platform, this).exec();
-  } else if (name == "mnuFileExit") {
-    close();
-  }
-  ShowState();
+  Run([&] {
+    const auto found = kDocumentCommands.find(name);
+    if (found != kDocumentCommands.end()) {
+      found->second(form_.document);
+    } else if (name == "mnuViewStatusBar") {
+      form_.mnuViewStatusBar_Click();
+    } else if (name == "mnuToolsOptions") {
+      frmOptions(form_.document, this).exec();
+      ShowStoredFolder(form_.palette);
+    } else if (name == "mnuHelpAbout") {
+      frmAbout(form_.document.platform, this).exec();
+    } else if (name == "mnuFileExit") {
+      close();
+    }
+  });
 }
 
 void frmMain::Form_Resize() {

@@ -43,14 +43,15 @@ class frmMain : public QMainWindow {
 
  private:
   void ConnectEvents();
-  /// Calls a function of the core for an event of the palette or the map, then updates the window.
+  /// Returns an event handler that calls a function of the core with the palette and the arguments
+  /// of the event, then updates the window.
   template <typename Rule>
   auto Event(Rule rule);
   /// Calls a function of the core and updates the window. Reports when memory runs out.
   void Run(const std::function<void()>& command);
   void WatchHover();
   void AddTabStops();
-  /// Runs the command of a menu entry or of its tool bar button.
+  /// Runs the command of a menu entry, by its name. Commands without a function do nothing.
   void RunCommand(const QString& name);
   void Form_Resize();
 

@@ -16,7 +16,7 @@
 namespace morvane {
 namespace {
 
-/// A label that acts on a click like its field.
+/// A label that passes clicks on to its field.
 class FieldLabel : public QLabel {
  public:
   using QLabel::QLabel;
@@ -24,7 +24,11 @@ class FieldLabel : public QLabel {
  protected:
   void mousePressEvent(QMouseEvent* /*event*/) override {
     auto* box = qobject_cast<QCheckBox*>(buddy());
-    box != nullptr ? box->click() : buddy()->setFocus(Qt::MouseFocusReason);
+    if (box != nullptr) {
+      box->click();
+    } else {
+      buddy()->setFocus(Qt::MouseFocusReason);
+    }
   }
 };
 
@@ -46,7 +50,7 @@ QLineEdit* AddField(QWidget* frame, const char* name, const QRect& place) {
   return field;
 }
 
-/// Shows a colour as its background.
+/// Shows a colour, that of the window in its palette.
 class ColorField : public QWidget {
  public:
   using QWidget::QWidget;
@@ -73,10 +77,10 @@ void ShowColor(QWidget* box, QWidget* button, Color color) {
   QPalette palette = box->palette();
   palette.setColor(QPalette::Window, shown);
   box->setPalette(palette);
-  const QString spoken =
+  const QString description =
       QString("Red %1, green %2, blue %3").arg(shown.red()).arg(shown.green()).arg(shown.blue());
-  box->setAccessibleDescription(spoken);
-  button->setAccessibleDescription(spoken);
+  box->setAccessibleDescription(description);
+  button->setAccessibleDescription(description);
 }
 
 }  // namespace

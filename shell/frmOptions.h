@@ -21,7 +21,7 @@ class frmOptions : public FixedDialog {
  private:
   void AddFolders();
   void AddColors();
-  /// A button that calls a function, after which the fields are updated.
+  /// A button that calls a function and then updates the fields.
   QPushButton* AddButton(QWidget* parent, const char* name, const char* text, const QRect& place,
                          const std::function<void()>& click);
   void ShowState();

@@ -16,8 +16,7 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindow
   setObjectName("frmSplash");
   setFixedSize(Px(6825), Px(2925));
   picture_ = LoadPhoto("splash", devicePixelRatioF());
-  const QRect display = screen()->geometry();
-  move(display.center() - rect().center());
+  move(screen()->geometry().center() - rect().center());
 }
 
 void frmSplash::ShowAtOnce() {

@@ -22,7 +22,7 @@ class frmSplash : public QWidget {
 
  private:
   QPixmap picture_;
-  QElapsedTimer shown_;  ///< since the window became visible
+  QElapsedTimer shown_;  ///< started when the window became visible
 };
 
 }  // namespace morvane

@@ -14,10 +14,10 @@ class frmText : public FixedDialog {
   Q_OBJECT
 
  public:
-  /// Opens with that rich text.
+  /// Starts with a text that TextRTF returned earlier, or an empty one.
   frmText(const std::string& text, QWidget* owner);
 
-  /// The whole formatted document.
+  /// The whole formatted text, as Qt's HTML.
   std::string TextRTF() const;
 
  protected:

@@ -5,7 +5,7 @@
 
 namespace morvane {
 
-/// Lets the user drop one file on a widget. Anything else is refused by the pointer.
+/// Lets the user drop one file on a widget. The pointer shows that anything else is refused.
 class FileDrop : public QObject {
   Q_OBJECT
 

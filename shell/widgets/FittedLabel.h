@@ -4,7 +4,7 @@
 
 namespace morvane {
 
-/// The font, condensed if the text is wider than its place.
+/// The font, condensed if the text is wider than a width in pixels.
 QFont FittedFont(const QFont& font, const QString& text, int width);
 
 /// A line of text that is condensed and elided to fit its visible part. The tool tip shows it in

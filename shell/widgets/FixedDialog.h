@@ -5,7 +5,7 @@
 namespace morvane {
 
 /// A dialog of fixed size that is closed by its buttons or its close box. Enter presses the button
-/// that has the focus, and none where no button has it.
+/// that has the focus, else the default button, if there is one.
 class FixedDialog : public QDialog {
   Q_OBJECT
 

@@ -10,7 +10,7 @@
 namespace morvane {
 namespace {
 
-void DrawMark(QPainter* painter, const QStyleOption& option, const QRect& place, int width) {
+void DrawFocusMark(QPainter* painter, const QStyleOption& option, const QRect& place, int width) {
   DrawSharpBox(*painter, place, option.palette.color(QPalette::Highlight), width);
 }
 
@@ -19,7 +19,7 @@ bool IsDark(const QPalette& palette) {
          palette.color(QPalette::WindowText).lightness();
 }
 
-bool HasKeys(const QStyleOption& option) {
+bool HasKeyboardFocus(const QStyleOption& option) {
   return option.state.testFlag(QStyle::State_KeyboardFocusChange) &&
          option.state.testFlag(QStyle::State_HasFocus);
 }
@@ -36,19 +36,19 @@ void FocusStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
   if ((isList || isField) && IsDark(option->palette)) {
     DrawSharpBox(*painter, option->rect, SubtleLineColor(option->palette));
   }
-  if (!HasKeys(*option)) return;
+  if (!HasKeyboardFocus(*option)) return;
   if (element == PE_FrameFocusRect && qobject_cast<const QToolButton*>(widget) != nullptr) {
-    DrawMark(painter, *option, widget->rect(), 2);
+    DrawFocusMark(painter, *option, widget->rect(), 2);
   } else if (isList) {
-    DrawMark(painter, *option, option->rect, 1);
+    DrawFocusMark(painter, *option, option->rect, 1);
   }
 }
 
 void FocusStyle::drawComplexControl(ComplexControl element, const QStyleOptionComplex* option,
                                     QPainter* painter, const QWidget* widget) const {
   QProxyStyle::drawComplexControl(element, option, painter, widget);
-  if (element == CC_ComboBox && HasKeys(*option)) {
-    DrawMark(painter, *option, option->rect.adjusted(1, 1, -1, -1), 2);
+  if (element == CC_ComboBox && HasKeyboardFocus(*option)) {
+    DrawFocusMark(painter, *option, option->rect.adjusted(1, 1, -1, -1), 2);
   }
 }
 
@@ -62,11 +62,11 @@ void FocusStyle::drawControl(ControlElement element, const QStyleOption* option,
     DrawSharpLine(*painter, {entry->rect.left() + 5, y, entry->rect.right() - 5, y},
                   SubtleLineColor(entry->palette));
   }
-  if (!HasKeys(*option)) return;
+  if (!HasKeyboardFocus(*option)) return;
   if (element == CE_TabBarTabLabel) {
-    DrawMark(painter, *option, option->rect.adjusted(3, 3, -3, -3), 2);
+    DrawFocusMark(painter, *option, option->rect.adjusted(3, 3, -3, -3), 2);
   } else if (element == CE_PushButton) {
-    DrawMark(painter, *option, option->rect.adjusted(2, 2, -2, -2), 1);
+    DrawFocusMark(painter, *option, option->rect.adjusted(2, 2, -2, -2), 1);
   }
 }
 

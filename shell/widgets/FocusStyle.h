@@ -5,7 +5,7 @@
 namespace morvane {
 
 /// The desktop's style with a clear focus indicator on buttons, tabs, lists and drop-down lists. On
-/// dark desktops fields, boxes, lists and parts of menus also get clear edges.
+/// dark desktops fields, check boxes, lists and menu separators also get visible lines.
 class FocusStyle : public QProxyStyle {
  public:
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -4,7 +4,8 @@
 
 namespace morvane {
 
-/// A frame whose upper line runs through the middle of its title, as its layout was designed.
+/// A frame whose upper line runs through the middle of its title, as the fixed positions of its
+/// controls require.
 class GroupFrame : public QGroupBox {
  public:
   using QGroupBox::QGroupBox;

@@ -6,11 +6,12 @@
 
 namespace morvane {
 
-/// Designed measures are twips, 15 to the pixel.
+/// Converts a designed measure: twips, 15 to the pixel.
 constexpr int Px(int twips) {
   return twips / 15;
 }
 
+/// The place of a control, in pixels, for its designed place in twips.
 constexpr QRect PlaceOf(int left, int top, int width, int height) {
   return {Px(left), Px(top), Px(width), Px(height)};
 }

@@ -31,14 +31,14 @@ void DrawSunkenBorder(QPainter& painter, const QRect& box, const QPalette& palet
 }
 
 QColor SubtleLineColor(const QPalette& palette) {
-  constexpr int kPercent = 77;  // percent of the ground
-  const QColor ground = palette.color(QPalette::Window);
+  constexpr int kPercent = 77;  // of the background
+  const QColor background = palette.color(QPalette::Window);
   const QColor text = palette.color(QPalette::WindowText);
-  const auto mixed = [](int one, int other) {
-    return (one * kPercent + other * (100 - kPercent)) / 100;
+  const auto mixed = [](int back, int fore) {
+    return (back * kPercent + fore * (100 - kPercent)) / 100;
   };
-  return {mixed(ground.red(), text.red()), mixed(ground.green(), text.green()),
-          mixed(ground.blue(), text.blue())};
+  return {mixed(background.red(), text.red()), mixed(background.green(), text.green()),
+          mixed(background.blue(), text.blue())};
 }
 
 }  // namespace morvane

@@ -85,10 +85,10 @@ class AccessibleTabBar : public QAccessibleWidget {
 
  private:
   TabBar* tabs_;
-  mutable std::vector<QAccessible::Id> requestedIds_;  ///< the objects that were requested
+  mutable std::vector<QAccessible::Id> requestedIds_;  ///< of the tabs that were requested so far
 };
 
-QAccessibleInterface* TabsAsSpoken(const QString& /*className*/, QObject* object) {
+QAccessibleInterface* MakeAccessible(const QString& /*className*/, QObject* object) {
   auto* tabs = qobject_cast<TabBar*>(object);
   return tabs != nullptr ? new AccessibleTabBar(tabs) : nullptr;
 }
@@ -96,7 +96,7 @@ QAccessibleInterface* TabsAsSpoken(const QString& /*className*/, QObject* object
 }  // namespace
 
 TabBar::TabBar(QWidget* parent) : QTabBar(parent) {
-  QAccessible::installFactory(&TabsAsSpoken);
+  QAccessible::installFactory(&MakeAccessible);
 }
 
 void TabBar::focusInEvent(QFocusEvent* event) {

@@ -40,12 +40,12 @@ QWidget* Nearest(const std::vector<QWidget*>& group, const QWidget* from, bool b
   int shortest = std::numeric_limits<int>::max();
   for (QWidget* control : group) {
     const QRect place = control->geometry();
-    const int way = below ? place.top() - start.bottom() : start.top() - place.bottom();
-    if (way < -kOverlap) continue;
-    const int aside = std::max(
+    const int distance = below ? place.top() - start.bottom() : start.top() - place.bottom();
+    if (distance < -kOverlap) continue;
+    const int sideways = std::max(
         {0, place.left() - start.right() + kOverlap, start.left() - place.right() + kOverlap});
-    if (way + 2 * aside >= shortest) continue;
-    shortest = way + 2 * aside;
+    if (distance + 2 * sideways >= shortest) continue;
+    shortest = distance + 2 * sideways;
     nearest = control;
   }
   return nearest;
@@ -86,10 +86,10 @@ QWidget* Target(const std::vector<QWidget*>& group, QWidget* from, int key) {
 }  // namespace
 
 TabRing::TabRing(QObject* parent) : QObject(parent) {
-  constexpr std::chrono::milliseconds kRest(700);
-  rest_.setSingleShot(true);
-  rest_.setInterval(kRest);
-  connect(&rest_, &QTimer::timeout, this, [] {
+  constexpr std::chrono::milliseconds kDelay(700);
+  toolTipDelay_.setSingleShot(true);
+  toolTipDelay_.setInterval(kDelay);
+  connect(&toolTipDelay_, &QTimer::timeout, this, [] {
     const QWidget* control = QApplication::focusWidget();
     if (qobject_cast<const QAbstractButton*>(control) == nullptr) return;
     QToolTip::showText(control->mapToGlobal(control->rect().bottomLeft()), control->toolTip());
@@ -109,11 +109,13 @@ TabRing::Stop* TabRing::StopOf(const QObject* control) {
 }
 
 bool TabRing::Move(const QWidget* from, bool next) {
-  const Stop* present = StopOf(from);
+  const Stop* current = StopOf(from);
   const auto count = static_cast<int>(stops_.size());
-  const int start = present != nullptr ? static_cast<int>(present - stops_.data()) : next ? -1 : 0;
+  // From another control, Tab moves to the first stop and Shift+Tab to the last.
+  int start = next ? -1 : 0;
+  if (current != nullptr) start = static_cast<int>(current - stops_.data());
   // A button that was disabled by its own click passes the focus on within its group first.
-  const bool stays = present != nullptr && !from->isEnabled();
+  const bool stays = current != nullptr && !from->isEnabled();
   for (int i = stays ? 0 : 1; i <= count; ++i) {
     const Stop& stop = stops_[(start + (next ? i : count - i) + count) % count];
     QWidget* target = NextUsable(stop.group, stop.last);
@@ -145,11 +147,11 @@ bool TabRing::eventFilter(QObject* watched, QEvent* event) {
   auto* control = qobject_cast<QWidget*>(watched);
   switch (event->type()) {
     case QEvent::FocusIn:
-      if (IsByKeyboard(static_cast<QFocusEvent*>(event)->reason())) rest_.start();
+      if (IsByKeyboard(static_cast<QFocusEvent*>(event)->reason())) toolTipDelay_.start();
       StopOf(control)->last = control;
       return false;
     case QEvent::FocusOut:
-      rest_.stop();
+      toolTipDelay_.stop();
       return false;
     case QEvent::MouseButtonPress:
       ShowMarks(control, false);

@@ -19,7 +19,8 @@ class TabRing : public QObject {
 
   /// Appends a tab stop: one control, or a group in reading order.
   void Add(const std::vector<QWidget*>& group);
-  /// Moves the focus from one control to the next stop, or to the one before.
+  /// Moves the focus from a control to the next stop, or to the previous one. Returns false if no
+  /// control can take it.
   bool Move(const QWidget* from, bool next);
 
  protected:
@@ -28,16 +29,15 @@ class TabRing : public QObject {
  private:
   struct Stop {
     std::vector<QWidget*> group;
-    QWidget* last;  ///< used last
+    QWidget* last;  ///< the control that was used last
   };
 
   Stop* StopOf(const QObject* control);
   bool PressKey(QWidget* control, const QKeyEvent& event);
 
   std::vector<Stop> stops_;
-  /// A button with only a picture shows its tool tip when it has the keyboard focus, as under the
-  /// mouse.
-  QTimer rest_;
+  /// Until a button that got the keyboard focus shows its tool tip, as under the mouse.
+  QTimer toolTipDelay_;
 };
 
 }  // namespace morvane

@@ -6,7 +6,7 @@
 
 namespace morvane {
 
-/// Converts a text of the core.
+/// Converts a text of the core, which is UTF-8.
 inline QString TextOf(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
