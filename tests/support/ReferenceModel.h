@@ -30,6 +30,7 @@ struct ReferenceModel {
   std::string dimensions;
   std::string status;
   bool canUndo = false;
+  bool statusBar = true;
   bool undoButton = true;
   std::map<std::string, Bytes> files;  ///< by path
   std::string file;                    ///< path of the map
@@ -56,17 +57,13 @@ struct ReferenceModel {
   /// A picture file becomes the stamp; the preview is shown beside the buttons.
   void PickFile(const std::string& name, const Picture& picture) {
     const Size small = PreviewSize({picture.Width(), picture.Height()});
-    Picture preview(small.width, small.height);
-    for (int y = 0; y < small.height; ++y) {
-      for (int x = 0; x < small.width; ++x) {
-        preview.Row(y)[x] = picture.View().Row(
-            (y * 2 + 1) * picture.Height() /
-            (small.height * 2))[(x * 2 + 1) * picture.Width() / (small.width * 2)];
-      }
-    }
     custom = picture;
-    stamp = preview;
-    if (preview == picture) source = picture;
+    stamp = Made(small.width, small.height, [&](int x, int y) {
+      return picture.View().Row(
+          (y * 2 + 1) * picture.Height() /
+          (small.height * 2))[(x * 2 + 1) * picture.Width() / (small.width * 2)];
+    });
+    if (stamp == picture) source = picture;
     tile = name;
     dimensions = std::to_string(picture.Width()) + "x" + std::to_string(picture.Height());
     Choose(picture, "Custom tile selected: " + name);
@@ -99,7 +96,7 @@ struct ReferenceModel {
   }
 
   /// Resizes the inside of the window. A side of the map that would be negative doesn't change.
-  void Resize(Size client, bool statusBar) {
+  void Resize(Size client) {
     const Size wanted = {client.width - 168, client.height - 28 - (statusBar ? 22 : 4)};
     if (wanted.width >= 0) box.width = wanted.width;
     if (wanted.height >= 0) box.height = wanted.height;
@@ -121,9 +118,7 @@ struct ReferenceModel {
     Result<Picture> picture =
         files.contains(path) ? ReadBmp(files[path]) : Failed{"There is no such file."};
     if (!picture.Ok()) {
-      const std::string text = "The map could not be opened.\n\n" + path;
-      return boxes.push_back(
-          {text + "\n\n" + picture.Reason(), BoxStyle::OkExclamation, "Morvane"});
+      return Report("The map could not be opened.\n\n" + path + "\n\n" + picture.Reason());
     }
     Load(picture.Value());
     SetFile(path);
@@ -138,9 +133,7 @@ struct ReferenceModel {
       if (answer != Answer::Yes) return;
     }
     if (path.starts_with("/gone/")) {
-      return boxes.push_back(
-          {"The map could not be saved.\n\n" + path + "\n\nThe folder doesn't exist.",
-           BoxStyle::OkExclamation, "Morvane"});
+      return Report("The map could not be saved.\n\n" + path + "\n\nThe folder doesn't exist.");
     }
     files[path] = WriteBmp(map.View());
     SetFile(path);
@@ -150,6 +143,10 @@ struct ReferenceModel {
     if (!hasFile) return SaveAs(path, answer);
     files[file] = WriteBmp(map.View());
     boxes.push_back({"Map saved as " + file, BoxStyle::OkOnly, "Morvane"});
+  }
+
+  void Print(const std::string& failure) {
+    if (!failure.empty()) Report("The map could not be printed.\n\n" + failure);
   }
 
   void AskToSave() {
@@ -162,17 +159,11 @@ struct ReferenceModel {
     hasFile = false;
     caption = "Morvane";
     const auto paper = [&](Size size, Size filled, Size lines) {
-      Picture picture(std::max(1, size.width), std::max(1, size.height));
-      for (int y = 0; y < picture.Height(); ++y) {
-        for (int x = 0; x < picture.Width(); ++x) {
-          if (x < filled.width && y < filled.height) picture.Row(y)[x] = PixelOf(color);
-          const bool onLine = x % 20 == 19 || y % 20 == 19;
-          if (grid && onLine && x < lines.width && y < lines.height) {
-            picture.Row(y)[x] = PixelOf(gridColor);
-          }
-        }
-      }
-      return picture;
+      return Made(std::max(1, size.width), std::max(1, size.height), [&](int x, int y) {
+        const bool isOnLine = grid && (x % 20 == 19 || y % 20 == 19);
+        if (isOnLine && x < lines.width && y < lines.height) return PixelOf(gridColor);
+        return PixelOf(x < filled.width && y < filled.height ? color : kWhite);
+      });
     };
     const Size ahead = {1428, 1164};
     map = paper(Inside(), Inside(), ahead);
@@ -202,17 +193,13 @@ struct ReferenceModel {
   static Picture Turned(const Picture& picture, Transform transform) {
     const int W = picture.Width();
     const int H = picture.Height();
-    Picture turned(IsFlip(transform) ? W : H, IsFlip(transform) ? H : W);
-    for (int y = 0; y < H; ++y) {
-      for (int x = 0; x < W; ++x) {
-        const Pixel pixel = picture.View().Row(y)[x];
-        if (transform == Transform::FlipHorizontal) turned.Row(y)[W - 1 - x] = pixel;
-        if (transform == Transform::FlipVertical) turned.Row(H - 1 - y)[x] = pixel;
-        if (transform == Transform::RotateRight) turned.Row(x)[H - 1 - y] = pixel;
-        if (transform == Transform::RotateLeft) turned.Row(W - 1 - x)[y] = pixel;
-      }
-    }
-    return turned;
+    const auto pixelAt = [&](int x, int y) {
+      if (transform == Transform::FlipHorizontal) return picture.View().Row(y)[W - 1 - x];
+      if (transform == Transform::FlipVertical) return picture.View().Row(H - 1 - y)[x];
+      if (transform == Transform::RotateRight) return picture.View().Row(H - 1 - x)[y];
+      return picture.View().Row(x)[W - 1 - y];
+    };
+    return IsFlip(transform) ? Made(W, H, pixelAt) : Made(H, W, pixelAt);
   }
 
   void Hover(int X, int Y) {
@@ -237,6 +224,10 @@ struct ReferenceModel {
   Size Inside() const { return {std::max(0, box.width - 4), std::max(0, box.height - 4)}; }
 
  private:
+  void Report(const std::string& text) {
+    boxes.push_back({text, BoxStyle::OkExclamation, "Morvane"});
+  }
+
   void Choose(const Picture& picture, const std::string& text) {
     outline.Width = picture.Width();
     outline.Height = picture.Height();
@@ -257,6 +248,14 @@ struct ReferenceModel {
         if (key == nullptr || pixel != *key) onto.Row(Y)[X] = pixel;
       }
     }
+  }
+
+  static Picture Made(int width, int height, const std::function<Pixel(int x, int y)>& pixelAt) {
+    Picture picture(width, height);
+    for (int y = 0; y < height; ++y) {
+      for (int x = 0; x < width; ++x) picture.Row(y)[x] = pixelAt(x, y);
+    }
+    return picture;
   }
 
   static Picture Grown(const Picture& from, Size least) {

@@ -1,0 +1,138 @@
+#pragma once
+
+#include <random>
+
+#include "palette/PalettePages.h"
+#include "platform/Images.h"
+#include "shell/widgets/Text.h"
+#include "tests/support/FormFixture.h"
+#include "tools/CanvasMouse.h"
+
+namespace morvane {
+
+/// The editor, used through functions of the core or by events of mouse and keyboard in its window.
+class EitherWay : public FormFixture {
+ public:
+  EitherWay(unsigned seed, bool throughWindow)
+      : FormFixture(&SpeckledSheet), random_(seed), throughWindow_(throughWindow) {}
+  void TestBody() override {}
+
+ protected:
+  int Random(int from, int to) { return std::uniform_int_distribution(from, to)(random_); }
+
+  /// Calls the function of the core, which is the first, or does the same in the window.
+  void OneOf(std::initializer_list<std::function<void()>> ways) {
+    std::begin(ways)[throughWindow_ ? 1 + random_() % (ways.size() - 1) : 0]();
+  }
+  void Command(void (*rule)(Document&), const char* entry, const char* tool, const char* keys) {
+    OneOf({[&] { rule(document); }, [&] { Choose(entry); }, [&] { MapKey(keys); },
+           [&] { *tool != 0 ? ClickTool(tool) : Choose(entry); }});
+  }
+
+  void MapKey(const char* keys) {
+    window.activateWindow();
+    Find("Canvas")->setFocus();
+    QTest::keySequence(Find("Canvas"), QKeySequence(keys));
+  }
+
+  void Press(int button, int X, int Y) {
+    const auto pressed = static_cast<Qt::MouseButton>(button);
+    const bool isDouble = Random(0, 7) == 0;
+    const auto press = isDouble ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress;
+    OneOf({[&] { Canvas_MouseDown(palette, button, float(X), float(Y)); },
+           [&] {
+             SendMouse(press, pressed, pressed, X, Y);
+             SendMouse(QEvent::MouseButtonRelease, pressed, {}, X, Y);
+           }});
+  }
+
+  void Move(int buttons, int X, int Y) {
+    OneOf({[&] { Canvas_MouseMove(palette, buttons, float(X), float(Y)); },
+           [&] { SendMouse(QEvent::MouseMove, Qt::NoButton, Qt::MouseButtons(buttons), X, Y); }});
+  }
+
+  bool Exits() { return throughWindow_ ? window.close() : !form.Form_Unload(); }
+
+  /// What the window shows differently from the core; empty if nothing.
+  std::string WindowMismatch() {
+    if (!throughWindow_) return {};
+    const int set = palette.TileSetSelector.ListIndex;
+    const std::array modes = {"Tile", "Wall", "Door"};
+    const auto* status = Find<QLabel>("SimpleText");
+    const std::vector<std::pair<const char*, bool>> checks = {
+        {"mode", Find<QLabel>("lbMode")->text() == modes.at(int(palette.CurrentMode()))},
+        {"tile", Find("Label2")->toolTip() == ToolTipOf(TextOf(palette.Label2))},
+        {"undo entry", Find<QAction>("mnuEditUndo")->isEnabled() == document.mnuEditUndoEnabled},
+        {"undo button", Tool("Undo")->isEnabled() == document.UndoButtonEnabled},
+        {"title", window.windowHandle()->title() == TextOf(document.Caption)},
+        {"status", status->text() == TextOf(document.StatusText)},
+        {"announcement", status->accessibleName() == status->text()},
+        {"status bar", Find("sbStatusBar")->isHidden() != form.StatusBarVisible},
+        {"check", Find<QAction>("mnuViewStatusBar")->isChecked() == form.StatusBarVisible},
+        {"pointer", Find("Canvas")->cursor().shape() == Qt::CrossCursor},
+        {"set", Find<QComboBox>("TileSetSelector")->currentIndex() == set},
+        {"stamp",
+         Find("Picture1")->size() == QSize(palette.Picture1.Width(), palette.Picture1.Height())},
+        {"pages", ShownPages() == ExpectedPages()},
+        {"screen", random_() % 8 != 0 || Screen() == ExpectedScreen()}};
+    for (const auto& [name, isRight] : checks) {
+      if (!isRight) return name;
+    }
+    return {};
+  }
+
+ private:
+  void SendMouse(QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held, int X, int Y) {
+    QWidget* canvas = Find("Canvas");
+    const QPointF place(X + 2, Y + 2);
+    QMouseEvent event(type, place, canvas->mapToGlobal(place), button, held, {});
+    QCoreApplication::sendEvent(canvas, &event);
+  }
+
+  /// The strips and pages that show.
+  QStringList ShownPages() {
+    QStringList names;
+    for (const auto* page : window.findChildren<QWidget*>(QRegularExpression("^(Tab|Frame)"))) {
+      if (page->isVisibleTo(&window)) names << page->objectName();
+    }
+    return names;
+  }
+  QStringList ExpectedPages() {
+    const int set = palette.TileSetSelector.ListIndex;
+    if (set == kCustomSet) return {"Frame5"};
+    const QString strip = TextOf(TileSets()[set].tabStrip);
+    const int page = CurrentPage(palette, set);
+    EXPECT_EQ(Find(strip)->findChild<QTabBar*>()->currentIndex() + 1, page);
+    return {strip, TextOf(TileSets()[set].frame) + "-" + QString::number(page)};
+  }
+
+  /// The map as the display shows it after its partial updates.
+  QImage Screen() {
+    QCoreApplication::processEvents();
+    QWidget* canvas = Find("Canvas");
+    const QRect inside = canvas->contentsRect();
+    const QRect place(canvas->mapTo(&window, inside.topLeft()), inside.size());
+    // Qt can't take screenshots of enlarged or cut off windows without a display.
+    const bool isCut = inside.isEmpty() || !window.rect().contains(place);
+    if (isCut || window.devicePixelRatioF() != 1) return ExpectedScreen();
+    const QPixmap screen = window.screen()->grabWindow(window.winId());
+    return screen.toImage().copy(place).convertToFormat(QImage::Format_RGB32);
+  }
+  /// The visible part of the map with the outline of the stamp.
+  QImage ExpectedScreen() {
+    const PictureView map = document.Canvas.Image();
+    QImage screen = ImageOver(map).copy(QRect(QPoint(), Find("Canvas")->contentsRect().size()));
+    const Outline& outline = palette.Shape1;
+    if (!outline.Visible) return screen;
+    const QRect outer(outline.Left, outline.Top, outline.Width, outline.Height);
+    QPainter painter(&screen);
+    painter.setClipRegion(QRegion(outer) - outer.adjusted(2, 2, -2, -2));
+    painter.fillRect(outer, QColor(0, 106, 236));
+    return screen;
+  }
+
+  std::mt19937 random_;
+  bool throughWindow_;
+};
+
+}  // namespace morvane
