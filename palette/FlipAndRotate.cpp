@@ -30,9 +30,8 @@ void Turn(Palette& palette, Transform transform) {
     TurnCustom(palette.Custom, transform);
     size = palette.Custom.ScaleSize();
   }
-  palette.Shape1.Width = size.width;
-  palette.Shape1.Height = size.height;
-  palette.LeaveToTileMode();
+  palette.Shape1.SetSize(size);
+  palette.SwitchToTileMode();
   palette.document.StatusText =
       palette.Label2 + (IsFlip(transform) ? " tile flipped" : " tile rotated");
 }
