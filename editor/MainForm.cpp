@@ -69,7 +69,7 @@ void MainForm::RescueAtTermination() {
 }
 
 bool MainForm::SessionEnds(bool mayAsk) {
-  // The question may be open already.
+  // While the exit question is open, it must not be asked again.
   if (!mayAsk || isAsking_) {
     try {
       RescueForSession(document);

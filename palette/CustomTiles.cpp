@@ -13,7 +13,7 @@ namespace {
 constexpr int kMaxPreview = 60;
 
 int Scaled(int side, int otherSide) {
-  // Halves are rounded to even, as everywhere in the system.
+  // Halves are rounded to even, as in the settings.
   return std::max(1, static_cast<int>(std::nearbyint(double{kMaxPreview} * side / otherSide)));
 }
 

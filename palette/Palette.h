@@ -8,7 +8,7 @@
 
 namespace morvane {
 
-/// The outline that shows the footprint of the stamp on the map, in pixels of the canvas.
+/// The outline of the area that the stamp would cover, in map pixels.
 struct Outline {
   int Left = 0;
   int Top = 0;
