@@ -4,6 +4,7 @@
 
 namespace morvane::bench {
 
+/// Each function registers the benchmarks of one group and adds their rows to the table.
 void AddCopies(RatioTable& table);
 void AddTransforms(RatioTable& table);
 void AddFiles(RatioTable& table);

@@ -17,7 +17,7 @@ using SdlSurface = std::shared_ptr<SDL_Surface>;
 
 /// Copies of one picture to many places of a map.
 struct Copies {
-  explicit Copies(Picture picture, std::vector<Place> to)
+  Copies(Picture picture, std::vector<Place> to)
       : source(std::move(picture)), places(std::move(to)) {}
 
   Operation AsOperation(const std::string& name) const {
@@ -80,7 +80,7 @@ SdlSurface SdlOver(const Surface& surface) {
   return {over, SDL_FreeSurface};
 }
 
-/// White is transparent.
+/// Compares copies that leave out white pixels. Returns the comparison for further peers.
 Comparison AddTransparent(RatioTable& table, const std::string& name, const Copies& copies) {
   Comparison comparison(table, copies.AsOperation("TransparentBlt of a " + name), [=] {
     copies.Make([](const Surface& map, Place at, const PictureView& source) {

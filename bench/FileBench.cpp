@@ -22,7 +22,8 @@ namespace {
 constexpr Size kLargeMap{1432, 1168};
 constexpr std::chrono::milliseconds kBetweenPresses{60};
 
-/// A map, a folder for its files, and its snapshot there.
+/// A map, a folder for its files, and its snapshot there. Copies share all of it; the folder is
+/// deleted with the last one, so each run that uses a file holds a copy.
 struct MapFiles {
   explicit MapFiles(Size size) : map(RandomPicture(size, 20)) {
     folder->Enter();

@@ -18,7 +18,7 @@ struct Place {
   int y;
 };
 
-/// A picture in memory that all peers use, so that its alignment is the same for all.
+/// A picture that Morvane and its peers use in turn, so that its alignment is the same for all.
 class SharedPicture {
  public:
   explicit SharedPicture(Picture start) : picture_(std::make_shared<Picture>(std::move(start))) {}

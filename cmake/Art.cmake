@@ -19,7 +19,7 @@ set(MORVANE_ICONS
 )
 set(MORVANE_JPEGS splash about)
 
-# Renders an SVG file to `out` in the art folder of the build. Options set the size.
+# Renders an SVG file to `out` in the folder art/ of the build. Further arguments set the size.
 function(morvane_render svg out)
   set(png ${CMAKE_BINARY_DIR}/art/${out})
   get_filename_component(folder ${png} DIRECTORY)
@@ -41,6 +41,7 @@ function(morvane_render_jpeg svg out)
     COMMENT "Rendering ${out}.jpg" VERBATIM)
 endfunction()
 
+# Renders all art and adds it to the target as resources.
 function(morvane_add_art target)
   set(files)
   foreach(sheet IN LISTS MORVANE_TILE_SHEETS)

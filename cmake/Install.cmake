@@ -7,14 +7,14 @@ find_program(GZIP gzip REQUIRED)
 set(MORVANE_APP_ID org.morvane.Morvane)
 set(MORVANE_ICON_SIZES 16 24 32 48 64 128 256)
 
-# Compresses a file of packaging/ to `out`.gz in the pages folder of the build, without a timestamp.
-function(morvane_compress page out)
-  set(compressed ${CMAKE_BINARY_DIR}/pages/${out})
+# Compresses a file of packaging/ into the folder pages/ of the build, without a timestamp.
+function(morvane_compress page)
+  set(compressed ${CMAKE_BINARY_DIR}/pages/${page})
   add_custom_command(OUTPUT ${compressed}.gz
     COMMAND ${CMAKE_COMMAND} -E copy ${CMAKE_SOURCE_DIR}/packaging/${page} ${compressed}
     COMMAND ${GZIP} -9nf ${compressed}
     DEPENDS ${CMAKE_SOURCE_DIR}/packaging/${page}
-    COMMENT "Compressing ${out}.gz" VERBATIM)
+    COMMENT "Compressing ${page}" VERBATIM)
 endfunction()
 
 install(TARGETS morvane RUNTIME)
@@ -34,8 +34,8 @@ endforeach()
 install(FILES art/ui/morvane.svg DESTINATION ${hicolor}/scalable/apps
         RENAME ${MORVANE_APP_ID}.svg)
 
-morvane_compress(morvane.1 morvane.1)
-morvane_compress(changelog changelog)
+morvane_compress(morvane.1)
+morvane_compress(changelog)
 list(APPEND generated ${CMAKE_BINARY_DIR}/pages/morvane.1.gz ${CMAKE_BINARY_DIR}/pages/changelog.gz)
 install(FILES ${CMAKE_BINARY_DIR}/pages/morvane.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES ${CMAKE_BINARY_DIR}/pages/changelog.gz packaging/copyright

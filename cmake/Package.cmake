@@ -1,6 +1,6 @@
 # The Debian package, built by scripts/package.
 
-# The version must be the same in three files.
+# The version must be the same as in the changelog and the metainfo.
 set(first_line "^morvane \\(${PROJECT_VERSION}\\)")
 file(STRINGS packaging/changelog newest LIMIT_COUNT 1)
 if(NOT newest MATCHES "${first_line}")

@@ -11,7 +11,7 @@
 
 namespace morvane {
 
-/// The map and its blank copy, its file, and what the main window shows of them.
+/// The map, the blank map, the current file, and what the main window shows of them.
 struct Document {
   explicit Document(Platform& thePlatform) : platform(thePlatform), settings(thePlatform) {
     Canvas.MousePointer = Pointer::Cross;
@@ -29,12 +29,12 @@ struct Document {
 
   /// Work picture that text is drawn on.
   PictureBox pbTempText{513, 353, PictureBox::Border::Sunken};
-  std::string TextToInsert;  ///< rich text of the last dialog that was accepted
+  std::string TextToInsert;  ///< rich text that was last accepted in the dialog
   bool TextAccepted = false;
-  std::int16_t TextX = 0;  ///< place of the press that opened the dialog
+  std::int16_t TextX = 0;  ///< pixel of the map where the press opened the dialog
   std::int16_t TextY = 0;
 
-  std::string CurrentFile;  ///< full path; keeps its text when a new map has no file yet
+  std::string CurrentFile;  ///< full path; keeps its value while a new map has no file yet
   bool HasCurrentFile = false;
   std::string Caption = kProgramName;
   std::string StatusText;
@@ -45,11 +45,12 @@ struct Document {
   bool SnapshotFailureReported = false;
 
   std::vector<std::string> RescueCopies;  ///< paths to be reported to the user
-  /// Maps of earlier runs that no folder took. While they are held, nothing replaces their files.
+  /// Maps of earlier runs that no folder accepted, held so that their files stay locked.
   std::vector<std::unique_ptr<Leftover>> UnplacedLeftovers;
-  /// The map that the user or a rescue copy has dealt with at the end of a session.
+  /// The last map that needs no further rescue copy, because it has one or the user has answered
+  /// the exit question.
   Picture SettledMap;
-  std::string SessionCopy;  ///< path of the last rescue copy of this run; empty where there is none
+  std::string SessionCopy;  ///< path of this run's last rescue copy; empty if there is none
 };
 
 }  // namespace morvane

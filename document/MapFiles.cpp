@@ -16,7 +16,6 @@ FileDialog MapDialog(const Document& document, const char* title) {
           .InitDir = document.settings.GetINIFileString("Map", "Dir", "")};
 }
 
-/// The outcome of a save.
 struct SaveOutcome {
   bool isSaved = false;
   std::string path;  ///< empty if the user chose no name
@@ -26,15 +25,6 @@ struct SaveOutcome {
 SaveOutcome SaveTo(Document& document, const std::string& path) {
   Failure reason = SavePicture(document.platform, document.Canvas.Image(), path);
   return {reason.empty(), path, std::move(reason)};
-}
-
-SaveOutcome Save(Document& document) {
-  SaveOutcome outcome = SaveTo(document, document.CurrentFile);
-  if (outcome.isSaved) {
-    document.platform.MsgBox("Map saved as " + document.CurrentFile, BoxStyle::OkOnly,
-                             kProgramName);
-  }
-  return outcome;
 }
 
 SaveOutcome SaveAs(Document& document) {
@@ -56,24 +46,36 @@ SaveOutcome SaveAs(Document& document) {
   return outcome;
 }
 
+/// Saves to the current file, or asks for a name if there is none.
+SaveOutcome Save(Document& document) {
+  if (!document.HasCurrentFile) return SaveAs(document);
+  SaveOutcome outcome = SaveTo(document, document.CurrentFile);
+  if (outcome.isSaved) {
+    document.platform.MsgBox("Map saved as " + document.CurrentFile, BoxStyle::OkOnly,
+                             kProgramName);
+  }
+  return outcome;
+}
+
 std::string NameOf(const std::string& path) {
   return path.substr(path.rfind('/') + 1);
 }
 
-/// The message about a save that was not done; empty if there is none.
+/// The message about a map that was not saved.
 std::string TextOf(const SaveOutcome& outcome) {
   if (outcome.reason.empty()) return "The map was not saved.";
   return "The map could not be saved.\n\n" + outcome.path + "\n\n" + outcome.reason;
 }
 
-void ReportOutcome(Document& document, const SaveOutcome& outcome) {
+/// Reports a save that failed. One that the user declined needs no message.
+void ReportFailedSave(Document& document, const SaveOutcome& outcome) {
   if (!outcome.reason.empty()) {
     document.platform.MsgBox(TextOf(outcome), BoxStyle::OkExclamation, kProgramName);
   }
 }
 
-/// The window closes in any case, so the map is saved somewhere first. If no folder accepts it, the
-/// user can choose other places.
+/// Saves a rescue copy, because the window closes in any case. If no folder accepts it, the user
+/// can choose other places.
 void Rescue(Document& document, SaveOutcome outcome) {
   Platform& platform = document.platform;
   const std::string path = WriteRescueCopy(document);
@@ -83,14 +85,14 @@ void Rescue(Document& document, SaveOutcome outcome) {
                     BoxStyle::OkExclamation, kProgramName);
     return;
   }
-  while (
-      !outcome.isSaved &&
-      platform.MsgBox(TextOf(outcome) +
-                          "\n\nA rescue copy could not be written to any other folder either.\n\n"
-                          "Do you want to choose a place to save the map? Otherwise it is lost.",
-                      BoxStyle::YesNoExclamation, kProgramName) == Answer::Yes) {
-    outcome = SaveAs(document);
-  }
+  const auto wantsOtherPlace = [&] {
+    return platform.MsgBox(
+               TextOf(outcome) +
+                   "\n\nA rescue copy could not be written to any other folder either.\n\n"
+                   "Do you want to choose a place to save the map? Otherwise it is lost.",
+               BoxStyle::YesNoExclamation, kProgramName) == Answer::Yes;
+  };
+  while (!outcome.isSaved && wantsOtherPlace()) outcome = SaveAs(document);
 }
 
 }  // namespace
@@ -122,18 +124,18 @@ void mnuFileOpen_Click(Document& document) {
 }
 
 void mnuFileSave_Click(Document& document) {
-  ReportOutcome(document, document.HasCurrentFile ? Save(document) : SaveAs(document));
+  ReportFailedSave(document, Save(document));
 }
 
 void mnuFileSaveAs_Click(Document& document) {
-  ReportOutcome(document, SaveAs(document));
+  ReportFailedSave(document, SaveAs(document));
 }
 
 bool AskToSave(Document& document) {
   const Answer answer = document.platform.MsgBox("Do you want to save your map?",
                                                  BoxStyle::YesNoCancelQuestion, "Save?");
   if (answer == Answer::Yes) {
-    SaveOutcome outcome = document.HasCurrentFile ? Save(document) : SaveAs(document);
+    SaveOutcome outcome = Save(document);
     if (!outcome.isSaved) Rescue(document, std::move(outcome));
   }
   return answer == Answer::Cancel;

@@ -15,7 +15,7 @@ void OpenMap(Document& document, const std::string& path);
 /// File > Open.
 void mnuFileOpen_Click(Document& document);
 
-/// File > Save; asks for a name where there is no current file.
+/// File > Save; asks for a name if there is no current file.
 void mnuFileSave_Click(Document& document);
 
 /// File > Save As.

@@ -9,8 +9,10 @@
 namespace morvane {
 namespace {
 
-/// The area for which the grid is drawn in advance, so that it is there when the window grows.
+/// The outer size of the canvas for which the grid is drawn in advance, so that a larger window
+/// shows it too.
 constexpr Size kDrawnAhead = {1432, 1168};
+/// The same without the border.
 constexpr Size kInsideDrawnAhead = {1428, 1164};
 
 void DrawGrid(const Surface& surface, Color color) {
@@ -30,11 +32,9 @@ void Fill(PictureBox& box, Color color) {
 
 void DrawGridAhead(PictureBox& canvas, Color color) {
   const Size size = {canvas.Width(), canvas.Height()};
-  canvas.SetWidth(kDrawnAhead.width);
-  canvas.SetHeight(kDrawnAhead.height);
+  canvas.SetSize(kDrawnAhead);
   DrawGrid(canvas.hDC(), color);
-  canvas.SetWidth(size.width);
-  canvas.SetHeight(size.height);
+  canvas.SetSize(size);
   canvas.TrimImage();
 }
 

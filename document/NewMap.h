@@ -4,7 +4,7 @@
 
 namespace morvane {
 
-/// File > New: paints background and grid from the settings, after a question.
+/// File > New: asks for confirmation, then creates a blank map with the colours in the settings.
 void mnuFileNew_Click(Document& document);
 
 /// Whether a map shows nothing but one colour, with or without the grid of a new map.

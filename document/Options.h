@@ -6,7 +6,7 @@
 
 namespace morvane {
 
-/// The Options dialog: what its fields hold while it is open, and its events.
+/// The state of the Options dialog while it is open, and its events.
 class Options {
  public:
   explicit Options(Document& document) : document_(document) {}
@@ -15,7 +15,7 @@ class Options {
   std::string TextCustomDir;
   Color ColorBox = 0;
   Color GridColorBox = 0;
-  int GridCheck = 0;
+  int GridCheck = 0;  ///< 1 if ticked
 
   /// Fills the fields from the settings.
   void Form_Load();
@@ -27,8 +27,8 @@ class Options {
   }
   void PaletteButton_Click() { PickColor(ColorBox); }
   void GridPaletteButton_Click() { PickColor(GridColorBox); }
-  /// Writes the fields into the settings. Returns whether the dialog may close: if the settings
-  /// can't be written, it reports that and keeps the fields.
+  /// Writes the fields into the settings. Returns whether the dialog may close: if they can't be
+  /// written, it reports that and stays open.
   bool cmdOK_Click();
 
  private:
@@ -36,7 +36,8 @@ class Options {
   void PickColor(Color& box);
 
   Document& document_;
-  /// The colour dialog's colour, initially black. Both boxes share it, even after a cancel.
+  /// The colour last chosen in the colour dialog, initially black. Both fields take it, even after
+  /// a cancel.
   Color commonColor_ = 0;
 };
 

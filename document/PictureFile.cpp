@@ -1,6 +1,7 @@
 #include "document/PictureFile.h"
 
 #include <new>
+#include <utility>
 
 #include "document/bmp/Bmp.h"
 

@@ -18,12 +18,12 @@ struct PictureView;
 /// The outcome of creating a file under a name that must not exist yet.
 enum class NewFileOutcome { Done, NameTaken, Failed };
 
-/// A snapshot that an earlier run left behind. It is locked while this object lives, so that no
+/// A snapshot that an earlier run left behind. It is locked while this object exists, so that no
 /// other run takes it.
 class Leftover : public ByteSource {
  public:
   virtual std::time_t WrittenAt() const = 0;
-  /// Renames the file, and never replaces another one. Fails between two volumes.
+  /// Renames the file, but never replaces another one. Fails if the path is on another volume.
   virtual NewFileOutcome MoveTo(const std::string& path) = 0;
   /// Deletes the file unless it was renamed. If it can't be deleted, truncates it.
   virtual void Delete() = 0;
@@ -40,7 +40,7 @@ enum class BoxStyle {
 
 enum class Answer { Ok, Cancel, Yes, No };
 
-/// How a file dialog is set up before it is shown.
+/// The fixed texts and preset values of a file dialog.
 struct FileDialog {
   std::string DialogTitle;
   std::string Filter;    ///< "Description (*.ext)|*.ext"
@@ -48,10 +48,10 @@ struct FileDialog {
   std::string InitDir;   ///< folder to start in; empty leaves the choice to the platform
 };
 
-/// The title of every message box.
+/// Also the title of the main window and of most message boxes.
 inline constexpr const char* kProgramName = "Morvane";
 
-/// The interface between the rules and the desktop. Paths and texts are UTF-8.
+/// The interface to the desktop and the file system. Paths and texts are UTF-8.
 class Platform {
  public:
   Platform() = default;
@@ -59,7 +59,7 @@ class Platform {
   Platform& operator=(const Platform&) = delete;
   virtual ~Platform() = default;
 
-  /// Updates the window in the middle of an event.
+  /// Updates the window while an event is still being handled.
   virtual void ShowState() = 0;
   /// Shows a message box, and returns when a button was pressed.
   virtual Answer MsgBox(const std::string& text, BoxStyle style, const std::string& title) = 0;
@@ -69,11 +69,11 @@ class Platform {
   virtual std::string ShowSave(const FileDialog& dialog) = 0;
 
   virtual std::string CurrentDirectory() = 0;
-  /// Whether a normal file of that name exists.
+  /// Whether the path is a regular file.
   virtual bool FileExists(const std::string& path) = 0;
-  /// Whether there is a folder whose names can be listed and whose files can be opened.
+  /// Whether the path is a folder that can be listed and whose files can be opened.
   virtual bool IsFolderReadable(const std::string& path) = 0;
-  /// Opens a normal file for reading; anything else is refused with its reason.
+  /// Opens a regular file for reading; anything else is refused with a reason.
   virtual OpenedFile OpenFile(const std::string& path) = 0;
   /// Replaces a file atomically: after a failure the old file is intact.
   virtual Failure WriteFile(const std::string& path, ByteSource& content) = 0;
@@ -96,7 +96,7 @@ class Platform {
   /// Deletes the notes of these copies.
   virtual void DeleteRescueNotes(const std::vector<std::string>& paths) = 0;
 
-  /// One value of a private-profile file, at most size - 1 bytes of it.
+  /// One value of a private-profile file, at most size - 1 bytes of it; dv if there is none.
   virtual std::string GetPrivateProfileString(const std::string& section, const std::string& key,
                                               const std::string& dv, std::size_t size,
                                               const std::string& path) = 0;
@@ -120,20 +120,19 @@ class Platform {
   /// seconds.
   virtual Result<Picture> DecodePicture(Bytes content) = 0;
 
-  /// Lets the user edit rich text. Returns whether the user accepted it; if so, text holds the
-  /// result.
+  /// Lets the user edit rich text. Returns whether the user accepted it; if so, text is the result.
   virtual bool EditText(std::string& text) = 0;
-  /// Draws rich text from the top left of a picture, wrapped at its width, without anti-aliasing.
+  /// Draws rich text at the top left of a picture, wrapped at its width, without anti-aliasing.
   virtual void DrawText(const std::string& text, Picture& picture) = 0;
 
   /// Prints one page with the picture at its top left, 96 pixels to the inch.
   virtual Failure Print(const PictureView& picture) = 0;
-  /// Lets the user choose the printer of the next prints.
+  /// Lets the user choose the printer and paper for later calls of Print.
   virtual void ShowPrinterSetup(const std::string& title) = 0;
 
   /// Lets the user choose a folder; empty after a cancel.
   virtual std::string BrowseForFolder(const std::string& title) = 0;
-  /// Lets the user choose a colour 0xBBGGRR; it stays as it is after a cancel.
+  /// Lets the user change a colour 0xBBGGRR; unchanged after a cancel.
   virtual void ShowColor(std::uint32_t& color) = 0;
 };
 

@@ -32,14 +32,15 @@ std::string PlaceRescueFile(Platform& platform, std::time_t painted,
     const std::string stem = WithTrailingBackslash(folder) + RescueName(painted);
     for (int i = 1; i <= kMaxNames; ++i) {
       std::string path = stem + (i == 1 ? "" : " (" + std::to_string(i) + ")") + ".bmp";
-      const NewFileOutcome placing = place(path);
-      if (placing == NewFileOutcome::Done) return path;
-      if (placing == NewFileOutcome::Failed) break;
+      const NewFileOutcome outcome = place(path);
+      if (outcome == NewFileOutcome::Done) return path;
+      if (outcome == NewFileOutcome::Failed) break;
     }
   }
   return {};
 }
 
+/// Whether the current file contains the map as it is now.
 bool IsInItsFile(Document& document) {
   if (!document.HasCurrentFile) return false;
   Result<LoadedPicture> file = LoadPicture(document.platform, document.CurrentFile);
@@ -53,12 +54,16 @@ bool IsInItsFile(Document& document) {
   return shown.View() == map;
 }
 
-bool IsUnsaved(Document& document) {
-  const PictureView map = document.Canvas.Image();
-  return !IsBlankMap(map) && !(document.SettledMap.View() == map) && !IsInItsFile(document);
+bool IsSettled(const Document& document) {
+  return document.SettledMap.View() == document.Canvas.Image();
 }
 
-/// Whether a file holds a complete map on which something was painted, or could hold one.
+bool IsUnsaved(Document& document) {
+  return !IsBlankMap(document.Canvas.Image()) && !IsSettled(document) && !IsInItsFile(document);
+}
+
+/// Whether a file holds a complete map on which something was painted. A map that is too large to
+/// be examined is kept too.
 bool IsWorthKeeping(ByteSource& file) {
   try {
     if (!IsBmp(file)) return false;
@@ -83,7 +88,7 @@ void SettleMap(Document& document) {
   try {
     document.SettledMap = Picture(document.Canvas.Image());
   } catch (const std::bad_alloc&) {
-    // The map only gets another rescue copy.
+    // The map may get a second rescue copy, which does no harm.
   }
 }
 
@@ -97,8 +102,7 @@ bool RescueForSession(Document& document) {
 
 bool RescueUnsavedMap(Document& document) {
   if (!RescueForSession(document)) return false;
-  const bool isItsCopy = document.SettledMap.View() == document.Canvas.Image();
-  if (isItsCopy && !document.SessionCopy.empty()) {
+  if (IsSettled(document) && !document.SessionCopy.empty()) {
     document.platform.NoteRescueCopy(document.SessionCopy);
   }
   return true;
@@ -122,7 +126,7 @@ void RescueLeftovers(Document& document) {
     }
     leftover->Delete();
   }
-  // A copy that could not be noted is reported by this run alone.
+  // A copy that could not be noted isn't among these, but is reported too.
   for (const std::string& path : platform.RescueNotes()) {
     std::vector<std::string>& copies = document.RescueCopies;
     if (std::find(copies.begin(), copies.end(), path) == copies.end()) copies.push_back(path);

@@ -10,14 +10,14 @@ namespace morvane {
 /// time. Returns the path; empty if no folder accepts it.
 std::string WriteRescueCopy(Document& document);
 
-/// Marks the map as it is now as one that needs no further rescue copy.
+/// Records that the map as it is now needs no further rescue copy.
 void SettleMap(Document& document);
 
 /// Writes a rescue copy of a map that would be lost: one that isn't blank, differs from its file,
 /// and isn't SettledMap. Returns false if no folder accepts it.
 bool RescueForSession(Document& document);
 
-/// The same at the end of the process. The next run reports the copy.
+/// The same when the process ends: the next run will report the copy.
 bool RescueUnsavedMap(Document& document);
 
 /// Keeps the maps that earlier runs left behind as rescue copies. To be called before the first

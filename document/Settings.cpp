@@ -41,15 +41,14 @@ std::string WithTrailingBackslash(const std::string& aString) {
 double NumericValue(const std::string& text) {
   std::string digits = text;
   std::erase_if(digits, IsBlank);
-  const char* begin = digits.data();
-  const char* end = begin + digits.size();
-  const char* first = begin != end && (*begin == '+' || *begin == '-') ? begin + 1 : begin;
-  if (begin != end && *begin == '+') ++begin;
-  // strtod would also accept words such as "infinity".
-  const bool startsNumber = first != end && (*first == '.' || (*first >= '0' && *first <= '9'));
+  const bool hasPlus = digits.starts_with('+');
+  const char first = digits[hasPlus || digits.starts_with('-') ? 1 : 0];  // '\0' at the end
+  // from_chars would also accept words such as "infinity".
+  if (first != '.' && (first < '0' || first > '9')) return 0;
+  const char* begin = digits.data() + (hasPlus ? 1 : 0);
   double value = 0;
-  if (!startsNumber || std::from_chars(begin, end, value).ec != std::errc()) return 0;
-  return value;
+  const auto result = std::from_chars(begin, digits.data() + digits.size(), value);
+  return result.ec == std::errc() ? value : 0;
 }
 
 std::int32_t LongValue(const std::string& text) {

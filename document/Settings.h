@@ -18,24 +18,24 @@ class Settings {
 
   std::string Path() const;
 
-  /// The text of a key; dv where the file, the section or the key is missing.
+  /// The text of a key; dv if the file, the section or the key is missing.
   std::string GetINIFileString(const std::string& section, const std::string& key,
                                const std::string& dv) const;
 
-  /// Sets the text of a key. The first call creates the file.
+  /// Sets the text of a key, and creates the file if there is none.
   Failure Write(const std::string& section, const std::string& key, const std::string& value) const;
 
  private:
   Platform& platform_;
 };
 
-/// The folder with exactly one separator at its end.
+/// The path of a folder with a separator at its end.
 std::string WithTrailingBackslash(const std::string& aString);
 
-/// The number at the start of a text, blanks ignored; 0 where there is none.
+/// The number at the start of a text, blanks ignored; 0 if there is none.
 double NumericValue(const std::string& text);
 
-/// The numeric value rounded to a whole number, halves to even; 0 where it is out of range.
+/// The numeric value rounded to a whole number, halves to even; 0 if it is out of range.
 std::int32_t LongValue(const std::string& text);
 
 /// A colour setting: its low 24 bits name the colour.

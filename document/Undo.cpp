@@ -1,5 +1,8 @@
 #include "document/Undo.h"
 
+#include <new>
+#include <utility>
+
 #include "document/FailureReport.h"
 #include "document/PictureFile.h"
 #include "document/bmp/Bmp.h"
@@ -8,7 +11,7 @@ namespace morvane {
 namespace {
 
 /// Replaces the map with the snapshot. An unmodified snapshot that can be read to its end is
-/// decoded into the map's own memory; any other could turn out to be damaged half-way.
+/// decoded directly into the map; any other might turn out to be damaged half-way.
 Failure RestoreSnapshot(Document& document) try {
   OpenedFile snapshot = document.platform.OpenSnapshot();
   if (!snapshot.Ok()) return snapshot.Reason();

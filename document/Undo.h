@@ -4,13 +4,13 @@
 
 namespace morvane {
 
-/// Keeps the map as it is now for the next Undo. The first failure in a run is reported.
+/// Saves the map as it is now for the next Undo. Only the first failure in a run is reported.
 void TakeSnapshot(Document& document);
 
-/// Enables the tool bar button and the menu entry.
+/// Enables the tool bar button and the menu entry of Undo.
 void EnableUndo(Document& document);
 
-/// Edit > Undo: brings the last snapshot back.
+/// Edit > Undo: restores the last snapshot.
 void mnuEditUndo_Click(Document& document);
 
 }  // namespace morvane

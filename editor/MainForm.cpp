@@ -24,8 +24,7 @@ void MainForm::Form_Load() {
 
   TileSetSelector_Click(palette, kAbandonedCathedral);
   ShowStamp(palette, *FindItem("pbfloor"));
-  document.pbclear.SetWidth(document.Canvas.Width());
-  document.pbclear.SetHeight(document.Canvas.Height());
+  document.pbclear.SetSize({document.Canvas.Width(), document.Canvas.Height()});
   RescueLeftovers(document);
   TakeSnapshot(document);
   document.settings.StartDir = platform.CurrentDirectory();
@@ -34,10 +33,9 @@ void MainForm::Form_Load() {
 void MainForm::Form_Resize(int ScaleWidth, int ScaleHeight) {
   scale_ = {ScaleWidth, ScaleHeight};
   PictureBox& Canvas = document.Canvas;
-  Canvas.SetWidth(ScaleWidth - (kTabStripRight + 4) - 2);
-  Canvas.SetHeight(ScaleHeight - kToolBarHeight - (StatusBarVisible ? 22 : 4));
-  document.pbclear.SetWidth(Canvas.Width());
-  document.pbclear.SetHeight(Canvas.Height());
+  Canvas.SetSize({ScaleWidth - kTabStripRight - 6,
+                  ScaleHeight - kToolBarHeight - (StatusBarVisible ? kStatusBarHeight : 0) - 4});
+  document.pbclear.SetSize({Canvas.Width(), Canvas.Height()});
 }
 
 void MainForm::mnuViewStatusBar_Click() {
@@ -71,7 +69,7 @@ void MainForm::RescueAtTermination() {
 }
 
 bool MainForm::SessionEnds(bool mayAsk) {
-  // The question may be open already.
+  // While the exit question is open, it must not be asked again.
   if (!mayAsk || isAsking_) {
     try {
       RescueForSession(document);

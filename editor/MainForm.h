@@ -5,16 +5,17 @@
 
 namespace morvane {
 
-/// The working state of one run, and the events of the main window's life.
+/// The working state of one run, and the events from its start to its end.
 struct MainForm {
   MainForm(Platform& platform, const TilePictures::SheetLoader& loadSheet)
       : document(platform), palette(document, loadSheet) {}
 
   Document document;
   Palette palette;
-  bool StatusBarVisible = true;  ///< and the check mark of mnuViewStatusBar
+  bool StatusBarVisible = true;  ///< also the check mark of mnuViewStatusBar
 
-  /// Loads the form, then shows the stored folder of custom tiles.
+  /// The start of the run: sets the first stamp, rescues maps that earlier runs left behind, takes
+  /// the first snapshot, and lists the folder of custom tiles from the settings.
   void Form_Initialize();
 
   /// The inside of the window has a new size, in pixels.
@@ -31,13 +32,13 @@ struct MainForm {
 
   bool HasEnded() const { return hasEnded_; }
 
-  /// The process ends without a chance to ask the user: writes a rescue copy of a map that would be
-  /// lost. Does nothing after the run has ended.
+  /// The process ends without the exit question: writes a rescue copy of a map that would be lost.
+  /// Does nothing after the run has ended.
   void RescueAtTermination();
 
-  /// The desktop session is about to end, and may yet go on. Asks the exit question where that is
-  /// allowed, else writes a rescue copy of a map that would be lost. Returns whether the user
-  /// cancels the end.
+  /// The desktop session is about to end, which another program may still prevent. Asks the exit
+  /// question if that is permitted, else writes a rescue copy of a map that would be lost. Returns
+  /// whether the user cancels the end of the session.
   bool SessionEnds(bool mayAsk);
 
  private:

@@ -4,7 +4,7 @@
 
 namespace morvane {
 
-/// Designed measures of the main window that rules and forms share, in pixels.
+/// Layout of the main window, in pixels, for the core and the forms.
 inline constexpr Size kClientSize = {787, 537};
 inline constexpr int kToolBarHeight = 28;
 inline constexpr int kStatusBarHeight = 18;

@@ -7,7 +7,7 @@
 
 namespace morvane {
 
-/// Numbers of the tile sets: the entries of TileSetSelector in their order.
+/// Numbers of the tile sets, in the order of the entries of TileSetSelector.
 enum TileSetNumber : int {
   kAbandonedCathedral,
   kGraveDungeon,
@@ -32,12 +32,12 @@ struct TileSet {
   std::string_view caption;
   std::string_view folder;  ///< of its art sheets
   std::string_view tabStrip;
-  std::string_view frame;  ///< the array of its page frames
+  std::string_view frame;  ///< common name of the frames of its pages
   int pageCount;
   std::array<Page, kMaxPages> pages;
 };
 
-/// One thing to paint with: a box on a page of the palette.
+/// A tile on a page of the palette.
 struct Item {
   std::string_view control;
   std::string_view caption;
@@ -64,11 +64,11 @@ const std::array<TileSet, kBuiltInSets>& TileSets();
 const std::array<Item, kItemCount>& Items();
 const std::array<EdgePicture, kEdgePictureCount>& EdgePictures();
 
-/// The size that an item paints on the map. In "TSR Original" it is one pixel less than the picture
-/// on both axes, so that the grid line at the end of the cell stays visible.
+/// The size that an item paints on the map. In "TSR Original" it is one pixel less than that of the
+/// picture in both directions, so that the grid line at the end of the cell stays visible.
 Size StampSize(const Item& item);
 
-/// The item of a control; null where there is none.
+/// The item with that control; null if there is none.
 const Item* FindItem(std::string_view control);
 
 }  // namespace morvane

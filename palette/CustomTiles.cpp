@@ -13,7 +13,7 @@ namespace {
 constexpr int kMaxPreview = 60;
 
 int Scaled(int side, int otherSide) {
-  // Halves are rounded to even, as everywhere in the system.
+  // Halves are rounded to even, as in the settings.
   return std::max(1, static_cast<int>(std::nearbyint(double{kMaxPreview} * side / otherSide)));
 }
 
@@ -25,8 +25,7 @@ void ShowPreview(Palette& palette) {
     palette.SetPicture1(Picture(palette.Custom.Image()), full);
     return;
   }
-  Picture1.SetWidth(preview.width);
-  Picture1.SetHeight(preview.height);
+  Picture1.SetSize(preview);
   StretchBlt(Picture1.hDC(), 0, 0, preview.width, preview.height, palette.Custom.Image(), 0, 0,
              full.width, full.height);
   Picture1.Refresh();
@@ -58,14 +57,13 @@ void File1_Click(Palette& palette, const std::string& FileName) {
   const Size size = palette.Custom.ScaleSize();
   palette.Label2 = FileName.substr(FileName.rfind('/') + 1);
   ShowPreview(palette);
-  palette.Shape1.Width = size.width;
-  palette.Shape1.Height = size.height;
+  palette.Shape1.SetSize(size);
   palette.Label5 = std::to_string(size.width) + "x" + std::to_string(size.height);
   document.StatusText = "Custom tile selected: " + palette.Label2;
   if (picture.Value().isDamaged) {
     document.StatusText += ". The file is damaged, and parts of the picture may be wrong.";
   }
-  palette.LeaveToTileMode();
+  palette.SwitchToTileMode();
   document.Canvas.SetFocus();
 }
 
@@ -88,7 +86,7 @@ void ShowStoredFolder(Palette& palette) {
 Size PreviewSize(Size picture) {
   const auto [W, H] = picture;
   if (W <= kMaxPreview && H <= kMaxPreview) return picture;
-  if (W > kMaxPreview && W > H) return {kMaxPreview, Scaled(H, W)};
+  if (W > H) return {kMaxPreview, Scaled(H, W)};
   return {Scaled(W, H), kMaxPreview};
 }
 

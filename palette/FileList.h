@@ -7,7 +7,7 @@
 
 namespace morvane {
 
-/// A folder shown in a list. It is read when the list is first looked at.
+/// A folder shown in a list. It is read when the list is first used.
 class ListedFolder {
  public:
   const std::string& Path() const { return path_; }
@@ -16,7 +16,7 @@ class ListedFolder {
 
   /// Shows another folder. If it can't be read, returns false and keeps the list.
   bool SetPath(Platform& platform, const std::string& path);
-  /// Has the folder read again at the next use.
+  /// Reads the folder again at the next use.
   void Refresh() { isRead_ = false; }
 
  protected:

@@ -5,12 +5,9 @@
 namespace morvane {
 namespace {
 
-/// Turns the picture that the box shows.
+/// The picture that the box shows, flipped or turned.
 Picture TurnedImage(const PictureBox& box, Transform transform) {
-  PictureView shown = box.Image();
-  shown.width = box.ScaleWidth();
-  shown.height = box.ScaleHeight();
-  return Transformed(shown, transform);
+  return Transformed(box.Image().Cropped(box.ScaleSize()), transform);
 }
 
 /// The picture of a custom tile may be large, so it is mirrored in place.
@@ -30,9 +27,8 @@ void Turn(Palette& palette, Transform transform) {
     TurnCustom(palette.Custom, transform);
     size = palette.Custom.ScaleSize();
   }
-  palette.Shape1.Width = size.width;
-  palette.Shape1.Height = size.height;
-  palette.LeaveToTileMode();
+  palette.Shape1.SetSize(size);
+  palette.SwitchToTileMode();
   palette.document.StatusText =
       palette.Label2 + (IsFlip(transform) ? " tile flipped" : " tile rotated");
 }

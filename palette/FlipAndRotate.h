@@ -4,8 +4,8 @@
 
 namespace morvane {
 
-/// The four buttons beside the stamp. They turn the stamp, and in the set "Custom" also the custom
-/// picture, and return to Tile mode. The next choice of a tile brings the unturned one back.
+/// The four buttons beside the stamp. They flip or turn the stamp, and in the set "Custom" also the
+/// full picture, and switch to Tile mode. Choosing a tile again restores its original picture.
 void FlipHorizontal_Click(Palette& palette);
 void FlipVertical_Click(Palette& palette);
 void Rotate_Click(Palette& palette);

@@ -8,16 +8,21 @@
 
 namespace morvane {
 
-/// The outline that shows the footprint of the stamp on the map, in pixels of the canvas.
+/// The outline of the area that the stamp would cover, in map pixels.
 struct Outline {
   int Left = 0;
   int Top = 0;
   int Width = 20;
   int Height = 20;
   bool Visible = false;
+
+  void SetSize(Size size) {
+    Width = size.width;
+    Height = size.height;
+  }
 };
 
-/// The painting tools. The label and picture of the mode button follow.
+/// What the mouse paints. The mode button shows it.
 enum class Mode { Tile, Wall, Door };
 
 /// The palette on the left and the current stamp.
@@ -28,7 +33,7 @@ struct Palette {
   Document& document;
   TilePictures pictures;
 
-  /// The chosen set; stored only here.
+  /// The chosen tile set. The combo box of that name keeps no copy.
   struct {
     int ListIndex = kAbandonedCathedral;
   } TileSetSelector;
@@ -54,13 +59,12 @@ struct Palette {
     if (WallMode) return Mode::Wall;
     return DoorMode ? Mode::Door : Mode::Tile;
   }
-  void LeaveToTileMode() { WallMode = DoorMode = false; }
+  void SwitchToTileMode() { WallMode = DoorMode = false; }
   /// Assigns a picture to the stamp, which shows and paints its top left part of that size.
   void SetPicture1(const Picture& picture, Size size) {
     Picture1Picture = picture;
     Picture1.SetPicture(picture);
-    Picture1.SetWidth(size.width);
-    Picture1.SetHeight(size.height);
+    Picture1.SetSize(size);
   }
 };
 

@@ -13,7 +13,7 @@ void TabStrip_Click(Palette& palette, int set, int tab);
 /// The current page of a built-in set, from 1.
 int CurrentPage(const Palette& palette, int set);
 
-/// Whether the frame of that page is the one that shows.
+/// Whether the palette shows that page.
 bool IsPageVisible(const Palette& palette, int set, int page);
 
 }  // namespace morvane

@@ -9,9 +9,8 @@ void ShowStamp(Palette& palette, const Item& item) {
 
 void Item_Click(Palette& palette, const Item& item) {
   ShowStamp(palette, item);
-  palette.Shape1.Width = palette.Picture1.Width();
-  palette.Shape1.Height = palette.Picture1.Height();
-  palette.LeaveToTileMode();
+  palette.Shape1.SetSize(StampSize(item));
+  palette.SwitchToTileMode();
   palette.document.StatusText = palette.Label2 + " tile selected";
   palette.Label5.clear();
   palette.document.Canvas.SetFocus();

@@ -4,7 +4,7 @@
 
 namespace morvane {
 
-/// Makes the picture of an item the stamp; changes nothing else.
+/// Makes an item the stamp and shows its name, without the other effects of a click.
 void ShowStamp(Palette& palette, const Item& item);
 
 /// A click on an item makes it the current stamp and returns to Tile mode.

@@ -2,7 +2,7 @@
 
 namespace morvane {
 
-/// Mouse button numbers, which combine to a mask.
+/// Mouse buttons, which are combined into a mask.
 enum MouseButton : int { kLeftButton = 1, kRightButton = 2, kMiddleButton = 4 };
 
 }  // namespace morvane

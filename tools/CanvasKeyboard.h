@@ -4,7 +4,7 @@
 
 namespace morvane {
 
-/// Keys by their numbers.
+/// Key codes.
 enum KeyCode : int {
   kKeyEscape = 27,
   kKeyLeft = 37,
@@ -15,7 +15,7 @@ enum KeyCode : int {
   kKeyF11 = 122,
 };
 
-/// Modifier keys, which combine to a mask.
+/// Modifier keys, which are combined into a mask.
 enum KeyModifier : int { kShift = 1, kCtrl = 2, kAlt = 4 };
 
 /// A key press while the map has the focus. Returns whether the key was handled.

@@ -19,13 +19,13 @@ void Paint(Palette& palette, Gesture gesture, int Button, float X, float Y) {
   }
 }
 
-/// Runs at the end of every press and move, even one that changed nothing.
+/// The end of every press and every move of a stroke, even of one that changed nothing.
 void ClosingSteps(Document& document) {
   document.Canvas.Refresh();
   EnableUndo(document);
 }
 
-/// Moves the outline by whole cells. On a grid line the coordinate of that axis stays.
+/// Moves the outline to the cell under the mouse. On a grid line that coordinate doesn't change.
 void Hover(Palette& palette, float X, float Y) {
   Outline& Shape1 = palette.Shape1;
   const PictureBox& Canvas = palette.document.Canvas;
@@ -37,7 +37,7 @@ void Hover(Palette& palette, float X, float Y) {
 }  // namespace
 
 void Canvas_MouseDown(Palette& palette, int Button, float X, float Y) {
-  palette.Shape1.Visible = false;
+  HideOutline(palette);
   if (IsTextArmed(palette.document)) {
     PlaceText(palette.document, X, Y);
   } else {

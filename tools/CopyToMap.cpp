@@ -6,11 +6,11 @@
 namespace morvane {
 
 void CopyToMap(Document& document, Gesture gesture, int SnapX, int SnapY, Size size,
-               const PictureView& source, std::optional<Color> transparent) {
+               const PictureView& source, std::optional<Color> colorKey) {
   if (gesture == Gesture::Press) TakeSnapshot(document);
   const Surface map = document.Canvas.hDC();
-  if (transparent) {
-    TransparentBlt(map, SnapX, SnapY, size.width, size.height, source, 0, 0, *transparent);
+  if (colorKey) {
+    TransparentBlt(map, SnapX, SnapY, size.width, size.height, source, 0, 0, *colorKey);
   } else {
     BitBlt(map, SnapX, SnapY, size.width, size.height, source, 0, 0);
   }

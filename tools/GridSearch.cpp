@@ -7,11 +7,10 @@
 namespace morvane {
 namespace {
 
-/// How far the band around a grid index reaches to either side.
+/// A coordinate is near a grid line if it is less than this many pixels from the start of a cell.
 constexpr int kBand = 3;
 
-/// The index k for which v lies between the two distances from pixel kCellSize * k, both excluded,
-/// if it is in the map.
+/// The index k in the map for which above < v - kCellSize * k < below.
 std::optional<int> Find(float v, int above, int below, int extent) {
   const int k = static_cast<int>(std::floor((v - static_cast<float>(above)) / kCellSize));
   const float distance = v - static_cast<float>(kCellSize * k);
@@ -21,12 +20,12 @@ std::optional<int> Find(float v, int above, int below, int extent) {
   return k;
 }
 
-/// The grid index near a coordinate.
+/// The grid line near a coordinate.
 std::optional<int> FindLine(float v, int extent) {
   return Find(v, -kBand, kBand, extent);
 }
 
-/// The cell that a coordinate is well inside of.
+/// The cell of a coordinate that isn't near a grid line.
 std::optional<int> FindBody(float v, int extent) {
   return Find(v, kBand, kCellSize - kBand, extent);
 }

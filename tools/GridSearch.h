@@ -7,19 +7,19 @@
 
 namespace morvane {
 
-/// One side of a cell: a grid index, and the cell along it.
+/// One side of a cell.
 struct CellSide {
-  Direction direction;
-  int index;  ///< of the grid line across; 0 is the edge of the map
-  int cell;
+  Direction direction;  ///< of the grid line on which the side lies
+  int index;            ///< of that line; 0 is the edge of the map
+  int cell;             ///< index of the cell along the line
 };
 
-/// The cell of a pointer coordinate on one axis of a map of that extent. There is none on a grid
-/// line.
+/// The index of the cell at a mouse coordinate, along one axis of a map of that extent in pixels.
+/// There is none on a grid line.
 std::optional<int> FindCell(float v, int extent);
 
-/// The cell side near a pointer position: close to one grid line and well inside the cell along it.
-/// There is none near a crossing or inside a cell.
+/// The cell side at a mouse position that is close to a grid line. There is none near a crossing of
+/// two lines and in the middle of a cell.
 std::optional<CellSide> FindCellSide(float X, float Y, Size map);
 
 }  // namespace morvane

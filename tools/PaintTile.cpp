@@ -8,11 +8,11 @@
 namespace morvane {
 namespace {
 
-/// Up to this coordinate, a position on a grid line still belongs to the first cell of its axis.
+/// Up to these coordinates, a position on a grid line counts as part of the first cell.
 constexpr float kLimit = 40;
 constexpr float kEraseStrokeLimit = 20;
 
-/// The corner of a copy on one axis; 0 if the pointer is in no cell.
+/// The start of the cell at a mouse coordinate; 0 if there is no cell.
 int Snap(float v, int extent) {
   return FindCell(v, extent).value_or(0) * kCellSize;
 }

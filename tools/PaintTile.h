@@ -5,8 +5,9 @@
 
 namespace morvane {
 
-/// Painting in Tile mode: the left button stamps at the cell under the pointer, the right one
-/// erases the area of the stamp to blank map. Other buttons and refused places change nothing.
+/// Paints in Tile mode: the left button stamps at the cell under the mouse, the right one copies
+/// the blank map to the area of the stamp. Other buttons, and most positions on grid lines, have no
+/// effect.
 void PaintTile(Palette& palette, Gesture gesture, int Button, float X, float Y);
 
 }  // namespace morvane

@@ -9,8 +9,8 @@
 namespace morvane {
 namespace {
 
-/// Fixed, whatever the font: for text of ordinary size the pointer lands in the middle of its first
-/// line.
+/// The distance of the text from the pointer in pixels, the same for all fonts: with text of
+/// ordinary size, the pointer is in the middle of the first line.
 constexpr int kLeftOfPointer = 2;
 constexpr int kAbovePointer = 8;
 

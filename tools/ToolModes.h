@@ -4,7 +4,7 @@
 
 namespace morvane {
 
-/// One step of the cycle Tile, Wall, Door, Tile.
+/// The mode button: switches from Tile to Wall to Door mode and back to Tile mode.
 void WallButton_Click(Palette& palette);
 
 }  // namespace morvane

@@ -11,8 +11,8 @@
 namespace morvane {
 namespace {
 
-/// Where a vertical piece lies against its grid index and its cell, and how much of it is copied. A
-/// horizontal one has the axes exchanged.
+/// The place of a vertical picture relative to the start of its cell, and the part of it that is
+/// copied. For a horizontal picture the axes are exchanged.
 struct Offsets {
   int across;
   int along;
@@ -27,7 +27,7 @@ Edge EdgeOf(const Palette& palette, int Button) {
   return Button == kLeftButton ? Edge::Door : Edge::SecretDoor;
 }
 
-/// The colour key of a fence, which fills the gaps between its posts; read from the picture itself.
+/// The colour key of a fence: the colour of a pixel in a gap between its posts.
 Color FenceColorKey(const PictureView& fence, Direction direction) {
   return direction == Direction::Vertical ? GetPixel(fence, 0, 4) : GetPixel(fence, 4, 0);
 }

@@ -5,8 +5,9 @@
 
 namespace morvane {
 
-/// Painting in Wall and Door mode: walls with the left button, doors with the left and secret doors
-/// with any other, on the cell side near the pointer. A set without the picture draws nothing.
+/// Paints in Wall and Door mode on the cell side near the mouse: a wall with the left button; a
+/// door with the left and a secret door with any other button. Does nothing if the tile set has no
+/// such picture.
 void PaintEdge(Palette& palette, Gesture gesture, int Button, float X, float Y);
 
 }  // namespace morvane

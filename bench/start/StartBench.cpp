@@ -67,8 +67,9 @@ class Program {
   Clock::time_point started_;
 };
 
-double Between(Clock::time_point one, Clock::time_point other) {
-  return std::chrono::duration<double, std::milli>(other - one).count();
+/// Milliseconds.
+double Between(Clock::time_point begin, Clock::time_point end) {
+  return std::chrono::duration<double, std::milli>(end - begin).count();
 }
 
 double Median(Figures figures) {
@@ -91,7 +92,7 @@ void StartMorvane(WindowWatch& watch, Series& series) {
   series.resident.push_back(morvane.Resident());
 }
 
-/// A row of the table of scripts/bench.
+/// Prints a row that compares two medians.
 void PrintRatio(const char* operation, const Figures& ours, const Figures& bare, const char* unit) {
   constexpr double kTarget = 1.5;
   const double ratio = Median(ours) / Median(bare);

@@ -13,7 +13,7 @@ namespace start_bench {
 
 using Clock = std::chrono::steady_clock;
 
-/// Watches the screen of the display that DISPLAY names. No other client may draw on it.
+/// Watches for new windows on the display in the variable DISPLAY, which no other client may use.
 class WindowWatch {
  public:
   /// Exits with a message if there is no such display.

@@ -11,20 +11,20 @@ namespace morvane {
 /// Whether the file begins with the signature of a BMP file.
 bool IsBmp(ByteSource& file);
 
-/// Decodes a BMP file of any form that isn't itself a JPEG, a PNG or a fax inside. What is
-/// transparent is laid over white. A file that is too short, or whose headers contradict each
-/// other, is refused with a reason.
+/// Decodes BMP files of all kinds except those that contain JPEG, PNG or fax data. Transparent
+/// pixels are blended with white. A file that is too short, or whose headers contradict each other,
+/// is refused with a reason.
 class BmpDecoder {
  public:
   explicit BmpDecoder(ByteSource& file) : file_(file), window_(file) {}
 
-  /// Reads the headers. Comes first.
+  /// Reads the headers. Must be called first.
   Failure Open();
   /// The picture's size in pixels.
   Size PictureSize() const { return {header_.width, header_.height}; }
   /// Decodes into a picture of that size. After a failure its pixels are undefined.
   Failure Decode(const Surface& picture);
-  /// Whether runs left the picture, or indices the palette.
+  /// Whether there were runs outside the picture, or indices outside the palette.
   bool HasFoundDamage() const { return hasFoundDamage_; }
 
  private:
@@ -34,11 +34,10 @@ class BmpDecoder {
   bool hasFoundDamage_ = false;
 };
 
-/// Decodes a whole BMP file. One with more pixels than the limit is refused.
+/// Decodes a BMP file. One with more pixels than the limit is refused.
 Result<LoadedPicture> ReadBmp(ByteSource& file, long long maxPixels = kMaxPixels);
 
-/// A picture as an uncompressed BMP file of 24 bits a pixel at 96 dpi. The bytes are generated on
-/// demand.
+/// A picture as an uncompressed BMP file of 24 bits per pixel at 96 dpi, encoded on demand.
 class BmpEncoder : public ByteSource {
  public:
   /// The picture must not change while the encoder is in use.

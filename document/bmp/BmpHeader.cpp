@@ -19,7 +19,7 @@ constexpr const char* kTooShort = "The file ends too early.";
 constexpr const char* kContradicts = "The file's header contradicts itself.";
 constexpr const char* kUnknownForm = "The file is a form of BMP that isn't known.";
 
-/// Numbers of the compression field.
+/// Values of the compression field.
 enum : std::uint32_t {
   kRgb = 0,
   kRle8 = 1,
@@ -34,7 +34,7 @@ bool IsContiguous(std::uint32_t mask) {
   return (low & (low + 1)) == 0;
 }
 
-/// Reads the headers step by step; each step gives its reason if it fails.
+/// Reads the headers step by step. Each step returns why it failed, or an empty text.
 class HeaderReader {
  public:
   HeaderReader(std::span<const std::uint8_t> head, std::size_t fileSize)
@@ -86,27 +86,28 @@ class HeaderReader {
     return {};
   }
 
+  /// Run lengths require a certain depth and the usual order of rows, from the bottom up.
+  Failure SetRunLengths(BmpCompression compression, int bits) {
+    header_.compression = compression;
+    return header_.bits == bits && !header_.topDown ? Failure() : kContradicts;
+  }
+
   Failure ReadCompression() {
     compressionField_ = infoSize_ >= 20 ? Read32(head_, 30) : std::uint32_t{kRgb};
-    const int bits = header_.bits;
     switch (compressionField_) {
       case kRgb:
         return {};
       case kRle8:
-        header_.compression = BmpCompression::Rle8;
-        return bits == 8 && !header_.topDown ? Failure() : kContradicts;
+        return SetRunLengths(BmpCompression::Rle8, 8);
       case kRle4:
-        header_.compression = BmpCompression::Rle4;
-        return bits == 4 && !header_.topDown ? Failure() : kContradicts;
+        return SetRunLengths(BmpCompression::Rle4, 4);
       case kRle24:
-        // The same number means a JPEG inside in all but the one header that knows this form.
-        if (!IsOs2()) return kUnknownForm;
-        header_.compression = BmpCompression::Rle24;
-        return bits == 24 && !header_.topDown ? Failure() : kContradicts;
+        // In other headers than those of OS/2, this number stands for JPEG data.
+        return IsOs2() ? SetRunLengths(BmpCompression::Rle24, 24) : kUnknownForm;
       case kBitFields:
       case kAlphaFields:
         if (IsOs2()) return kUnknownForm;
-        return bits == 16 || bits == 32 ? Failure() : kContradicts;
+        return header_.bits == 16 || header_.bits == 32 ? Failure() : kContradicts;
       default:
         return kUnknownForm;
     }
@@ -139,16 +140,13 @@ class HeaderReader {
     if (header_.dataOffset < tablesAt_) return kContradicts;
     if (header_.dataOffset >= fileSize_) return kTooShort;
     if (header_.bits > 8) return {};
+    header_.palette.assign(std::size_t{1} << static_cast<unsigned>(header_.bits), PixelOf(0));
     const std::size_t entryBytes = IsCore() ? 3 : 4;
     const std::size_t room = (header_.dataOffset - tablesAt_) / entryBytes;
-    std::size_t count = std::size_t{1} << static_cast<unsigned>(header_.bits);
-    if (infoSize_ >= 36 && Read32(head_, 46) != 0) {
-      count = std::min<std::size_t>(count, Read32(head_, 46));
-    }
-    count = std::min(count, room);
-    header_.colors = count;
-    header_.palette.assign(std::size_t{1} << static_cast<unsigned>(header_.bits), PixelOf(0));
-    for (std::size_t i = 0; i < count; ++i) {
+    header_.colors = std::min(header_.palette.size(), room);
+    const std::size_t stated = infoSize_ >= 36 ? Read32(head_, 46) : 0;
+    if (stated != 0) header_.colors = std::min(header_.colors, stated);
+    for (std::size_t i = 0; i < header_.colors; ++i) {
       const std::uint8_t* entry = &head_[tablesAt_ + i * entryBytes];
       header_.palette[i] = MakePixel(entry[2], entry[1], entry[0]);
     }
@@ -160,7 +158,7 @@ class HeaderReader {
   BmpHeader header_;
   std::uint32_t infoSize_ = 0;
   std::uint32_t compressionField_ = kRgb;
-  std::size_t tablesAt_ = 0;  ///< where the masks begin, then the palette
+  std::size_t tablesAt_ = 0;  ///< the end of the headers and masks read so far
 };
 
 }  // namespace

@@ -17,7 +17,7 @@ enum class BmpCompression { None, Rle8, Rle4, Rle24 };
 struct BmpChannel {
   std::uint32_t mask = 0;
 
-  /// The channel of a pixel, scaled to 0..255; 0 where the mask is empty.
+  /// The channel's value in a pixel, scaled to 0..255; 0 if the mask is empty.
   std::uint32_t Of(std::uint32_t pixel) const;
 };
 
@@ -26,22 +26,22 @@ struct BmpHeader {
   int width = 0;
   int height = 0;
   bool topDown = false;
-  int bits = 0;  ///< a pixel
+  int bits = 0;  ///< per pixel
   BmpCompression compression = BmpCompression::None;
   BmpChannel red, green, blue, alpha;  ///< for 16 and 32 bits
-  std::vector<Pixel> palette;          ///< for up to 8 bits, black beyond the file's own
-  std::size_t colors = 0;              ///< that the file has of them
-  std::size_t dataOffset = 0;
+  std::vector<Pixel> palette;          ///< up to 8 bits; padded with black
+  std::size_t colors = 0;              ///< number of palette entries in the file
+  std::size_t dataOffset = 0;          ///< of the pixels in the file
 
   /// Bytes of an uncompressed row.
   std::size_t RowBytes() const { return (static_cast<std::size_t>(width) * bits + 31) / 32 * 4; }
 };
 
-/// Headers, masks and palette together are never longer.
+/// Headers, masks and palette never take more bytes.
 inline constexpr std::size_t kBmpHeadBytes = 4096;
 
-/// Reads the headers from the head of a file of that size. The head is the whole file, or
-/// kBmpHeadBytes of it.
+/// Reads the headers of a file of that size. `head` is the complete file, or its first
+/// kBmpHeadBytes bytes.
 Result<BmpHeader> ReadBmpHeader(std::span<const std::uint8_t> head, std::size_t fileSize);
 
 }  // namespace morvane

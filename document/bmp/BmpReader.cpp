@@ -37,7 +37,7 @@ std::uint32_t RawPixel(const std::uint8_t* at) {
   return raw;
 }
 
-/// Decodes one row with bit fields. An alpha channel without bits stands for an opaque picture.
+/// Decodes one row with bit fields. If the mask of alpha is empty, the pixels are opaque.
 template <int bits>
 void ReadFieldRow(const std::uint8_t* row, const BmpHeader& header, BmpChannel alpha, Pixel* to) {
   const BmpChannel red = header.red;
@@ -60,13 +60,13 @@ void ReadFieldRow(const std::uint8_t* row, const BmpHeader& header, BmpChannel a
 
 template <int bits>
 bool UsesAlpha(const std::uint8_t* row, const BmpHeader& header) {
-  for (int x = 0; header.alpha.mask != 0 && x < header.width; ++x, row += bits / 8) {
+  for (int x = 0; x < header.width; ++x, row += bits / 8) {
     if ((RawPixel<bits>(row) & header.alpha.mask) != 0) return true;
   }
   return false;
 }
 
-/// Decodes uncompressed rows, in the order of the file.
+/// Decodes uncompressed rows in the order of the file.
 class RowReader {
  public:
   RowReader(const BmpHeader& header, const Surface& picture) : header_(header), target_(picture) {}
@@ -92,12 +92,13 @@ class RowReader {
 
   template <int bits>
   void ReadFields(const std::uint8_t* bytes, Pixel* to) {
-    if (!alphaCounts_ && UsesAlpha<bits>(bytes, header_)) BeginAlpha();
+    const bool mayUseAlpha = header_.alpha.mask != 0 && !alphaCounts_;
+    if (mayUseAlpha && UsesAlpha<bits>(bytes, header_)) BeginAlpha();
     ReadFieldRow<bits>(bytes, header_, alphaCounts_ ? header_.alpha : BmpChannel{}, to);
   }
 
-  /// Many programs write zero to every alpha value and mean opaque. If the channel turns out to be
-  /// used, the rows up to here are transparent.
+  /// Many programs set all alpha values to 0 although the picture is opaque. So alpha counts only
+  /// when a value isn't 0; then the rows before this one are transparent.
   void BeginAlpha() {
     alphaCounts_ = true;
     for (int row = 0; row < done_ - 1; ++row) {
@@ -107,7 +108,7 @@ class RowReader {
 
   const BmpHeader& header_;
   Surface target_;
-  int done_ = 0;  ///< rows
+  int done_ = 0;  ///< number of rows decoded
   bool alphaCounts_ = false;
   bool hasFoundDamage_ = false;
 };
@@ -129,7 +130,7 @@ bool HasRoom(const BmpHeader& header, std::size_t bytes) {
   if (header.compression == BmpCompression::None) {
     return bytes / header.RowBytes() >= static_cast<std::size_t>(header.height);
   }
-  // Two bytes make at most 255 pixels. A small picture may leave most of them out.
+  // Two bytes encode at most 255 pixels. A small picture may omit most of its pixels.
   constexpr std::size_t kSmall = 1U << 20U;
   const auto pixels =
       static_cast<std::size_t>(header.width) * static_cast<std::size_t>(header.height);

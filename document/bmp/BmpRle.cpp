@@ -7,7 +7,8 @@
 namespace morvane {
 namespace {
 
-/// Second byte of a pair that begins with 0; larger ones count pixels that follow one by one.
+/// The second byte of a pair that begins with 0. A larger value is the number of single pixels that
+/// follow.
 enum : unsigned { kEndOfLine = 0, kEndOfPicture = 1, kDelta = 2 };
 
 class RunReader {
@@ -21,19 +22,19 @@ class RunReader {
     const Pixel background = header_.palette.empty() ? PixelOf(0) : header_.palette[0];
     FillBox(target_, target_.Bounds(), ColorOf(background));
     while (!ended_) {
-      if (!file_.Show(2)) return Ended();
+      if (!file_.Show(2)) return AtEndOfData();
       const unsigned first = file_.Data()[0];
       const unsigned second = file_.Data()[1];
       const bool isRun = first != 0;
       file_.Take(isRun ? 1 : 2);
-      if (isRun ? !ReadRun(first) : !ReadEscape(second)) return Ended();
+      if (isRun ? !ReadRun(first) : !ReadEscape(second)) return AtEndOfData();
     }
     return {};
   }
 
  private:
-  /// A file may stop without its end mark once every row is there.
-  Failure Ended() const {
+  /// A file may lack the end marker if all rows are complete.
+  Failure AtEndOfData() const {
     if (!file_.Reason().empty()) return file_.Reason();
     return y_ < 0 ? Failure() : "The file ends too early.";
   }
@@ -41,10 +42,10 @@ class RunReader {
   /// Sets the next pixel.
   void Put(Pixel pixel) { target_.Row(y_)[x_++] = pixel; }
 
-  /// How many of the next pixels lie in the picture. Others are dropped.
+  /// How many of the next pixels lie in the picture. The others are dropped.
   unsigned Visible(unsigned count) {
     const unsigned room = y_ < 0 ? 0 : static_cast<unsigned>(header_.width - x_);
-    // Some programs fill up the last byte of a row of half bytes.
+    // Some programs also encode the unused half of the last byte of a row.
     const bool isFilled = header_.compression == BmpCompression::Rle4 && room % 2 == 1;
     if (count > room + (isFilled ? 1 : 0)) hasFoundDamage_ = true;
     return std::min(count, room);
@@ -71,7 +72,7 @@ class RunReader {
     const std::size_t bytes = trueColor ? 3 : 1;
     if (!file_.Show(bytes)) return false;
     const unsigned value = file_.Data()[0];
-    count = Visible(count);  // what runs past the end of a row is dropped
+    count = Visible(count);
     if (count > 0) {
       const Pixel first = trueColor ? TrueColor(0) : ColorOfIndex(IndexIn(value, 0));
       const Pixel second = trueColor || count == 1 ? first : ColorOfIndex(IndexIn(value, 1));
@@ -85,7 +86,7 @@ class RunReader {
     switch (code) {
       case kEndOfLine:
         x_ = 0;
-        y_ = std::max(y_ - 1, -1);  // one end mark too many is tolerated
+        y_ = std::max(y_ - 1, -1);  // an end marker too many is tolerated
         return true;
       case kEndOfPicture:
         ended_ = true;
@@ -114,7 +115,7 @@ class RunReader {
         Put(ColorOfIndex(IndexIn(file_.Data()[nibbles ? i / 2 : i], i)));
       }
     }
-    // Such pixels end on an even byte.
+    // Single pixels are padded to an even number of bytes.
     file_.Skip(bytes + bytes % 2);
     return true;
   }

@@ -6,9 +6,9 @@
 
 namespace morvane {
 
-/// Decodes the run-length forms, from where their data begins, into a picture that already has its
-/// size. Pixels that no run reaches keep palette entry 0. Tells whether runs or jumps lead out of
-/// the picture, or indices out of the palette.
+/// Decodes run-length data into a picture that has the size in the header. The window is at the
+/// start of the data. Pixels that no run covers get palette entry 0. Sets hasFoundDamage to whether
+/// there are runs or jumps outside the picture, or indices outside the palette.
 Failure ReadBmpRuns(ByteWindow& file, const BmpHeader& header, const Surface& picture,
                     bool& hasFoundDamage);
 

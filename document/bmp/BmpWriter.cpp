@@ -14,17 +14,18 @@ std::uint8_t ChannelOf(Pixel pixel, std::size_t channel) {
   return static_cast<std::uint8_t>(pixel >> (channel * 8));
 }
 
-/// Writes the bytes of a row, beginning at an offset. The padding after the last pixel is 0.
+/// Writes the bytes of an encoded row from offset `place` on. The padding after the last pixel is
+/// 0.
 void WriteRow(std::span<std::uint8_t> to, const Pixel* row, std::size_t width, std::size_t place) {
   const std::size_t end = place + to.size();
   std::uint8_t* byte = to.data();
-  const auto writeSingle = [&](std::size_t until) {
+  const auto writeByByte = [&](std::size_t until) {
     for (; place < until; ++place) {
       const std::size_t pixel = place / kPixelBytes;
       *byte++ = pixel < width ? ChannelOf(row[pixel], place % kPixelBytes) : std::uint8_t{0};
     }
   };
-  writeSingle(std::min(end, (place + kPixelBytes - 1) / kPixelBytes * kPixelBytes));
+  writeByByte(std::min(end, (place + kPixelBytes - 1) / kPixelBytes * kPixelBytes));
   const std::size_t first = place / kPixelBytes;
   const std::size_t last = std::min(width, end / kPixelBytes);
   if (first < last) {
@@ -32,7 +33,7 @@ void WriteRow(std::span<std::uint8_t> to, const Pixel* row, std::size_t width, s
     byte += (last - first) * kPixelBytes;
     place = last * kPixelBytes;
   }
-  writeSingle(end);
+  writeByByte(end);
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 namespace morvane {
 namespace {
 
-/// The size of the buffer: small enough to stay in the cache while it is decoded.
+/// The usual size of the buffer: small enough to stay in the processor's cache.
 constexpr std::size_t kWindowBytes = std::size_t{64} << 10U;
 
 }  // namespace

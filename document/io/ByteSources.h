@@ -12,7 +12,7 @@ namespace morvane {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// The bytes of a file: on the disk, in memory, or made from a picture while they are asked for.
+/// The bytes of a file: on the disk, in memory, or encoded from a picture on demand.
 class ByteSource {
  public:
   ByteSource() = default;
@@ -20,7 +20,7 @@ class ByteSource {
   ByteSource& operator=(const ByteSource&) = delete;
   virtual ~ByteSource() = default;
 
-  /// How many bytes there are.
+  /// The number of bytes.
   virtual std::size_t Size() const = 0;
   /// Fills a buffer with the bytes from an offset on. The range must lie within the source.
   virtual Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) = 0;
@@ -29,10 +29,11 @@ class ByteSource {
 /// An open file, or why it can't be opened.
 using OpenedFile = Result<std::unique_ptr<ByteSource>>;
 
-/// The number of bytes that are read or written at once, so that no file is held in memory twice.
+/// The number of bytes in a chunk. Files are written in chunks, so that no complete copy of them is
+/// in memory.
 inline constexpr std::size_t kChunkBytes = std::size_t{256} << 10U;
 
-/// No map needs a larger file.
+/// The size of the largest file that is opened, in bytes. No map needs a larger one.
 inline constexpr long long kMaxFileBytes = 420'000'000;
 inline constexpr const char* kTooLargeFile = "The file is too large.";
 
@@ -59,10 +60,10 @@ class ByteWindow {
  public:
   explicit ByteWindow(ByteSource& source) : source_(source) {}
 
-  /// Bytes that were not consumed yet.
+  /// The number of bytes that were not consumed yet.
   std::size_t Left() const { return source_.Size() - place_ + (end_ - begin_); }
-  /// Makes the window show the next bytes, at least this many. False if there aren't so many, or
-  /// they can't be read.
+  /// Buffers at least this many of the next bytes. Returns false if there are fewer, or if they
+  /// can't be read.
   bool Show(std::size_t count) { return count <= end_ - begin_ || Fill(count); }
   /// The buffered bytes.
   const std::uint8_t* Data() const { return buffer_.data() + begin_; }

@@ -6,7 +6,7 @@
 
 namespace morvane {
 
-/// Numbers of a file, low byte first. The caller has checked that they lie inside it.
+/// Reads and writes little-endian numbers at an offset. The caller checks the bounds.
 inline std::uint32_t Read16(std::span<const std::uint8_t> bytes, std::size_t at) {
   return bytes[at] | (static_cast<std::uint32_t>(bytes[at + 1]) << 8U);
 }

@@ -6,10 +6,10 @@
 
 namespace morvane {
 
-/// Why something failed, in plain words for the user; empty when it succeeded.
+/// Why something failed, as a sentence for the user; empty if it succeeded.
 using Failure = std::string;
 
-/// Why there is no value.
+/// Converts to a Result without a value.
 struct Failed {
   Failure reason;
 };

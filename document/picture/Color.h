@@ -4,10 +4,10 @@
 
 namespace morvane {
 
-/// A colour named as a number: 0xBBGGRR.
+/// A colour in the settings and as a parameter: 0xBBGGRR.
 using Color = std::uint32_t;
 
-/// A pixel as it is stored and shown: 0xFFRRGGBB.
+/// A pixel in memory and on the screen: 0xFFRRGGBB.
 using Pixel = std::uint32_t;
 
 inline constexpr Color kWhite = 0xFFFFFF;

@@ -8,7 +8,7 @@
 
 namespace morvane {
 
-/// Pictures with more pixels are refused: they would take all memory before one is looked at.
+/// Pictures with more pixels are refused, so that no file can exhaust the memory.
 inline constexpr long long kMaxPixels = 100'000'000;
 inline constexpr const char* kTooLarge = "The picture is too large.";
 
@@ -21,6 +21,8 @@ struct PictureView {
 
   const Pixel* Row(int y) const { return pixels + static_cast<std::ptrdiff_t>(y) * stride; }
   Rect Bounds() const { return {0, 0, width, height}; }
+  /// The top left part of that size.
+  PictureView Cropped(Size size) const { return {pixels, size.width, size.height, stride}; }
 
   /// Whether both show the same pixels.
   friend bool operator==(const PictureView& one, const PictureView& other);
@@ -48,7 +50,7 @@ class Picture {
   Picture(int width, int height, Color fill = kWhite);
   /// A copy of what the view shows.
   explicit Picture(const PictureView& view);
-  /// A picture whose pixels are all going to be written, and are undefined until then.
+  /// A picture with undefined pixels. The caller must write all of them.
   static Picture Unpainted(int width, int height);
 
   Picture(const Picture& other) : Picture(other.View()) {}

@@ -36,10 +36,7 @@ void PictureBox::SetHeight(int height) {
 }
 
 PictureView PictureBox::Image() const {
-  PictureView view = store_.View();
-  view.width = image_.width;
-  view.height = image_.height;
-  return view;
+  return store_.View().Cropped(image_);
 }
 
 Surface PictureBox::hDC() {
@@ -90,7 +87,7 @@ void PictureBox::Refresh() {
 
 void PictureBox::GrowImage(int width, int height) {
   const Size grown = {std::max(image_.width, width), std::max(image_.height, height)};
-  // Sizes follow only when there was memory for them.
+  // If there isn't enough memory, this throws before any size has changed.
   if (grown.width > store_.Width() || grown.height > store_.Height()) {
     store_ = Enlarged(store_.View(), grown.width, grown.height);
   }

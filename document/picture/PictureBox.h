@@ -8,7 +8,7 @@
 
 namespace morvane {
 
-/// Pointer shapes by their numbers.
+/// Shapes of the mouse pointer, by their numbers.
 enum class Pointer { Standard = 0, Cross = 2, IBeam = 3, Hourglass = 11 };
 
 /// A box with a persistent image: drawings persist when the box is covered or resized.
@@ -25,9 +25,13 @@ class PictureBox {
   /// Outer size in pixels.
   int Width() const { return width_; }
   int Height() const { return height_; }
-  /// Sets one side of the outer size. A negative one is refused: the box keeps the side it had.
+  /// Set the outer size in pixels. A negative width or height is ignored.
   void SetWidth(int width);
   void SetHeight(int height);
+  void SetSize(Size size) {
+    SetWidth(size.width);
+    SetHeight(size.height);
+  }
 
   /// Inner size in pixels.
   int ScaleWidth() const { return std::max(0, width_ - 2 * border_); }
@@ -50,7 +54,7 @@ class PictureBox {
 
   /// Resets the image to white and to the size of the inside of the box, without a reserve.
   void Cls();
-  /// Crops the image to the inside of the box. The rest stays in reserve.
+  /// Crops the image to the inside of the box. The rest becomes the reserve.
   void TrimImage();
 
   /// Marks what was drawn through hDC to be shown on the screen.
@@ -70,7 +74,7 @@ class PictureBox {
 
   int width_;
   int height_;
-  int border_;     ///< pixels a side
+  int border_;     ///< pixels on each side
   Picture store_;  ///< the image and its reserve
   Size image_;     ///< the part of store_ that is the image
   Rect damage_;    ///< drawn, but not yet on the screen

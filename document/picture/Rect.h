@@ -10,7 +10,7 @@ struct Size {
   friend bool operator==(const Size&, const Size&) = default;
 };
 
-/// A rectangle of pixels, right and bottom excluded.
+/// A rectangle of pixels. The column at right and the row at bottom lie outside.
 struct Rect {
   int left = 0;
   int top = 0;
@@ -26,7 +26,7 @@ struct Rect {
             std::min(bottom, other.bottom)};
   }
 
-  /// The smallest rectangle that holds both; an empty one adds nothing.
+  /// The smallest rectangle that contains both; an empty one is ignored.
   Rect United(const Rect& other) const {
     if (IsEmpty()) return other;
     if (other.IsEmpty()) return *this;

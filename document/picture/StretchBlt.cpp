@@ -7,8 +7,8 @@
 namespace morvane {
 namespace {
 
-/// Along one side of a scaled copy: the source pixels nearest to the middles of target pixels. With
-/// sides of pictures, the floating-point division is never rounded up to the next pixel.
+/// For target pixels begin to end - 1 along one axis: the source pixel at the centre of each. For
+/// the possible sizes of pictures, rounding in the division never changes the result.
 std::vector<int> Nearest(int begin, int end, int size, int sourceSize) {
   std::vector<int> indices(static_cast<std::size_t>(end - begin));
   for (int& index : indices) {
