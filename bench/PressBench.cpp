@@ -7,7 +7,7 @@
 #include "document/Grid.h"
 #include "document/picture/Blit.h"
 #include "palette/TileSelection.h"
-#include "tests/support/FakePlatform.h"
+#include "platform/QtPlatform.h"
 #include "tools/Buttons.h"
 #include "tools/CanvasMouse.h"
 
@@ -15,8 +15,10 @@ namespace morvane::bench {
 namespace {
 
 /// Counts snapshots and discards them.
-class CountingPlatform : public FakePlatform {
+class CountingPlatform : public QtPlatform {
  public:
+  int snapshots = 0;
+
   Failure WriteSnapshot(ByteSource&) override {
     ++snapshots;
     return {};
