@@ -31,15 +31,19 @@ void TurnInto(const Surface& target, const PictureView& picture, Transform trans
   const std::ptrdiff_t along = isRight ? -picture.stride : picture.stride;
   const std::ptrdiff_t across = isRight ? 1 : -1;
   // The rows of a block fit in the processor's cache.
-  constexpr Size kBlock = {8, 32};
+  constexpr Size kBlock = {8, 64};
   for (int top = 0; top < target.height; top += kBlock.height) {
+    const int bottom = std::min(top + kBlock.height, target.height);
     for (int left = 0; left < target.width; left += kBlock.width) {
-      const int right = std::min(left + kBlock.width, target.width);
-      const int bottom = std::min(top + kBlock.height, target.height);
+      const int width = std::min(kBlock.width, target.width - left);
       for (int y = top; y < bottom; ++y) {
-        Pixel* to = target.Row(y);
-        const Pixel* from = first + y * across;
-        for (int x = left; x < right; ++x) to[x] = from[x * along];
+        Pixel* to = target.Row(y) + left;
+        const Pixel* from = first + left * along + y * across;
+        if (width == kBlock.width) {  // a loop of constant length, which compilers unroll
+          for (int x = 0; x < kBlock.width; ++x) to[x] = from[x * along];
+        } else {
+          for (int x = 0; x < width; ++x) to[x] = from[x * along];
+        }
       }
     }
   }

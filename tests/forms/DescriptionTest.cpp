@@ -71,15 +71,9 @@ QStringList EdgesOfCatalogue() {
   QStringList lines;
   for (const EdgePicture& edge : EdgePictures()) {
     const auto [left, top, right, bottom] = EdgeOnSheet(edge);
-    lines << QString("%1|set %2, kind %3, direction %4|%5,%6 to %7,%8")
-                 .arg(TextOf(edge.control))
-                 .arg(edge.set)
-                 .arg(static_cast<int>(edge.edge))
-                 .arg(static_cast<int>(edge.direction))
-                 .arg(left)
-                 .arg(top)
-                 .arg(right)
-                 .arg(bottom);
+    lines << QString::asprintf("%s|set %d, kind %d, direction %d|%d,%d to %d,%d",
+                               std::string(edge.control).c_str(), edge.set, int(edge.edge),
+                               int(edge.direction), left, top, right, bottom);
   }
   return lines;
 }

@@ -1,3 +1,5 @@
+#include <map>
+
 #include "document/Settings.h"
 #include "palette/CustomTiles.h"
 #include "tests/support/FormFixture.h"
@@ -68,13 +70,10 @@ TEST(Numbers, SizesOfPreviews) {
 }
 
 TEST(Numbers, InSettings) {
-  for (const char* text : {"", "-", "inf", "nan", "--1", "+-1", "yes 1"}) {
-    EXPECT_EQ(NumericValue(text), 0) << text;
-  }
-  EXPECT_EQ(NumericValue(" 1 2\t3 x"), 123);
-  EXPECT_EQ(NumericValue("-7.5z"), -7.5);
-  EXPECT_EQ(NumericValue("+1e3"), 1000);
-  EXPECT_EQ(NumericValue(".5"), 0.5);
+  const std::map<std::string, double> rows = {
+      {"", 0},      {"-", 0},           {"inf", 0},      {"nan", 0},     {"--1", 0}, {"+-1", 0},
+      {"yes 1", 0}, {" 1 2\t3 x", 123}, {"-7.5z", -7.5}, {"+1e3", 1000}, {".5", 0.5}};
+  for (const auto& [text, value] : rows) EXPECT_EQ(NumericValue(text), value) << text;
   EXPECT_EQ(LongValue("2.5"), 2);
   EXPECT_EQ(LongValue("3.5"), 4);
   EXPECT_EQ(LongValue("99999999999"), 0);
