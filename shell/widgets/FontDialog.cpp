@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QPainter>
 #include <array>
 
 #include "shell/widgets/Accessible.h"
@@ -21,6 +22,9 @@ constexpr int kFirstSize = 10;  // points
 QIcon Swatch(const QColor& color) {
   QPixmap swatch(24, 12);
   swatch.fill(color);
+  QPainter painter(&swatch);
+  painter.setPen(Qt::gray);  // stands out from black and white backgrounds
+  painter.drawRect(swatch.rect().adjusted(0, 0, -1, -1));
   return swatch;
 }
 
