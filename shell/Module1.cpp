@@ -57,6 +57,17 @@ class WhenShown : public QObject {
   std::function<void()> function_;
 };
 
+/// What must be done before Qt starts.
+void PrepareProcess() {
+  // Without this, a file beyond the size limit of the session would end the process instead of
+  // failing to save.
+  std::signal(SIGXFSZ, SIG_IGN);
+  qInstallMessageHandler(&TakeMessage);
+  WatchJpegWarnings();
+  QLoggingCategory::setFilterRules("qt.gui.imageio*.warning=false\nqt.qpa.theme.*.warning=false");
+  UseWholeScaleFactors();
+}
+
 /// Gives the platform the window and the form that its functions show.
 void Connect(QtPlatform& platform, frmMain& window) {
   platform.SetWindow(&window, [&window] { window.ShowState(); });
@@ -78,13 +89,7 @@ void OpenArgument(frmMain& window, const char* argument) {
 }  // namespace
 
 int RunMorvane(int argc, char** argv) {
-  // Without this, a file beyond the size limit of the session would end the process instead of
-  // failing to save.
-  std::signal(SIGXFSZ, SIG_IGN);
-  qInstallMessageHandler(&TakeMessage);
-  WatchJpegWarnings();
-  QLoggingCategory::setFilterRules("qt.gui.imageio*.warning=false\nqt.qpa.theme.*.warning=false");
-  UseWholeScaleFactors();
+  PrepareProcess();
   QApplication application(argc, argv);
   QApplication::setStyle(new FocusStyle);
   // Strokes need every mouse event. The platform plugin has just enabled their compression.
