@@ -62,35 +62,40 @@ QImage Fitted(const QImage& image, int side, int zoom) {
   return fitted;
 }
 
-Thumbnail ThumbnailOf(const QImage& image, const QSize& size, int zoom) {
-  const QImage reduced = image.scaled(Reduced(image.size(), kLargeThumbnail * zoom),
-                                      Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+Thumbnail ThumbnailOf(const QImage& image, const QSize& size, const ThumbnailSizes& sizes) {
+  const auto& [small, large, zoom] = sizes;
+  const QImage reduced = image.scaled(Reduced(image.size(), large * zoom), Qt::IgnoreAspectRatio,
+                                      Qt::SmoothTransformation);
   if (reduced.isNull()) return {};
-  return {Fitted(reduced, kSmallThumbnail, zoom), Fitted(reduced, kLargeThumbnail, zoom), size};
+  return {Fitted(reduced, small, zoom), Fitted(reduced, large, zoom), size};
 }
 
-Thumbnail ReadForeignThumbnail(ByteSource& file, int zoom, const std::atomic<bool>& isCanceled) {
+Thumbnail ReadForeignThumbnail(ByteSource& file, const ThumbnailSizes& sizes,
+                               const std::atomic<bool>& isCanceled) {
   if (file.Size() > kMaxForeignBytes) return {};
   Result<Bytes> content = ReadAll(file);
   if (!content.Ok()) return {};
-  const auto reduced = [zoom](const QSize& size) { return Reduced(size, kLargeThumbnail * zoom); };
+  const auto reduced = [side = sizes.large * sizes.zoom](const QSize& size) {
+    return Reduced(size, side);
+  };
   Result<ForeignImage> read =
       ReadForeignImage(content.Value(), isCanceled, kMaxSourcePixels, reduced);
-  return read.Ok() ? ThumbnailOf(read.Value().image, read.Value().size, zoom) : Thumbnail();
+  return read.Ok() ? ThumbnailOf(read.Value().image, read.Value().size, sizes) : Thumbnail();
 }
 
 }  // namespace
 
-Thumbnail ReadThumbnail(const std::string& path, int zoom, const std::atomic<bool>& isCanceled) {
+Thumbnail ReadThumbnail(const std::string& path, const ThumbnailSizes& sizes,
+                        const std::atomic<bool>& isCanceled) {
   try {
     OpenedFile opened = OpenRegularFile(path);
     if (!opened.Ok()) return {};
     StoppableFile file(*opened.Value(), isCanceled);
-    if (!IsBmp(file)) return ReadForeignThumbnail(file, zoom, isCanceled);
+    if (!IsBmp(file)) return ReadForeignThumbnail(file, sizes, isCanceled);
     Result<LoadedPicture> picture = ReadBmp(file, kMaxSourcePixels);
     if (!picture.Ok()) return {};
     const QImage image = ImageOver(picture.Value().picture.View());
-    return ThumbnailOf(image, image.size(), zoom);
+    return ThumbnailOf(image, image.size(), sizes);
   } catch (const std::exception&) {
     // Out of memory, or a size that a container can't have.
     return {};

@@ -13,13 +13,16 @@ struct Thumbnail {
   QSize size;    ///< of the original picture; empty if it can't be read
 };
 
-/// The longest sides, in logical pixels.
-inline constexpr int kSmallThumbnail = 16;
-inline constexpr int kLargeThumbnail = 120;
+/// The longest sides of thumbnails in logical pixels, and the physical pixels per logical pixel.
+struct ThumbnailSizes {
+  int small;
+  int large;
+  int zoom = 1;
+};
 
-/// Makes the thumbnail of a picture file. zoom is the number of physical pixels per logical pixel.
-/// Returns an empty one if the file can't be used as a tile, is very large, or if isCanceled is set
-/// before the end.
-Thumbnail ReadThumbnail(const std::string& path, int zoom, const std::atomic<bool>& isCanceled);
+/// Makes the thumbnail of a picture file. Returns an empty one if the file can't be used as a tile,
+/// is very large, or if isCanceled is set before the end.
+Thumbnail ReadThumbnail(const std::string& path, const ThumbnailSizes& sizes,
+                        const std::atomic<bool>& isCanceled);
 
 }  // namespace morvane

@@ -14,6 +14,9 @@
 namespace morvane {
 namespace {
 
+/// Of the picture in a row, and of that in a tool tip.
+constexpr ThumbnailSizes kSizes = {.small = 16, .large = 120};
+
 /// The shortest time between two requests for thumbnails.
 constexpr std::chrono::milliseconds kRequestInterval(30);
 
@@ -32,7 +35,7 @@ QString PictureToolTip(const QImage& image, const QString& text) {
 
 }  // namespace
 
-FileRows::FileRows(QListView* list) : QStyledItemDelegate(list), list_(list) {
+FileRows::FileRows(QListView* list) : QStyledItemDelegate(list), list_(list), thumbnails_(kSizes) {
   requestTimer_.setSingleShot(true);
   requestTimer_.setInterval(kRequestInterval);
   connect(&requestTimer_, &QTimer::timeout, this, &FileRows::RequestVisibleRows);
@@ -92,7 +95,7 @@ void FileRows::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& 
   QStyledItemDelegate::initStyleOption(option, index);
   // Reserves space for the picture. If it were the icon, it would be tinted in the selected row.
   option->features |= QStyleOptionViewItem::HasDecoration;
-  option->decorationSize = {kSmallThumbnail, kSmallThumbnail};
+  option->decorationSize = {kSizes.small, kSizes.small};
 }
 
 std::string FileRows::PathOf(const QModelIndex& index) const {

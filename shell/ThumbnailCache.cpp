@@ -43,13 +43,14 @@ struct ThumbnailCache::Job {
   }
 
   std::string path;
-  int zoom;
+  ThumbnailSizes sizes;
   std::atomic<bool> isCanceled = false;
   Thumbnail thumbnail;
   std::thread thread;
 };
 
-ThumbnailCache::ThumbnailCache(std::chrono::milliseconds timeLimit) : made_(kMaxKilobytes) {
+ThumbnailCache::ThumbnailCache(const ThumbnailSizes& sizes, std::chrono::milliseconds timeLimit)
+    : made_(kMaxKilobytes), sizes_(sizes) {
   timeLimit_.setSingleShot(true);
   timeLimit_.setInterval(timeLimit);
   connect(&timeLimit_, &QTimer::timeout, this, [this] {
@@ -68,8 +69,8 @@ const Thumbnail* ThumbnailCache::Of(const std::string& path) const {
 }
 
 void ThumbnailCache::Request(std::deque<std::string> paths, int zoom) {
-  if (zoom != zoom_) Clear();
-  zoom_ = zoom;
+  if (zoom != sizes_.zoom) Clear();
+  sizes_.zoom = zoom;
   made_.setMaxCost(kMaxKilobytes * zoom);
   requested_ = std::move(paths);
   const bool isWanted = job_ != nullptr && std::find(requested_.begin(), requested_.end(),
@@ -99,11 +100,11 @@ void ThumbnailCache::MakeNext() {
 void ThumbnailCache::Start(const std::string& path) {
   const auto job = std::make_shared<Job>();
   job->path = path;
-  job->zoom = zoom_;
+  job->sizes = sizes_;
   // The thread may outlive this object, which is accessed only in the main thread.
   const auto work = [job, self = QPointer(this)] {
     LowerPriority();
-    job->thumbnail = ReadThumbnail(job->path, job->zoom, job->isCanceled);
+    job->thumbnail = ReadThumbnail(job->path, job->sizes, job->isCanceled);
     QMetaObject::invokeMethod(
         qApp,
         [job, self] {

@@ -18,7 +18,8 @@ class ThumbnailCache : public QObject {
 
  public:
   /// A picture that takes longer than the limit has no thumbnail.
-  explicit ThumbnailCache(std::chrono::milliseconds timeLimit = std::chrono::milliseconds(2000));
+  explicit ThumbnailCache(const ThumbnailSizes& sizes,
+                          std::chrono::milliseconds timeLimit = std::chrono::milliseconds(2000));
   ThumbnailCache(const ThumbnailCache&) = delete;
   ThumbnailCache& operator=(const ThumbnailCache&) = delete;
   ~ThumbnailCache() override;
@@ -51,7 +52,7 @@ class ThumbnailCache : public QObject {
 
   QCache<QByteArray, Thumbnail> made_;  ///< by path; costs in kilobytes
   std::deque<std::string> requested_;
-  int zoom_ = 1;
+  ThumbnailSizes sizes_;
   std::shared_ptr<Job> job_;  ///< the current one; null if none
   QTimer timeLimit_;
 };

@@ -27,7 +27,7 @@ void MakePicture(const QString& name, const QSize& size, const QColor& color) {
 TEST(Thumbnail, IsReducedOrKeepsSharpPixels) {
   const StartFolder folder;
   const auto read = [&](const char* name, int zoom) {
-    return ReadThumbnail(folder.File(name), zoom, false);
+    return ReadThumbnail(folder.File(name), {16, 120, zoom}, false);
   };
   const auto stripes = [](const QColor& ground) {
     QImage picture(20, 10, QImage::Format_ARGB32);
@@ -53,7 +53,7 @@ TEST(Thumbnail, IsReducedOrKeepsSharpPixels) {
   ASSERT_TRUE(QImage(6000, 5000, QImage::Format_Mono).save("large.bmp"));
   ASSERT_EQ(mkfifo("pipe.bmp", 0600), 0);
   for (const char* name : {"large.bmp", "pipe.bmp"}) EXPECT_TRUE(read(name, 1).size.isEmpty());
-  EXPECT_TRUE(ReadThumbnail(folder.File("a.png"), 1, true).size.isEmpty());
+  EXPECT_TRUE(ReadThumbnail(folder.File("a.png"), {16, 120}, true).size.isEmpty());
 }
 
 TEST(Thumbnail, OfASlowPictureIsAbandoned) {
@@ -61,14 +61,14 @@ TEST(Thumbnail, OfASlowPictureIsAbandoned) {
   // A text format decodes slowly.
   WriteText("slow.pgm", "P2\n4000 4000\n9\n" + QByteArray("1\n").repeated(16'000'000));
   MakePicture("quick.png", {20, 20}, Qt::red);
-  ThumbnailCache thumbnails;
+  ThumbnailCache thumbnails({16, 120});
   thumbnails.Request({folder.File("slow.pgm")}, 4);
   thumbnails.Request({folder.File("quick.png")}, 4);  // the slow one is no longer visible
   EXPECT_TRUE(HasFinished());
   ASSERT_NE(thumbnails.Of(folder.File("quick.png")), nullptr);
   EXPECT_EQ(thumbnails.Of(folder.File("quick.png"))->large.devicePixelRatio(), 4);
   EXPECT_EQ(thumbnails.Of(folder.File("slow.pgm")), nullptr);
-  ThumbnailCache impatient(std::chrono::milliseconds(1));
+  ThumbnailCache impatient({16, 120}, std::chrono::milliseconds(1));
   impatient.Request({folder.File("slow.pgm")}, 1);
   EXPECT_TRUE(HasFinished());
   ASSERT_NE(impatient.Of(folder.File("slow.pgm")), nullptr);
