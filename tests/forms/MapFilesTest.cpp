@@ -9,18 +9,6 @@ namespace {
 
 using MapFiles = FormFixture;
 
-TEST_F(MapFiles, WhatIsNoPictureIsRefused) {
-  WriteFile("text.bmp", {'h', 'i'});
-  WriteFile("empty.bmp", {});
-  for (const auto& [name, reason] :
-       {std::pair("text.bmp", "This is not a picture that can be read: Unsupported image format."),
-        {"empty.bmp", "The file is empty."}}) {
-    OpenMap(document, folder.File(name));
-    EXPECT_TRUE(OneBox().ends_with(reason));
-  }
-  EXPECT_FALSE(document.HasCurrentFile);
-}
-
 TEST_F(MapFiles, ADamagedFileIsUsedWithAWarning) {
   WriteFile("bad.bmp", BmpMaker{.bits = 8, .data = {0, 0, 0, 0}}.Make());  // without a palette
   OpenMap(document, folder.File("bad.bmp"));

@@ -139,8 +139,8 @@ class RandomSession : public EitherWay {
         "a tile.bmp", "é漢.bmp", "two\nlines.bmp", "<i>[*]%1&.bmp", std::string(251, 'n') + ".bmp"};
     const std::string& name = kNames.at(static_cast<std::size_t>(Random(0, 4)));
     const Picture picture = RandomPicture(1 << Random(1, 8), 1 << Random(1, 8));
-    const bool isBroken = Random(0, 4) == 0;
-    WriteFile(name, isBroken ? Bytes{'n', 'o'} : WriteBmp(picture.View()));
+    const int kind = Random(0, 9);
+    WriteFile(name, kind == 0 ? Bytes() : kind == 1 ? Bytes{'n', 'o'} : WriteBmp(picture.View()));
     ChooseSet(kCustomSet);
     OneOf({[&] { File1_Click(palette, name); },
            [&] {
@@ -151,10 +151,11 @@ class RandomSession : public EitherWay {
              QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
                                list->visualItemRect(rows[0]).center());
            }});
-    if (!isBroken) return model_.PickFile(name, picture);
-    model_.status = name +
-                    " can't be used as a tile: This is not a picture that can be read: Unsupported "
-                    "image format.";
+    if (kind > 1) return model_.PickFile(name, picture);
+    model_.status =
+        name + " can't be used as a tile: " +
+        (kind == 0 ? "The file is empty."
+                   : "This is not a picture that can be read: Unsupported image format.");
   }
 
   void Resize() {
