@@ -15,10 +15,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace morvane;
   constexpr long long kMaxPixels = 2'000'000;  // larger pictures would take too long
   Result<Picture> tile = DecodeForeignPicture(Bytes(data, data + size), {.pixels = kMaxPixels});
-  if (!tile.Ok()) {
-    Require(!tile.Reason().empty(), "a refusal has a reason");
-    return 0;
-  }
+  Require(tile.Ok() || !tile.Reason().empty(), "a refusal has a reason");
+  if (!tile.Ok()) return 0;
   const PictureView picture = tile.Value().View();
   Require(picture.width > 0 && picture.height > 0, "a picture has a size");
   for (int y = 0; y < picture.height; ++y) {

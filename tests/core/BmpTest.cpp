@@ -28,11 +28,6 @@ void ExpectPixels(const Bytes& file, const std::vector<Color>& expected, bool is
   EXPECT_EQ(read.Ok() && read.Value().isDamaged, isDamaged);
 }
 
-BmpMaker Fields(unsigned bits, const std::vector<std::uint32_t>& masks, const Bytes& data) {
-  const std::uint32_t compression = masks.size() == 3 ? 3 : 6;
-  return {.bits = bits, .compression = compression, .masks = masks, .data = data};
-}
-
 TEST(Bmp, ReadsEveryDepthUnderEveryHeader) {
   // A blue pixel above a red one. The file begins with the lower row.
   const BmpMaker forms[] = {
@@ -43,14 +38,14 @@ TEST(Bmp, ReadsEveryDepthUnderEveryHeader) {
       {.bits = 16, .data = {0, 0x7C, 0, 0, 0x1F, 0, 0, 0}},
       {.bits = 24, .data = {0, 0, 255, 0, 255, 0, 0, 0}},
       {.bits = 32, .data = {0, 0, 255, 0, 255, 0, 0, 9}},
-      Fields(16, {0xF, 0xF0, 0xF00}, {0xF, 0xF0, 0, 0, 0, 0xF, 0, 0}),
-      Fields(32, {1, 2, 0xFFFFFFFC}, {1, 0, 0, 0, 0xFC, 255, 255, 255}),
-      Fields(16, {0xF, 0xF0, 0xF00, 0xF000}, {0xF, 0xF0, 0, 0, 0, 0xFF, 0, 0}),
-      Fields(32, {0xFF, 0, 0xFF00, 0x80000000}, {255, 0, 0, 128, 0, 255, 77, 255})};
+      {.bits = 16, .masks = {0xF, 0xF0, 0xF00}, .data = {0xF, 0xF0, 0, 0, 0, 0xF, 0, 0}},
+      {.bits = 32, .masks = {1, 2, 0xFFFFFFFC}, .data = {1, 0, 0, 0, 0xFC, 255, 255, 255}},
+      {.bits = 16, .masks = {0xF, 0xF0, 0xF00, 0xF000}, .data = {0xF, 0xF0, 0, 0, 0, 0xFF, 0, 0}},
+      {.bits = 32, .masks = {0xF, 0, 0xF0, 0x100}, .data = {15, 1, 9, 0, 240, 1, 7, 0}}};
   for (BmpMaker maker : forms) {
     for (const std::uint32_t header : {12U, 16U, 40U, 52U, 56U, 64U, 108U, 124U}) {
       SCOPED_TRACE(testing::Message() << maker.bits << " bits, header of " << header);
-      if (maker.compression != 0 && (header < 40 || header == 64)) continue;
+      if (!maker.masks.empty() && (header < 40 || header == 64)) continue;
       maker.header = header;
       maker.height = 2;
       ExpectPixels(maker.Make(), {kBlue, kRed});
@@ -58,100 +53,83 @@ TEST(Bmp, ReadsEveryDepthUnderEveryHeader) {
       if (header != 12) ExpectPixels(maker.Make(), {kRed, kBlue});
     }
   }
-}
-
-TEST(Bmp, ReadsRowsOfManyPixels) {
-  const auto indexed = [](unsigned bits, int width, const Bytes& data) {
-    return BmpMaker{.width = width, .bits = bits, .palette = {10, 11, 12, 13}, .data = data}.Make();
-  };
-  ExpectPixels(indexed(1, 10, {180, 64, 0, 0}), {11, 10, 11, 11, 10, 11, 10, 10, 10, 11});
-  ExpectPixels(indexed(2, 9, {27, 228, 64, 0}), {10, 11, 12, 13, 13, 12, 11, 10, 11});
-  ExpectPixels(indexed(4, 3, {0x23, 0x10, 0, 0}), {12, 13, 11});
+  const BmpMaker wide{.width = 9, .bits = 2, .palette = {10, 11, 12, 13}, .data = {27, 228, 64, 0}};
+  ExpectPixels(wide.Make(), {10, 11, 12, 13, 13, 12, 11, 10, 11});
 }
 
 TEST(Bmp, BlendsTransparentPixelsWithWhite) {
-  BmpMaker maker = Fields(32, {0xFF0000, 0xFF00, 0xFF, 0xFF000000}, {});
-  maker.header = 56;
-  maker.compression = 3;
-  maker.width = 3;
-  maker.data = {0, 0, 0, 0, 100, 0, 0, 78, 0, 0, 0, 255};
-  ExpectPixels(maker.Make(), {kWhite, 0xD0B1B1, 0});
-  maker.data = {10, 20, 30, 0, 10, 20, 30, 0, 10, 20, 30, 0};  // an unused channel
-  ExpectPixels(maker.Make(), {0x0A141E, 0x0A141E, 0x0A141E});
-  maker.width = 1;
-  maker.height = 3;
-  maker.data.back() = 255;  // used in one row: the other rows are transparent
-  ExpectPixels(maker.Make(), {0x0A141E, kWhite, kWhite});
-  // Ten bits per channel, and none of alpha.
-  const Bytes data = {0xFF, 0xFF, 0x0F, 0x20};
-  ExpectPixels(Fields(32, {0x3FF00000, 0xFFC00, 0x3FF, 0}, data).Make(), {0xFFFF80});
+  BmpMaker maker{.header = 56, .width = 2, .height = 2, .bits = 32};
+  maker.masks = {0xFF0000, 0xFF00, 0xFF, 0xFF000000};
+  maker.data = {0, 0, 0, 0, 100, 0, 0, 78, 0, 0, 0, 255, 0, 0, 0, 254};
+  ExpectPixels(maker.Make(), {0, 0x010101, kWhite, 0xD0B1B1});
+  maker.data = {1, 2, 3, 0, 1, 2, 3, 0, 1, 2, 3, 0, 1, 2, 3, 0};  // an unused channel
+  ExpectPixels(maker.Make(), std::vector<Color>(4, 0x010203));
+  maker.data.back() = 255;  // used at the end: all before is transparent
+  ExpectPixels(maker.Make(), {kWhite, 0x010203, kWhite, kWhite});
+  // Ten bits per channel, and two of alpha.
+  const std::vector<std::uint32_t> deep = {0x3FF00000, 0xFFC00, 0x3FF, 0xC0000000};
+  ExpectPixels(BmpMaker{.bits = 32, .masks = deep, .data = {255, 255, 15, 96}}.Make(), {0xFFFFD5});
 }
 
 TEST(Bmp, ReadsRunLengthsThatEndAnywhere) {
   struct Row {
     Bytes data;
-    std::string pixels;  ///< indices, '9' beyond the palette
-    bool isDamaged = false;
+    std::vector<Color> colors;
     unsigned bits = 8;
+    bool isDamaged = false;
   };
+  // The palette is 7, 1, 2, and what lies beyond it is 0.
   const Row rows[] = {
-      {{255, 1, 255, 2, 0, 1}, "000111", true},        // beyond the row
-      {{0, 0, 0, 0, 255, 1, 0, 1}, "000000", true},    // above the top row
-      {{0, 2, 255, 255, 3, 1, 0, 1}, "000000", true},  // jumps outside
-      {{0, 2, 9, 0, 0, 1}, "000000", true},
-      {{0, 2, 0, 3, 0, 1}, "000000", true},
-      {{0, 2, 0, 2, 0, 1}, "000000"},  // jumps to the end, and inside
-      {{0, 2, 1, 1, 1, 2, 0, 1}, "020000"},
-      {{0, 3, 1, 2, 1, 9, 0, 1}, "000121"},              // with padding
-      {{0, 5, 1, 2, 1, 2, 2, 0, 0, 1}, "000121", true},  // beyond the row
-      {{3, 1, 0, 0, 3, 2, 0, 0, 0, 0}, "222111"},        // no end mark
-      {{3, 9, 0, 1}, "000999", true},
-      {{0, 3, 1, 9, 1, 0, 0, 1}, "000191", true},
-      {{3, 0x12, 0, 0, 0, 3, 0x20, 0x10, 0, 1}, "201121", false, 4},
-      {{4, 0x12, 0, 0, 0, 5, 0x21, 0x21, 0, 0, 0, 1}, "212121", true, 4},
-      {{4, 0x12, 0, 1}, "000121", false, 4},  // one too many fills up the byte
-      {{2, 0, 0, '1', 0, 0, 0, 3, 0, 0, '2', 0, 0, '1', 0, 0, '0', 0, 0, 1}, "210119", false, 24}};
+      {{255, 1, 255, 2, 0, 1}, {7, 7, 7, 1, 1, 1}, 8, true},      // beyond the row
+      {{0, 0, 0, 0, 255, 1, 0, 1}, {7, 7, 7, 7, 7, 7}, 8, true},  // above the top row
+      {{0, 2, 9, 0, 0, 1}, {7, 7, 7, 7, 7, 7}, 8, true},          // jumps outside
+      {{0, 2, 0, 3, 0, 1}, {7, 7, 7, 7, 7, 7}, 8, true},
+      {{0, 2, 0, 2, 0, 1}, {7, 7, 7, 7, 7, 7}},  // jumps to the end, and inside
+      {{0, 2, 1, 1, 1, 2, 0, 1}, {7, 2, 7, 7, 7, 7}},
+      {{0, 3, 1, 2, 1, 9, 0, 1}, {7, 7, 7, 1, 2, 1}},                 // with padding
+      {{0, 5, 1, 2, 1, 2, 2, 0, 0, 1}, {7, 7, 7, 1, 2, 1}, 8, true},  // beyond the row
+      {{3, 1, 0, 0, 3, 2, 0, 0, 0, 0}, {2, 2, 2, 1, 1, 1}},           // no end mark
+      {{3, 9, 0, 1}, {7, 7, 7, 0, 0, 0}, 8, true},
+      {{0, 3, 1, 9, 1, 0, 0, 1}, {7, 7, 7, 1, 0, 1}, 8, true},
+      {{3, 0x12, 0, 0, 0, 3, 0x20, 0x10, 0, 1}, {2, 7, 1, 1, 2, 1}, 4},
+      {{4, 0x12, 0, 0, 0, 5, 0x21, 0x21, 0, 0, 0, 1}, {2, 1, 2, 1, 2, 1}, 4, true},
+      {{4, 0x12, 0, 1}, {7, 7, 7, 1, 2, 1}, 4},  // one too many fills up the byte
+      {{2, 0, 0, 5, 0, 0, 0, 3, 0, 0, 6, 0, 0, 5, 0, 0, 4, 0, 0, 1}, {6, 5, 4, 5, 5, 0}, 24}};
   for (const Row& row : rows) {
     SCOPED_TRACE(&row - rows);
     BmpMaker maker{.header = 64, .width = 3, .height = 2, .bits = row.bits};
     maker.compression = row.bits == 24 ? 4 : 8 / row.bits;
-    maker.palette = {'0', '1', '2'};
+    maker.palette = {7, 1, 2};
     maker.data = row.data;
-    std::vector<Color> colors(row.pixels.begin(), row.pixels.end());
-    std::replace(colors.begin(), colors.end(), Color{'9'}, Color{0});
-    ExpectPixels(maker.Make(), colors, row.isDamaged);
+    ExpectPixels(maker.Make(), row.colors, row.isDamaged);
   }
 }
 
 TEST(Bmp, RunsThatCannotFillALargePictureAreRefused) {
-  for (const auto& [height, bytes, isRead] : {std::tuple(256, 2, true),
-                                              {257, 8223, false},
-                                              {257, 8224, true},
-                                              {25'000, 800'000, false}}) {
+  const std::vector<std::tuple<int, std::size_t, bool>> rows = {
+      {256, 2, true}, {257, 8223, false}, {257, 8224, true}, {25'000, 800'000, false}};
+  for (const auto& [height, bytes, isRead] : rows) {
     BmpMaker maker{.width = 4096, .height = height, .bits = 8, .compression = 1, .data = {0, 1}};
-    maker.data.resize(static_cast<std::size_t>(bytes));
+    maker.data.resize(bytes);
     EXPECT_EQ(ReadBmp(maker.Make()).Ok(), isRead) << height << " rows in " << bytes;
   }
 }
 
 TEST(Bmp, WritesExactlyThisFile) {
-  Picture picture(2, 2, kWhite);
-  SetPixelV(picture.Draw(), 0, 0, 0x030201);  // red 1, green 2, blue 3
-  const Bytes expected = {'B',  'M',  70,  0,   0, 0, 0,  0, 0, 0,   54,   0,    0,   0,
-                          40,   0,    0,   0,   2, 0, 0,  0, 2, 0,   0,    0,    1,   0,
-                          24,   0,    0,   0,   0, 0, 16, 0, 0, 0,   0xC4, 0x0E, 0,   0,
-                          0xC4, 0x0E, 0,   0,   0, 0, 0,  0, 0, 0,   0,    0,    255, 255,
-                          255,  255,  255, 255, 0, 0, 3,  2, 1, 255, 255,  255,  0,   0};
+  const Picture picture(1, 1, 0x030201);  // red 1, green 2, blue 3
+  const Bytes expected = {'B', 'M', 58, 0, 0, 0, 0, 0, 0,    0,    54, 0, 0,    0,    40,
+                          0,   0,   0,  1, 0, 0, 0, 1, 0,    0,    0,  1, 0,    24,   0,
+                          0,   0,   0,  0, 4, 0, 0, 0, 0xC4, 0x0E, 0,  0, 0xC4, 0x0E, 0,
+                          0,   0,   0,  0, 0, 0, 0, 0, 0,    3,    2,  1, 0};
   EXPECT_EQ(WriteBmp(picture.View()), expected);
 }
 
 TEST(Bmp, ReadsBackWhatItWritesInPiecesOfAnySize) {
-  for (const int width : {1, 6, 7, 70, 701}) {
-    const Picture picture = Speckled(width, width > 100 ? 411 : 5);
+  for (const int width : {1, 6, 7, 70}) {
+    const Picture picture = Speckled(width, 5);
     Bytes whole = WriteBmp(picture.View());
-    EXPECT_EQ(ReadBmp(whole).Value(), picture);
     BmpEncoder file(picture.View());
-    for (std::size_t size = 1; size <= 70 && width < 100; ++size) {
+    for (std::size_t size = 1; size <= 70; ++size) {
       Bytes pieces(whole.size());
       for (std::size_t place = 0; place < whole.size(); place += size) {
         const std::size_t count = std::min(size, whole.size() - place);
@@ -169,11 +147,11 @@ TEST(Bmp, ReadsBackWhatItWritesInPiecesOfAnySize) {
 TEST(MalformedBmp, IsRefusedAtEveryLength) {
   const Bytes runs = {4, 1, 0, 0, 0, 2, 0, 0, 0, 4, 0, 1, 2, 1, 0, 1};
   const BmpMaker maker{.width = 4, .height = 2, .bits = 8, .compression = 1, .data = runs};
-  for (const Bytes& whole : {WriteBmp(Speckled(3, 2).View()), maker.Make()}) {
-    ASSERT_TRUE(ReadBmp(whole).Ok());
-    for (std::size_t size = 0; size < whole.size(); ++size) {
-      ASSERT_FALSE(ReadBmp(Bytes(whole.data(), whole.data() + size)).Ok()) << size;
-    }
+  Bytes file = maker.Make();
+  ASSERT_TRUE(ReadBmp(file).Ok());
+  while (!file.empty()) {
+    file.pop_back();
+    ASSERT_FALSE(ReadBmp(file).Ok()) << file.size();
   }
 }
 
@@ -197,10 +175,9 @@ TEST(MalformedBmp, FieldsAtTheirExtremes) {
   for (const auto& [at, values] : refused) {
     for (const std::uint32_t value : values) expect(at, value, {});
   }
-  const std::vector<Color> pixels(6, 0x070707);
-  expect(26, 24U << 16U, pixels);  // no planes
   // Sizes of the file and of the pixels, resolution, number of colours: many programs get them
   // wrong.
+  const std::vector<Color> pixels(6, 0x070707);
   for (const std::size_t at : {2, 34, 38, 42, 46, 50}) expect(at, kAll, pixels);
 }
 

@@ -11,21 +11,17 @@ namespace {
 
 /// Expects an element on a sheet of a set, once, and drawn opaque in several colours.
 void ExpectDrawn(int set, std::string_view page, std::string_view element, const Rect& place,
-                 const Picture& picture, int colors) {
+                 const Picture& picture, std::size_t colors) {
   const QString sheet = TextOf(TileSets()[set].folder) + "/" + TextOf(page);
   SCOPED_TRACE(sheet.toStdString() + " " + std::string(element));
   QFile source(MORVANE_ART "/" + sheet + ".svg");
   ASSERT_TRUE(source.open(QIODevice::ReadOnly));
   EXPECT_EQ(source.readAll().count("id=\"" + TextOf(element).toUtf8() + "\""), 1);
   const QImage image = QImage(":/tiles/" + sheet + ".png").convertToFormat(QImage::Format_ARGB32);
-  const QRect rect(place.left, place.top, place.Width(), place.Height());
-  ASSERT_TRUE(image.rect().contains(rect));
-  const QImage part = image.copy(rect);
-  EXPECT_TRUE(ImageOver(picture.View()) == part.convertToFormat(QImage::Format_RGB32));
+  const QImage part = image.copy(place.left, place.top, place.Width(), place.Height());
+  EXPECT_TRUE(ImageOver(picture.View()).convertToFormat(QImage::Format_ARGB32) == part);
   const auto* pixels = reinterpret_cast<const QRgb*>(part.constBits());
-  const std::set<QRgb> drawn(pixels, pixels + rect.width() * rect.height());
-  EXPECT_GE(std::ssize(drawn), colors);
-  EXPECT_EQ(qAlpha(*drawn.begin()), 255);  // the least of all
+  EXPECT_GE(std::set(pixels, pixels + place.Width() * place.Height()).size(), colors);
 }
 
 TEST(Art, EveryItemAndEdgeIsDrawnAtItsPlace) {

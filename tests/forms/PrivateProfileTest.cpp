@@ -21,31 +21,17 @@ TEST(PrivateProfile, FindsKeysWithoutRegardToCase) {
 }
 
 TEST(PrivateProfile, SettingAValueLeavesAllOtherLines) {
-  const auto with = [](const std::string& text, const char* section, const char* key,
-                       const char* value) {
-    return WithProfileValue(text, section, key, value).Value();
-  };
   const std::string text = "; mine\n\n[color]\n canvas = 1 ; old\n\n[Map]\nDir=/a";
-  EXPECT_EQ(with(text, "Color", "Canvas", "2"), "; mine\n\n[color]\n canvas =2\n\n[Map]\nDir=/a");
-  EXPECT_EQ(with(text, "Color", "Grid", "3"),
-            "; mine\n\n[color]\n canvas = 1 ; old\nGrid=3\n\n[Map]\nDir=/a");
-  EXPECT_EQ(with(text, "Map", "Grid", "1"), text + "\nGrid=1\n");
-  EXPECT_EQ(with(text, "Custom", "Dir", "/c"), text + "\n\n[Custom]\nDir=/c\n");
-  EXPECT_EQ(with("", "Map", "Dir", "/m"), "[Map]\r\nDir=/m\r\n");
-  EXPECT_EQ(with("[Map]\r\nDir=x\r\n", "Map", "Dir", ""), "[Map]\r\nDir=\r\n");
-}
-
-TEST(PrivateProfile, ValuesThatCouldNotBeReadBackAreRefused) {
-  const StartFolder folder;
-  QtPlatform platform;
-  Settings settings(platform);
-  settings.StartDir = folder.File("");
-  for (const std::string& value : {std::string("/a\n[Color]"), std::string("\r"),
-                                   std::string(1, '\0'), std::string(100'000, 'x')}) {
-    EXPECT_NE(settings.Write("Map", "Dir", value), "");
+  const std::vector<std::array<std::string, 5>> rows = {
+      {text, "Color", "Canvas", "2", "; mine\n\n[color]\n canvas =2\n\n[Map]\nDir=/a"},
+      {text, "Color", "Grid", "3", "; mine\n\n[color]\n canvas = 1 ; old\nGrid=3\n\n[Map]\nDir=/a"},
+      {text, "Map", "Grid", "1", text + "\nGrid=1\n"},
+      {text, "Custom", "Dir", "/c", text + "\n\n[Custom]\nDir=/c\n"},
+      {"[Map]\r\nDir=x\r\n", "Map", "Dir", " ü ", "[Map]\r\nDir=\" ü \"\r\n"}};
+  for (const auto& [before, section, key, value, after] : rows) {
+    EXPECT_EQ(WithProfileValue(before, section, key, value).Value(), after);
   }
-  EXPECT_EQ(settings.Write("Map", "Dir", " ü "), "");
-  EXPECT_EQ(settings.GetINIFileString("Map", "Dir", ""), " ü ");
+  EXPECT_FALSE(WithProfileValue(text, "Map", "Dir", "/a\n[Color]").Ok());
 }
 
 }  // namespace

@@ -9,7 +9,8 @@
 
 namespace morvane {
 
-/// Builds BMP files of every form, also malformed ones.
+/// Builds BMP files of every form, also malformed ones. The number of planes, which readers should
+/// ignore, is 0.
 struct BmpMaker {
   std::uint32_t header = 40;
   int width = 1;
@@ -30,10 +31,10 @@ struct BmpMaker {
     const auto writeSide = isShort ? &Write16 : &Write32;
     writeSide(file, 18, static_cast<std::uint32_t>(width));
     writeSide(file, isShort ? 20 : 22, static_cast<std::uint32_t>(height));
-    Write16(file, isShort ? 22 : 26, 1);
     Write16(file, isShort ? 24 : 28, bits);
     if (header >= 40) {
-      Write32(file, 30, compression);
+      const std::uint32_t fields = masks.size() == 4 && header < 56 ? 6 : 3;
+      Write32(file, 30, masks.empty() ? compression : fields);
       Write32(file, 46, static_cast<std::uint32_t>(palette.size()));
     }
     for (std::size_t i = 0; i < masks.size(); ++i) Write32(file, 54 + 4 * i, masks[i]);
