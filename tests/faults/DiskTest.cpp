@@ -36,8 +36,7 @@ struct Fault {
 /// Tries everything that writes.
 void TryEverything(const Fault& fault) {
   fault.prepare();
-  Session session;
-  Session::Window& editor = session.editor;
+  Session editor;
   const std::filesystem::path folder = std::filesystem::current_path();
   const std::string old = folder / "old.bmp";
   std::ofstream("Morvane.ini") << "; " << std::string(5000, '-') << '\n';
@@ -90,11 +89,11 @@ void ExpectNoHarm(const Fault& fault) {
     std::filesystem::create_directory(folder.constData());
     std::filesystem::permissions(folder.constData(), std::filesystem::perms::all);
   }
-  const int outcome = RunInChild([&] {
+  const int outcome = WaitFor(StartChild([&] {
     qputenv("HOME", home.path().toUtf8());
     qputenv("TMPDIR", disk);
     TryEverything(fault);
-  });
+  }));
   if (outcome == kCannot) GTEST_SKIP() << "Mounting a disk or changing the user isn't allowed.";
   EXPECT_EQ(outcome, 0);
 }
