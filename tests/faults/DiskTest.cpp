@@ -14,6 +14,15 @@
 namespace morvane {
 namespace {
 
+/// The exit code of a child that couldn't prepare its test.
+constexpr int kCannot = 77;
+
+/// In a child: gives up root, which ignores the modes of files.
+void BecomeOrdinaryUser() {
+  constexpr uid_t kNobody = 65534;
+  if (geteuid() == 0 && setuid(kNobody) != 0) _exit(kCannot);
+}
+
 /// In a child: mounts a disk in memory over TMPDIR, which ends with the process.
 void MountSmallDisk() {
   const std::string user = std::to_string(geteuid());
@@ -37,8 +46,8 @@ struct Fault {
 void TryEverything(const Fault& fault) {
   fault.prepare();
   Session editor;
-  const std::filesystem::path folder = std::filesystem::current_path();
-  const std::string old = folder / "old.bmp";
+  const std::string folder = editor.folder.File("");
+  const std::string old = folder + "old.bmp";
   std::ofstream("Morvane.ini") << "; " << std::string(5000, '-') << '\n';
   editor.Press(30, 30);
   editor.platform.chosenFiles.push_back(old);
@@ -52,9 +61,7 @@ void TryEverything(const Fault& fault) {
   const std::string message = "The map could not be saved.\n\n" + old + "\n\n" + fault.reason;
   editor.Choose("mnuFileSave");
   EXPECT_EQ(editor.OneBox(), message);
-  EXPECT_EQ(editor.window.windowTitle(), "Morvane - old.bmp");
   Options options(editor.document);
-  options.Form_Load();
   EXPECT_FALSE(options.cmdOK_Click());
   EXPECT_TRUE(editor.OneBox().ends_with("Morvane.ini\n\n" + fault.reason));
 
@@ -116,10 +123,9 @@ TEST(Disk, FileSizeLimit) {
 TEST(Disk, ReadOnlyFolder) {
   ExpectNoHarm({.reason = std::strerror(EACCES), .prepare = BecomeOrdinaryUser, .occur = [] {
                   const std::string folder = std::filesystem::current_path();
-                  for (const auto& [mode, isReadable] :
-                       {std::pair(0300, false), {0600, false}, {0500, true}}) {
+                  for (const int mode : {0300, 0600, 0500}) {
                     std::filesystem::permissions(folder, std::filesystem::perms(mode));
-                    EXPECT_EQ(IsReadableFolder(folder), isReadable) << mode;
+                    EXPECT_EQ(IsReadableFolder(folder), mode == 0500) << mode;
                   }
                 }});
 }

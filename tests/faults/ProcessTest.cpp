@@ -48,24 +48,21 @@ TEST(Processes, AKillDuringASaveLeavesTheOldMapOrTheNewOne) {
 
 TEST(Processes, TwoInOneFolderKeepTheirOwnSnapshots) {
   const StartFolder folder;
-  const auto start = [](unsigned seed) {
-    return StartChild([seed] {
-      for (int run = 0; run < 6; ++run) {
-        SnapshotFile file;
-        for (unsigned round = 0; round < 30; ++round) {
-          EXPECT_TRUE(LeftoverSnapshots().empty());
-          const Bytes map = WriteBmp(Speckled(200, 100 + round % 5 / 4, seed + round).View());
-          MemorySource source(map);
-          ASSERT_EQ(file.Write(source), "");
-          EXPECT_EQ(ReadAll(*file.Read().Value()).Value(), map) << "round " << round;
-        }
-        file.Delete();
+  const auto useSnapshots = [](unsigned seed) {
+    for (int run = 0; run < 6; ++run) {
+      SnapshotFile file;
+      for (unsigned round = 0; round < 30; ++round) {
+        EXPECT_TRUE(LeftoverSnapshots().empty());
+        const Bytes map = WriteBmp(Speckled(200, 100 + round % 5 / 4, seed + round).View());
+        MemorySource source(map);
+        ASSERT_EQ(file.Write(source), "");
+        EXPECT_EQ(ReadAll(*file.Read().Value()).Value(), map) << "round " << round;
       }
-    });
+      file.Delete();
+    }
   };
-  const pid_t one = start(100);
-  const pid_t other = start(200);
-  EXPECT_EQ(WaitFor(one), 0);
+  const pid_t other = StartChild([&] { useSnapshots(100); });
+  useSnapshots(200);
   EXPECT_EQ(WaitFor(other), 0);
   EXPECT_EQ(NamesIn("."), "");
 }

@@ -18,9 +18,6 @@ void MakePicture(const std::string& name, Color color) {
 
 TEST(Thumbnail, IsReducedOrKeepsSharpPixels) {
   const StartFolder folder;
-  const auto read = [&](const char* name, int zoom) {
-    return ReadThumbnail(folder.File(name), zoom, false);
-  };
   // Widths of the file, and of both thumbnails in physical pixels.
   const std::vector<std::array<int, 4>> rows = {{10, 2, 20, 20},   {16, 1, 16, 16},
                                                 {20, 1, 16, 20},   {20, 2, 32, 40},
@@ -28,7 +25,7 @@ TEST(Thumbnail, IsReducedOrKeepsSharpPixels) {
   for (const auto& [width, zoom, small, large] : rows) {
     const QSize size(width, width / 2);
     ASSERT_TRUE(QImage(size, QImage::Format_RGB32).save("a.png"));
-    const Thumbnail thumbnail = read("a.png", zoom);
+    const Thumbnail thumbnail = ReadThumbnail("a.png", zoom, false);
     EXPECT_EQ(thumbnail.size, size);
     EXPECT_EQ(thumbnail.small.width(), small) << width << " at " << zoom;
     EXPECT_EQ(thumbnail.large.width(), large) << width << " at " << zoom;
@@ -37,13 +34,15 @@ TEST(Thumbnail, IsReducedOrKeepsSharpPixels) {
   dot.fill(Qt::transparent);
   dot.setPixelColor(3, 5, Qt::red);
   ASSERT_TRUE(dot.save("a.png"));
-  const QImage sharp = read("a.png", 2).large;
+  const QImage sharp = ReadThumbnail("a.png", 2, false).large;
   EXPECT_EQ(sharp.pixelColor(7, 11), Qt::red);
   EXPECT_EQ(sharp.pixelColor(8, 12), Qt::white);
   ASSERT_TRUE(QImage(6000, 5000, QImage::Format_Mono).save("large.bmp"));
   ASSERT_EQ(mkfifo("pipe.bmp", 0600), 0);
-  for (const char* name : {"large.bmp", "pipe.bmp"}) EXPECT_TRUE(read(name, 1).size.isEmpty());
-  EXPECT_TRUE(ReadThumbnail(folder.File("a.png"), 1, true).size.isEmpty());
+  for (const auto& [name, isCanceled] :
+       {std::pair("large.bmp", false), {"pipe.bmp", false}, {"a.png", true}}) {
+    EXPECT_TRUE(ReadThumbnail(name, 1, isCanceled).size.isEmpty()) << name;
+  }
 }
 
 TEST(Thumbnail, OfASlowPictureIsAbandoned) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <grp.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -11,9 +10,6 @@
 #include "tests/support/FormFixture.h"
 
 namespace morvane {
-
-/// The exit code of a child that couldn't prepare its test.
-constexpr int kCannot = 77;
 
 /// Runs a check in a child process, whose exit code is 0 if every expectation holds. A child that
 /// hangs or throws is killed.
@@ -32,13 +28,6 @@ inline int WaitFor(pid_t child) {
   int status = 0;
   waitpid(child, &status, 0);
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-}
-
-/// In a child: gives up root, which ignores the modes of files.
-inline void BecomeOrdinaryUser() {
-  constexpr id_t kNobody = 65534;
-  if (geteuid() != 0) return;
-  if (setgroups(0, nullptr) != 0 || setgid(kNobody) != 0 || setuid(kNobody) != 0) _exit(kCannot);
 }
 
 /// In a child: the application as the program sets it up.
