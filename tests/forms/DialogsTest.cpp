@@ -57,7 +57,7 @@ TEST_F(Dialogs, OptionsReadAndWriteFiveKeys) {
   platform.colors = {0x00FF00};
   platform.chosenFiles = {"/maps", "", "/tiles"};
   for (const char* name : {"PaletteButton", "GridPaletteButton", "ButtonMapDir", "ButtonMapDir",
-                           "ButtonCustomDir", "Label5", "GridCheck", "Label2"}) {
+                           "ButtonCustomDir", "Label5", "Label2"}) {
     Click(dialog, name);
   }
   EXPECT_EQ(shownColor("ColorBox"), Qt::green);
@@ -74,7 +74,7 @@ TEST_F(Dialogs, OptionsReadAndWriteFiveKeys) {
   Click(dialog, "cmdOK");
   EXPECT_FALSE(dialog.isVisible());
   const std::string written =
-      "[Color]\nGrid=65280\nCanvas=65280\n[Map]\nGrid=0\nDir=/maps\n\n[Custom]\nDir=/tiles\n";
+      "[Color]\nGrid=65280\nCanvas=65280\n[Map]\nGrid=1\nDir=/maps\n\n[Custom]\nDir=/tiles\n";
   EXPECT_EQ(ReadFile("Morvane.ini"), Bytes(written.begin(), written.end()));
   EXPECT_EQ(document.settings.Write("Map", "Dir", std::string(2047, 'x')), "");
   EXPECT_NE(document.settings.Write("Map", "Dir", std::string(2048, 'x')), "") << "it is cut";
@@ -187,11 +187,10 @@ TEST_F(Dialogs, MessagesAnswerToTheLettersOfTheirButtons) {
 }
 
 TEST_F(Dialogs, OneFileCanBeDropped) {
-  using Urls = QList<QUrl>;
   ASSERT_TRUE(QDir().mkdir("a\xc3\xa4"));
   const std::string path = folder.File("a\xc3\xa4/tile.bmp");
   WriteFile(path, WriteBmp(Map().View()));
-  const auto drop = [](QWidget* target, const Urls& urls) {
+  const auto drop = [](QWidget* target, const QList<QUrl>& urls) {
     QMimeData dragged;
     dragged.setUrls(urls);
     const auto both = Qt::MoveAction | Qt::CopyAction;
@@ -204,7 +203,7 @@ TEST_F(Dialogs, OneFileCanBeDropped) {
   };
   const QUrl file = QUrl::fromLocalFile(QString::fromStdString(path));
   const QUrl place = QUrl::fromLocalFile(QDir::currentPath());
-  for (const Urls& urls : {Urls{place}, {file, file}, {QUrl("http://a/tile.bmp")}}) {
+  for (const auto& urls : {QList{place}, {file, file}, {QUrl("http://a/tile.bmp")}}) {
     EXPECT_FALSE(drop(Find("Canvas"), urls));
   }
   EXPECT_FALSE(document.HasCurrentFile);
