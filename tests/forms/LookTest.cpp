@@ -114,20 +114,9 @@ void CheckEachForm(FormFixture& editor, const QSize& screen) {
   }
 }
 
-/// Each pixel of the map is a block of physical pixels, and so is the outline of the stamp.
-void ExpectWholePixels(FormFixture& editor, int zoom) {
-  ASSERT_EQ(editor.window.devicePixelRatioF(), zoom);
-  editor.Press(70, 70);
-  QWidget* canvas = editor.Find("Canvas");
-  QTest::mouseMove(canvas, {407, 67});
-  const QImage screen = canvas->grab().toImage();
-  const QImage shown = Shown(*canvas);
-  EXPECT_EQ(screen.convertToFormat(QImage::Format_RGB32), shown.scaled(screen.size()));
-  EXPECT_EQ(shown.pixelColor(402, 62), QColor(0, 106, 236));
-}
-
-/// In a child: starts the editor on the display.
-void StartOn(const Look& look) {
+/// In a child: starts the editor on the display. Each pixel of the map must be a block of physical
+/// pixels, and so must the outline of the stamp.
+void CheckOn(const Look& look) {
   const StartFolder folder;
   std::ofstream("display.json") << R"({"screens":[{"name":"wide","logicalDpi":)" << look.dpi
                                 << R"(,"width":)" << look.size.width() * look.zoom
@@ -139,7 +128,14 @@ void StartOn(const Look& look) {
   if (look.isDark) QApplication::setPalette(QPalette({49, 54, 59}, {49, 54, 59}));
   QApplication::setFont(QFont("Liberation Sans", look.fontSize));
   for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
-  ExpectWholePixels(editor, look.zoom);
+  ASSERT_EQ(editor.window.devicePixelRatioF(), look.zoom);
+  editor.Press(70, 70);
+  QWidget* canvas = editor.Find("Canvas");
+  QTest::mouseMove(canvas, {407, 67});
+  const QImage screen = canvas->grab().toImage();
+  const QImage shown = Shown(*canvas);
+  EXPECT_EQ(screen.convertToFormat(QImage::Format_RGB32), shown.scaled(screen.size()));
+  EXPECT_EQ(shown.pixelColor(402, 62), QColor(0, 106, 236));
   editor.document.UndoButtonEnabled = false;
   CheckEachForm(editor, look.size);
 }
@@ -155,7 +151,7 @@ TEST(Looks, EveryFormIsLegibleAndCompleteAndFitsOnTheScreen) {
         {"Screen factor 1.5", 2, 96, 9, "QT_SCREEN_SCALE_FACTORS", "wide=1.5;"},
         {"192 dpi, factor 1.5", 4, 192, 9, "QT_SCALE_FACTOR", "1.5"}}) {
     SCOPED_TRACE(look.name);
-    children.push_back(StartChild([&] { StartOn(look); }));
+    children.push_back(StartChild([&] { CheckOn(look); }));
   }
   for (const pid_t child : children) EXPECT_EQ(WaitFor(child), 0);
 }
