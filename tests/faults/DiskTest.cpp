@@ -14,6 +14,14 @@
 namespace morvane {
 namespace {
 
+/// The exit code of a child that couldn't prepare its test.
+constexpr int kCannot = 77;
+
+/// In a child: gives up root, which ignores the modes of files.
+void BecomeOrdinaryUser() {
+  if (geteuid() == 0 && setuid(65534) != 0) _exit(kCannot);
+}
+
 /// In a child: mounts a disk in memory over TMPDIR, which ends with the process.
 void MountSmallDisk() {
   const std::string user = std::to_string(geteuid());
@@ -36,10 +44,9 @@ struct Fault {
 /// Tries everything that writes.
 void TryEverything(const Fault& fault) {
   fault.prepare();
-  Session session;
-  Session::Window& editor = session.editor;
-  const std::filesystem::path folder = std::filesystem::current_path();
-  const std::string old = folder / "old.bmp";
+  Session editor;
+  const std::string folder = editor.folder.File("");
+  const std::string old = folder + "old.bmp";
   std::ofstream("Morvane.ini") << "; " << std::string(5000, '-') << '\n';
   editor.Press(30, 30);
   editor.platform.chosenFiles.push_back(old);
@@ -53,18 +60,14 @@ void TryEverything(const Fault& fault) {
   const std::string message = "The map could not be saved.\n\n" + old + "\n\n" + fault.reason;
   editor.Choose("mnuFileSave");
   EXPECT_EQ(editor.OneBox(), message);
-  EXPECT_EQ(editor.window.windowTitle(), "Morvane - old.bmp");
   Options options(editor.document);
-  options.Form_Load();
   EXPECT_FALSE(options.cmdOK_Click());
   EXPECT_TRUE(editor.OneBox().ends_with("Morvane.ini\n\n" + fault.reason));
 
   editor.Press(90, 90);
   const Picture painted = editor.Map();
   EXPECT_NE(painted, map);
-  if (fault.hitsAll) {
-    EXPECT_TRUE(editor.OneBox().starts_with("The map could not be kept for Undo"));
-  }
+  EXPECT_TRUE(!fault.hitsAll || editor.OneBox().starts_with("The map could not be kept for Undo"));
   editor.Choose("mnuEditUndo");
   EXPECT_EQ(editor.Map(), fault.hitsAll ? painted : map);
   EXPECT_EQ(NamesIn(folder), names) << "no failure leaves a file";
@@ -90,11 +93,11 @@ void ExpectNoHarm(const Fault& fault) {
     std::filesystem::create_directory(folder.constData());
     std::filesystem::permissions(folder.constData(), std::filesystem::perms::all);
   }
-  const int outcome = RunInChild([&] {
+  const int outcome = WaitFor(StartChild([&] {
     qputenv("HOME", home.path().toUtf8());
     qputenv("TMPDIR", disk);
     TryEverything(fault);
-  });
+  }));
   if (outcome == kCannot) GTEST_SKIP() << "Mounting a disk or changing the user isn't allowed.";
   EXPECT_EQ(outcome, 0);
 }
@@ -117,10 +120,9 @@ TEST(Disk, FileSizeLimit) {
 TEST(Disk, ReadOnlyFolder) {
   ExpectNoHarm({.reason = std::strerror(EACCES), .prepare = BecomeOrdinaryUser, .occur = [] {
                   const std::string folder = std::filesystem::current_path();
-                  for (const auto& [mode, isReadable] :
-                       {std::pair(0300, false), {0600, false}, {0500, true}}) {
+                  for (const int mode : {0300, 0600, 0500}) {
                     std::filesystem::permissions(folder, std::filesystem::perms(mode));
-                    EXPECT_EQ(IsReadableFolder(folder), isReadable) << mode;
+                    EXPECT_EQ(IsReadableFolder(folder), mode == 0500) << mode;
                   }
                 }});
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <grp.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -11,9 +10,6 @@
 #include "tests/support/FormFixture.h"
 
 namespace morvane {
-
-/// The exit code of a child that couldn't prepare its test.
-constexpr int kCannot = 77;
 
 /// Runs a check in a child process, whose exit code is 0 if every expectation holds. A child that
 /// hangs or throws is killed.
@@ -34,35 +30,20 @@ inline int WaitFor(pid_t child) {
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-inline int RunInChild(const std::function<void()>& check) {
-  return WaitFor(StartChild(check));
-}
-
-/// In a child: gives up root, which ignores the modes of files.
-inline void BecomeOrdinaryUser() {
-  constexpr id_t kNobody = 65534;
-  if (geteuid() != 0) return;
-  if (setgroups(0, nullptr) != 0 || setgid(kNobody) != 0 || setuid(kNobody) != 0) _exit(kCannot);
-}
+/// In a child: the application as the program sets it up.
+struct Application {
+  Application() {
+    QApplication::setStyle(new FocusStyle);
+    // So that Qt's dialogs write nothing into the home folder.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
+  }
+  int count = 0;
+  QApplication application{count, nullptr};
+};
 
 /// In a child: the editor in its window, started in a new folder below TMPDIR.
-struct Session {
-  struct Application : QApplication {
-    Application(int& count, char** arguments) : QApplication(count, arguments) {
-      setStyle(new FocusStyle);
-      // As in the program, so that Qt's dialogs write nothing into the home folder.
-      QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
-    }
-  };
-  struct Window : FormFixture {
-    void TestBody() override {}
-  };
-
-  int count = 1;
-  char name[8] = "morvane";
-  char* arguments[2] = {name, nullptr};
-  Application application{count, arguments};
-  Window editor;
+struct Session : Application, FormFixture {
+  void TestBody() override {}
 };
 
 }  // namespace morvane
