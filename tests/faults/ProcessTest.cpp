@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include <chrono>
 #include <csignal>
 #include <random>
@@ -8,7 +6,6 @@
 #include "platform/Leftovers.h"
 #include "platform/SnapshotFile.h"
 #include "tests/support/Child.h"
-#include "tests/support/Sample.h"
 
 namespace morvane {
 namespace {

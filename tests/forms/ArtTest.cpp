@@ -2,7 +2,6 @@
 
 #include "palette/TilePictures.h"
 #include "platform/Images.h"
-#include "shell/ArtSheets.h"
 #include "shell/widgets/Text.h"
 #include "tests/support/FormFixture.h"
 

@@ -4,7 +4,6 @@
 #include "shell/frmOptions.h"
 #include "shell/frmSplash.h"
 #include "shell/frmText.h"
-#include "shell/widgets/FontDialog.h"
 #include "shell/widgets/Text.h"
 #include "tests/support/FormFixture.h"
 
@@ -201,9 +200,6 @@ TEST_F(Forms, AreDescribedInFormsTxt) {
 
 TEST_F(Forms, KeysOfTheWindow) {
   using enum Qt::Key;
-  FontDialog font(nullptr);
-  EXPECT_TRUE(TabStopsOf(font).contains("Color"));
-  font.hide();
   window.activateWindow();
   EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
   Find("pbmarking")->setFocus();

@@ -1,9 +1,6 @@
-#include <gtest/gtest.h>
-
 #include <QPrintDialog>
 #include <QPrinter>
 
-#include "document/picture/Blit.h"
 #include "platform/Images.h"
 #include "platform/MapPrinter.h"
 #include "tests/support/FormFixture.h"

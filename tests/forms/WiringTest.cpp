@@ -86,7 +86,8 @@ TEST_F(Wiring, TheMapTakesPressesInsideItsBorderAndDragsFromThere) {
   QTest::mousePress(canvas, Qt::RightButton, {}, {-10, 600});  // while the left one is held
   QTest::mouseRelease(canvas, Qt::LeftButton, {}, {52, 52});
   EXPECT_TRUE(document.mnuEditUndoEnabled);
-  NewMap();
+  platform.answers = {Answer::Yes};
+  Choose("mnuFileNew");
   for (const double x : {98.5, 219.5}) {  // fractional positions, as at 200 %
     QMouseEvent press(QEvent::MouseButtonPress, {x + 2, 112}, {}, Qt::LeftButton, Qt::LeftButton,
                       {});

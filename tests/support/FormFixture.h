@@ -108,8 +108,6 @@ class StartFolder {
     QDir::setCurrent(folder_.path());
     qputenv("XDG_STATE_HOME", QFile::encodeName(state_.path()));
   }
-  StartFolder(const StartFolder&) = delete;
-  StartFolder& operator=(const StartFolder&) = delete;
   ~StartFolder() {
     QDir::setCurrent(before_);
     qunsetenv("XDG_STATE_HOME");
@@ -152,13 +150,9 @@ inline Picture MapIn(const std::string& path) {
 
 /// A screenshot of a widget in logical pixels.
 inline QImage Shown(QWidget& widget) {
-  QImage shown(widget.size(), QImage::Format_RGB32);
-  const QImage fine = widget.grab().toImage();
-  const int zoom = qRound(fine.devicePixelRatio());
-  for (int y = 0; y < shown.height(); ++y) {
-    for (int x = 0; x < shown.width(); ++x) shown.setPixel(x, y, fine.pixel(x * zoom, y * zoom));
-  }
-  return shown;
+  QImage shown = widget.grab().toImage().scaled(widget.size());
+  shown.setDevicePixelRatio(1);
+  return shown.convertToFormat(QImage::Format_RGB32);
 }
 
 /// The real main window, started in a temporary folder.
@@ -204,10 +198,6 @@ struct FormFixture : testing::Test {
     return bar->widgetForAction(bar->findChild<QAction*>(key));
   }
   void ClickTool(const char* key) { QTest::mouseClick(Tool(key), Qt::LeftButton); }
-  void NewMap() {
-    platform.answers.push_back(Answer::Yes);
-    Choose("mnuFileNew");
-  }
 };
 
 }  // namespace morvane

@@ -1,13 +1,11 @@
 // The real program on a virtual display, with real events of mouse and keyboard.
 
-#include <gtest/gtest.h>
 #include <sys/prctl.h>
 
 #include <QProcess>
 #include <csignal>
 
 #include "document/picture/Transform.h"
-#include "shell/ArtSheets.h"
 #include "tests/support/Child.h"
 #include "tests/support/ReferenceModel.h"
 
