@@ -5,12 +5,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QStringList>
 #include <algorithm>
-#include <cctype>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
-#include <sstream>
 #include <system_error>
 
 #include "platform/NaturalOrder.h"
@@ -36,20 +35,6 @@ std::vector<std::string> NamesIn(const std::string& folder, Wanted wanted) {
   }
   SortNaturally(names);
   return names;
-}
-
-std::string LowerCase(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return text;
-}
-
-/// The endings in a list of patterns "*.a;*.b", in lower case.
-std::vector<std::string> EndingsOf(const std::string& patterns) {
-  std::vector<std::string> endings;
-  std::istringstream list(LowerCase(patterns));
-  for (std::string pattern; std::getline(list, pattern, ';');) endings.push_back(pattern.substr(1));
-  return endings;
 }
 
 }  // namespace
@@ -83,13 +68,15 @@ std::vector<std::string> MountedVolumes() {
 }
 
 std::vector<std::string> MatchingFiles(const std::string& folder, const std::string& pattern) {
-  const std::vector<std::string> endings = EndingsOf(pattern);
+  const QStringList endings = QString::fromStdString(pattern).remove('*').split(';');
   return NamesIn(folder, [&endings](const Entry& entry) {
-    const std::string lower = LowerCase(entry.path().filename());
+    const QString name = QString::fromStdString(entry.path().filename());
     std::error_code error;
-    return entry.is_regular_file(error) &&
-           std::any_of(endings.begin(), endings.end(),
-                       [&lower](const std::string& ending) { return lower.ends_with(ending); });
+    return std::any_of(endings.begin(), endings.end(),
+                       [&name](const QString& ending) {
+                         return name.endsWith(ending, Qt::CaseInsensitive);
+                       }) &&
+           entry.is_regular_file(error);
   });
 }
 

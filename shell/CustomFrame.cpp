@@ -112,9 +112,7 @@ void CustomFrame::ShowState() {
 }
 
 void CustomFrame::AddStops(TabRing& ring) const {
-  ring.Add({drive_});
-  ring.Add({folders_});
-  ring.Add({files_});
+  for (QWidget* stop : std::initializer_list<QWidget*>{drive_, folders_, files_}) ring.Add({stop});
 }
 
 void CustomFrame::ListDrives() {
