@@ -34,9 +34,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const bool isOneLine = value.find_first_of(std::string_view("\r\n\0", 3)) == std::string::npos;
   Require(result.Ok() == isOneLine, "a value is written if it has one line");
   if (!result.Ok()) return 0;
+  const std::string& changed = result.Value();
   for (const Key& each : kKeys) {
-    Require(ValueOf(result.Value(), each) == (&each == &key ? value : ValueOf(text, each)),
+    Require(ValueOf(changed, each) == (&each == &key ? value : ValueOf(text, each)),
             "the written value is read back, and the others don't change");
   }
+  const auto [begin, same] =
+      std::mismatch(text.begin(), text.end(), changed.begin(), changed.end());
+  const auto end = std::mismatch(text.rbegin(), std::make_reverse_iterator(begin), changed.rbegin(),
+                                 std::make_reverse_iterator(same))
+                       .first.base();
+  Require(std::find(begin, end, '\n') == end, "at most one line changes");
   return 0;
 }

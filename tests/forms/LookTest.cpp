@@ -1,6 +1,7 @@
 // How every form looks on each kind of display, with large fonts and with dark colours.
 
 #include <cmath>
+#include <map>
 
 #include "shell/frmText.h"
 #include "shell/widgets/FontDialog.h"
@@ -29,11 +30,11 @@ double Luminance(const QColor& color) {
 
 /// Whether something legible is drawn in a part of a picture.
 bool HasContrast(const QImage& picture, const QRect& part, double required) {
-  const double ground = Luminance(picture.pixelColor(part.bottomLeft()));
+  const double background = Luminance(picture.pixelColor(part.bottomLeft()));
   int count = 0;
   for (int i = 0; i < part.width() * part.height(); ++i) {
     const QPoint place = part.topLeft() + QPoint(i % part.width(), i / part.width());
-    const auto [dark, light] = std::minmax({Luminance(picture.pixelColor(place)), ground});
+    const auto [dark, light] = std::minmax({Luminance(picture.pixelColor(place)), background});
     count += (light + 0.05) / (dark + 0.05) >= required ? 1 : 0;
   }
   return count > 2;
@@ -105,6 +106,7 @@ void CheckEachForm(FormFixture& editor, const QSize& screen) {
     bool isChecked = false;
     QTimer::singleShot(0, [&] {
       auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
       Check(*dialog, screen);
       dialog->reject();
       isChecked = true;
@@ -124,7 +126,7 @@ void CheckOn(const Look& look) {
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=display.json");
   qputenv(look.variable, look.value);
   UseWholeScaleFactors();
-  Session editor;
+  EditorInChild editor;
   if (look.isDark) QApplication::setPalette(QPalette({49, 54, 59}, {49, 54, 59}));
   QApplication::setFont(QFont("Liberation Sans", look.fontSize));
   for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
@@ -141,7 +143,7 @@ void CheckOn(const Look& look) {
 }
 
 TEST(Looks, EveryFormIsLegibleAndCompleteAndFitsOnTheScreen) {
-  std::vector<pid_t> children;
+  std::map<std::string, pid_t> children;
   for (const Look& look :
        {Look{"Light"},
         {"Dark", 1, 96, 9, "QT_SCALE_FACTOR", "1.25", true},
@@ -151,9 +153,9 @@ TEST(Looks, EveryFormIsLegibleAndCompleteAndFitsOnTheScreen) {
         {"Screen factor 1.5", 2, 96, 9, "QT_SCREEN_SCALE_FACTORS", "wide=1.5;"},
         {"192 dpi, factor 1.5", 4, 192, 9, "QT_SCALE_FACTOR", "1.5"}}) {
     SCOPED_TRACE(look.name);
-    children.push_back(StartChild([&] { CheckOn(look); }));
+    children[look.name] = StartChild([&] { CheckOn(look); });
   }
-  for (const pid_t child : children) EXPECT_EQ(WaitFor(child), 0);
+  for (const auto& [name, child] : children) EXPECT_EQ(WaitFor(child), 0) << name;
 }
 
 }  // namespace

@@ -27,6 +27,7 @@ TEST(PrivateProfile, SettingAValueLeavesAllOtherLines) {
       {text, "Color", "Grid", "3", "; mine\n\n[color]\n canvas = 1 ; old\nGrid=3\n\n[Map]\nDir=/a"},
       {text, "Map", "Grid", "1", text + "\nGrid=1\n"},
       {text, "Custom", "Dir", "/c", text + "\n\n[Custom]\nDir=/c\n"},
+      {"", "Map", "Dir", "/m", "[Map]\r\nDir=/m\r\n"},
       {"[Map]\r\nDir=x\r\n", "Map", "Dir", " ü ", "[Map]\r\nDir=\" ü \"\r\n"}};
   for (const auto& [before, section, key, value, after] : rows) {
     EXPECT_EQ(WithProfileValue(before, section, key, value).Value(), after);

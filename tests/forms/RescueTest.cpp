@@ -42,9 +42,8 @@ struct Rescue : FormFixture {
 };
 
 TEST_F(Rescue, ASnapshotOfAKilledRunIsMovedOrCopied) {
-  setenv("TZ", "UTC", 1);
-  tzset();
   const QTemporaryDir elsewhere("/dev/shm/rescue-XXXXXX");  // usually another volume
+  ASSERT_TRUE(elsewhere.isValid());
   platform.NoteRescueCopy("/gone/deleted.bmp");
   for (const std::string& copies : {folder.File("copies"), elsewhere.path().toStdString()}) {
     std::filesystem::create_directory(copies);
@@ -92,6 +91,13 @@ TEST_F(Rescue, TerminationLeavesTheMapInTheSnapshotIfNoFolderTakesIt) {
   EXPECT_TRUE(platform.boxes.empty());
 }
 
+TEST_F(Rescue, NothingIsRescuedAfterTheEndOfTheRun) {
+  Press(5, 5);
+  form.EndRun();
+  form.RescueAtTermination();
+  EXPECT_EQ(NamesIn("."), "");
+}
+
 TEST_F(Rescue, OnlyUnsavedMapsAreCopied) {
   WriteFile("small.bmp", painted);
   const auto copies = [this] {
@@ -128,6 +134,8 @@ TEST_F(Rescue, TheEndOfADesktopSessionAsksAndCopiesOnce) {
   EXPECT_EQ(platform.boxes.size(), 3U);
   EXPECT_EQ(NextReport(), "");
   form.RescueAtTermination();
+  platform.NoteRescueCopy(folder.File("other.bmp"));
+  platform.DeleteRescueNotes({folder.File("other.bmp")});
   EXPECT_EQ(MapIn(NextReport()), Map());
   EXPECT_EQ(NextReport(), "");
 }

@@ -12,6 +12,7 @@ namespace {
 using Rules = FormFixture;
 
 TEST_F(Rules, AStartTakesASnapshotAndShowsTheStoredFolder) {
+  EXPECT_EQ(palette.Dir1.ReadCount() + palette.File1.ReadCount(), 0) << "read when they are shown";
   EXPECT_EQ(ReadFile("mvtmp.~mp"), WriteBmp(Picture(613, 480, kWhite).View()));
   const std::string start = QDir::currentPath().toStdString();
   const auto shownFolder = [&](const std::string& stored) {
@@ -34,39 +35,29 @@ TEST_F(Rules, FoldersOfCustomTiles) {
   std::filesystem::create_directories("custom/more");
   for (const char* name : {"root.bmp", "custom/tile.bmp"}) WriteFile(name, WriteBmp(Map().View()));
   const std::string start = folder.File("");
-  const auto names = [&] {  // below the start folder
-    std::string all = palette.Dir1.Rows()[0].name;
-    for (const auto& [name, path, depth, isOnPath] : palette.Dir1.Rows()) {
-      if (path.size() <= start.size()) continue;
-      all += std::to_string(depth - std::count(start.begin(), start.end(), '/')) + name;
-      all += isOnPath ? "* " : " ";
+  using Names = std::vector<std::pair<std::string, bool>>;
+  const auto names = [&] {  // below the start folder, and whether they are on the current path
+    Names found;
+    for (const FolderList::Row& row : palette.Dir1.Rows()) {
+      EXPECT_EQ(row.depth, row.path == "/" ? 0 : std::count(row.path.begin(), row.path.end(), '/'));
+      if (row.path.size() > start.size()) found.emplace_back(row.name, row.isOnPath);
     }
-    return all;
+    return found;
   };
   Dir1_Change(palette, start + "custom/more");
-  EXPECT_EQ(names(), "/0custom* 1more* ");
+  EXPECT_EQ(names(), (Names{{"custom", true}, {"more", true}}));
   EXPECT_TRUE(palette.File1.Files().empty());
   Dir1_Change(palette, "/gone");
   EXPECT_EQ(palette.File1.Path(), start + "custom/more");
   EXPECT_EQ(document.StatusText, "The folder can't be opened: /gone");
   File1_Drop(palette, start + "root.bmp");
-  EXPECT_EQ(names(), "/0custom ");
+  EXPECT_EQ(names(), (Names{{"custom", false}}));
   ShowStoredFolder(palette);  // none is stored
   EXPECT_EQ(document.StatusText, "Custom tile selected: root.bmp");
   EXPECT_EQ(document.settings.Write("Custom", "Dir", start + "custom"), "");
   ShowStoredFolder(palette);
   EXPECT_EQ(palette.File1.Files(), std::vector<std::string>{"tile.bmp"});
   EXPECT_FALSE(Canvas_KeyDown(palette, kKeyM, kShift | kAlt));
-}
-
-TEST(Numbers, SizesOfPreviews) {
-  const std::vector<std::pair<Size, Size>> rows = {
-      {{60, 60}, {60, 60}},  {{61, 10}, {60, 10}}, {{100, 100}, {60, 60}}, {{100, 50}, {60, 30}},
-      {{50, 100}, {30, 60}}, {{1, 61}, {1, 60}},   {{1000, 1}, {60, 1}},   {{61, 62}, {59, 60}},
-      {{80, 30}, {60, 22}},  {{80, 34}, {60, 26}}};
-  for (const auto& [picture, preview] : rows) {
-    EXPECT_EQ(PreviewSize(picture), preview) << picture.width << "x" << picture.height;
-  }
 }
 
 TEST(Numbers, InSettings) {

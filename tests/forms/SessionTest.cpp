@@ -2,6 +2,7 @@
 #include "document/NewMap.h"
 #include "document/Printing.h"
 #include "document/Undo.h"
+#include "palette/CustomTiles.h"
 #include "palette/FlipAndRotate.h"
 #include "palette/TileSelection.h"
 #include "tests/support/EitherWay.h"

@@ -119,6 +119,7 @@ TEST_F(CustomFiles, AreListedWithThumbnailsAndToolTips) {
 
   emit Find<QComboBox>("Drive1")->activated(0);
   EXPECT_EQ(palette.Dir1.Path(), "/");
+  EXPECT_TRUE(HasFinished());
 }
 
 }  // namespace

@@ -7,6 +7,15 @@
 namespace morvane {
 namespace {
 
+/// Collects the region that a widget repaints.
+struct PaintWatch : QObject {
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) painted += static_cast<QPaintEvent*>(event)->region();
+    return false;
+  }
+  QRegion painted;
+};
+
 struct Wiring : FormFixture {
   /// Expects lines on the ground of a form, and nothing else.
   static void ExpectLines(QWidget& form, const std::vector<QRect>& lines) {
@@ -38,7 +47,7 @@ TEST_F(Wiring, OtherCommandsAndTheEnd) {
     QTest::keySequence(Find("Canvas"), QKeySequence(keys));
   }
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-  EXPECT_TRUE(platform.boxes.empty() && platform.dialogs.empty());
+  EXPECT_TRUE(platform.boxes.empty() && platform.dialogs.empty() && platform.printed.empty());
   platform.memoryRunsOut = true;
   ClickTool("Open");
   EXPECT_EQ(Find<QLabel>("SimpleText")->text(), "There is not enough memory for this.");
@@ -97,6 +106,15 @@ TEST_F(Wiring, TheMapTakesPressesInsideItsBorderAndDragsFromThere) {
   const PictureView floor = palette.pictures.Of(*FindItem("pbfloor")).View();
   EXPECT_EQ(GetPixel(map, 80, 100), GetPixel(floor, 0, 0));
   EXPECT_EQ(GetPixel(map, 220, 100), 0U);
+}
+
+TEST_F(Wiring, OnlyWhatChangedIsRepainted) {
+  QCoreApplication::processEvents();
+  PaintWatch watch;
+  Find("Canvas")->installEventFilter(&watch);
+  Press(105, 65);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !watch.painted.isEmpty(); }));
+  EXPECT_EQ(watch.painted.boundingRect(), QRect(102, 62, 20, 20));
 }
 
 TEST(NaturalOrder, NumbersCountAsNumbersAndCaseDoesNot) {

@@ -17,7 +17,7 @@ inline pid_t StartChild(const std::function<void()>& check) noexcept {
   std::fflush(nullptr);
   const pid_t child = fork();
   if (child != 0) return child;
-  alarm(60);
+  alarm(300);
   check();
   std::fflush(nullptr);
   _exit(testing::Test::HasFailure() ? 1 : 0);
@@ -37,12 +37,14 @@ struct Application {
     // So that Qt's dialogs write nothing into the home folder.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
   }
-  int count = 0;
-  QApplication application{count, nullptr};
+  int count = 1;
+  char name[8] = "morvane";
+  char* arguments[2] = {name, nullptr};
+  QApplication application{count, arguments};
 };
 
 /// In a child: the editor in its window, started in a new folder below TMPDIR.
-struct Session : Application, FormFixture {
+struct EditorInChild : Application, FormFixture {
   void TestBody() override {}
 };
 

@@ -107,10 +107,12 @@ class StartFolder {
   StartFolder() {
     QDir::setCurrent(folder_.path());
     qputenv("XDG_STATE_HOME", QFile::encodeName(state_.path()));
+    qputenv("TMPDIR", QFile::encodeName(temporary_.path()));
   }
   ~StartFolder() {
     QDir::setCurrent(before_);
     qunsetenv("XDG_STATE_HOME");
+    qputenv("TMPDIR", QFile::encodeName(tempBefore_));
     // QTemporaryDir doesn't delete names that aren't UTF-8.
     std::error_code none;
     std::filesystem::remove_all(folder_.path().toStdString(), none);
@@ -121,8 +123,10 @@ class StartFolder {
 
  private:
   QString before_ = QDir::currentPath();
+  QString tempBefore_ = QDir::tempPath();
   QTemporaryDir folder_;
   QTemporaryDir state_;
+  QTemporaryDir temporary_;
 };
 
 inline Bytes ReadFile(const std::string& path) {

@@ -2,16 +2,17 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <map>
 
 #include "document/picture/Transform.h"
-#include "palette/CustomTiles.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {
 
 /// A simple and slow second implementation of the editor's rules: it works with remainders, copies
-/// pixel by pixel and holds all that a user sees.
+/// pixel by pixel and holds all that a user sees. Of the product it uses only the catalogue, its
+/// pictures and the codec.
 struct ReferenceModel {
   const TilePictures& art;
   Size box{619, 487};  ///< of the map with its border
@@ -56,12 +57,17 @@ struct ReferenceModel {
 
   /// A picture file becomes the stamp; the preview is shown beside the buttons.
   void PickFile(const std::string& name, const Picture& picture) {
-    const Size small = PreviewSize({picture.Width(), picture.Height()});
+    const int W = picture.Width();
+    const int H = picture.Height();
+    const int longest = std::max(W, H);
+    const auto shortened = [&](int side) {
+      return longest <= 60 ? side : std::max(1, int(std::nearbyint(60.0 * side / longest)));
+    };
+    const Size small = {shortened(W), shortened(H)};
     custom = picture;
     stamp = Made(small.width, small.height, [&](int x, int y) {
-      return picture.View().Row(
-          (y * 2 + 1) * picture.Height() /
-          (small.height * 2))[(x * 2 + 1) * picture.Width() / (small.width * 2)];
+      const int from = (x * 2 + 1) * W / (small.width * 2);
+      return picture.View().Row((y * 2 + 1) * H / (small.height * 2))[from];
     });
     if (stamp == picture) source = picture;
     tile = name;
@@ -115,11 +121,10 @@ struct ReferenceModel {
   void Open(const std::string& path) {
     dialogs.push_back({"Open", "Map files (*.bmp)|*.bmp", "", mapFolder});
     if (path.empty()) return;
-    Result<Picture> picture =
-        files.contains(path) ? ReadBmp(files[path]) : Failed{"There is no such file."};
-    if (!picture.Ok()) {
-      return Report("The map could not be opened.\n\n" + path + "\n\n" + picture.Reason());
-    }
+    const std::string message = "The map could not be opened.\n\n" + path;
+    if (!files.contains(path)) return Report(message + "\n\nThere is no such file.");
+    Result<Picture> picture = ReadBmp(files[path]);
+    if (!picture.Ok()) return Report(message + "\n\nThe file ends too early.");
     Load(picture.Value());
     SetFile(path);
   }
