@@ -1,5 +1,5 @@
 #include "fuzz/Require.h"
-#include "tests/support/FileBytes.h"
+#include "tests/support/Pictures.h"
 
 /// The input is a BMP file. Its last two bytes select where a second read fails.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

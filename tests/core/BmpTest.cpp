@@ -5,8 +5,7 @@
 
 #include "document/bmp/Bmp.h"
 #include "tests/support/BmpMaker.h"
-#include "tests/support/FileBytes.h"
-#include "tests/support/Sample.h"
+#include "tests/support/Pictures.h"
 
 namespace morvane {
 namespace {

@@ -1,13 +1,18 @@
-#include "platform/Files.h"
-
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <cstring>
 
 #include "document/PictureFile.h"
+#include "platform/Files.h"
 #include "platform/Images.h"
+#include "platform/Leftovers.h"
 #include "platform/PictureDecoding.h"
+#include "platform/PrivateFolders.h"
+#include "platform/PrivateProfile.h"
+#include "platform/SnapshotFile.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {
@@ -95,6 +100,119 @@ TEST_F(Files, SlowDecodingIsAbandoned) {
   EXPECT_EQ(DecodeForeignPicture({slow.begin(), slow.end()}, limits).Reason(),
             "The picture takes too long to decode.");
   EXPECT_TRUE(QTest::qWaitFor([] { return !IsStillDecoding(); }));
+}
+
+TEST(PrivateProfile, FindsKeysWithoutRegardToCase) {
+  const std::string text =
+      "\xEF\xBB\xBF[COLOR]\r\n canvas = 16777215 \r\n; b\r\nGrid=\r\n\r\n[map]\r\n"
+      "DIR=/my maps/ü=1\r\nquoted=\" a \"\r\nhalf=\"x\r\nhalf=2\r\n[color]\r\nlate=1";
+  const std::vector<std::array<const char*, 3>> rows = {
+      {"Color", "Canvas", "16777215"}, {"Color", "Grid", ""},    {"Color", "Late", "none"},
+      {"Map", "Dir", "/my maps/ü=1"},  {"Map", "Quoted", " a "}, {"Map", "Half", "\"x"},
+      {"Map", "Canvas", "none"},       {"Custom", "Dir", "none"}};
+  for (const auto& [section, key, value] : rows) {
+    EXPECT_EQ(FindProfileValue(text, section, key, "none"), value) << section << '/' << key;
+  }
+}
+
+TEST(PrivateProfile, SettingAValueLeavesAllOtherLines) {
+  const std::string text = "; mine\n\n[color]\n canvas = 1 ; old\n\n[Map]\nDir=/a";
+  const std::vector<std::array<std::string, 5>> rows = {
+      {text, "Color", "Canvas", "2", "; mine\n\n[color]\n canvas =2\n\n[Map]\nDir=/a"},
+      {text, "Color", "Grid", "3", "; mine\n\n[color]\n canvas = 1 ; old\nGrid=3\n\n[Map]\nDir=/a"},
+      {text, "Map", "Grid", "1", text + "\nGrid=1\n"},
+      {text, "Custom", "Dir", "/c", text + "\n\n[Custom]\nDir=/c\n"},
+      {"", "Map", "Dir", "/m", "[Map]\r\nDir=/m\r\n"},
+      {"[Map]\r\nDir=x\r\n", "Map", "Dir", " ü ", "[Map]\r\nDir=\" ü \"\r\n"}};
+  for (const auto& [before, section, key, value, after] : rows) {
+    EXPECT_EQ(WithProfileValue(before, section, key, value).Value(), after);
+  }
+  EXPECT_FALSE(WithProfileValue(text, "Map", "Dir", "/a\n[Color]").Ok());
+}
+
+struct Snapshots : testing::Test {
+  StartFolder folder;
+  const Bytes first = {1, 2, 3, 4, 5, 6};
+  const Bytes second = {9, 8};
+  const char* name = "mvtmp.~mp";
+  SnapshotFile file;
+
+  static void WriteAndReadBack(SnapshotFile& file, const Bytes& bytes) {
+    MemorySource source(bytes);
+    EXPECT_EQ(file.Write(source), "");
+    EXPECT_EQ(ReadAll(*file.Read().Value()).Value(), bytes);
+  }
+};
+
+TEST_F(Snapshots, OnlyTheLatestSnapshotIsKept) {
+  WriteAndReadBack(file, first);
+  std::filesystem::create_hard_link(name, "old");
+  WriteAndReadBack(file, first);
+  EXPECT_TRUE(std::filesystem::equivalent(name, "old")) << "one of the same size overwrites it";
+  WriteAndReadBack(file, second);
+  EXPECT_FALSE(std::filesystem::equivalent(name, "old")) << "one of another size replaces it";
+  EXPECT_TRUE(file.IsUntouched());
+  ASSERT_EQ(truncate(name, 1), 0);
+  EXPECT_FALSE(ReadAll(*file.Read().Value()).Ok());
+  QDir::setCurrent("/");  // it stays in its folder
+  WriteAndReadBack(file, first);
+  file.Delete();
+  EXPECT_EQ(NamesIn(folder.File("")), "old");
+}
+
+TEST_F(Snapshots, WhatHasItsNameIsNotTouched) {
+  WriteFile("target", second);
+  const std::vector<std::function<int()>> obstacles = {
+      [this] { return symlink("target", name); }, [this] { return link("target", name); },
+      [this] { return mkfifo(name, 0600); }, [this] { return mkdir(name, 0700); }};
+  for (const auto& create : obstacles) {
+    ASSERT_EQ(create(), 0);
+    EXPECT_TRUE(LeftoverSnapshots().empty());
+    WriteAndReadBack(file, first);
+    file.Delete();
+    ASSERT_EQ(remove(name), 0) << "deleted";
+  }
+  EXPECT_EQ(ReadFile("target"), second);
+}
+
+TEST_F(Snapshots, AFolderThatFailsIsGivenUp) {
+  WriteAndReadBack(file, first);
+  for (int i = 1; i <= 100; ++i) mkdir((".morvane-save-" + std::to_string(i)).c_str(), 0700);
+  WriteAndReadBack(file, second);
+  EXPECT_FALSE(std::filesystem::exists(name));
+  OwnedBytes broken(first);
+  broken.readable = 5;
+  EXPECT_NE(file.Write(broken), "");
+  EXPECT_FALSE(file.Read().Ok()) << "an earlier map";
+}
+
+TEST_F(Snapshots, KilledRunsInOneFolderLeaveTheirOwn) {
+  {
+    SnapshotFile other;
+    WriteAndReadBack(file, first);
+    WriteAndReadBack(other, second);
+    EXPECT_TRUE(LeftoverSnapshots().empty()) << "they are locked";
+    file = SnapshotFile();  // doesn't delete the old one
+  }
+  std::vector<std::unique_ptr<Leftover>> found = LeftoverSnapshots();
+  ASSERT_EQ(found.size(), 2U);
+  EXPECT_EQ(ReadAll(*found[0]).Value(), first);
+  EXPECT_EQ(ReadAll(*found[1]).Value(), second);
+  for (const auto& leftover : found) leftover->Delete();
+  found.clear();
+  for (const off_t size : {off_t{0}, off_t{1} << 31U}) {
+    WriteFile(name, {});
+    ASSERT_EQ(truncate(name, size), 0);
+    EXPECT_TRUE(LeftoverSnapshots().empty()) << size;
+  }
+}
+
+TEST_F(Snapshots, PrivateFoldersMustNotBeLinksOrWritableByOthers) {
+  EXPECT_TRUE(MakePrivateFolder("mine").IsOpen());
+  ASSERT_EQ(symlink("mine", "link"), 0);
+  EXPECT_FALSE(MakePrivateFolder("link").IsOpen());
+  ASSERT_EQ(chmod("mine", 0777), 0);
+  EXPECT_FALSE(MakePrivateFolder("mine").IsOpen());
 }
 
 }  // namespace

@@ -1,9 +1,8 @@
-#include <map>
-
-#include "document/Settings.h"
+#include "document/MapFiles.h"
+#include "document/Undo.h"
 #include "palette/CustomTiles.h"
+#include "tests/support/BmpMaker.h"
 #include "tests/support/FormFixture.h"
-#include "tools/Buttons.h"
 #include "tools/CanvasKeyboard.h"
 
 namespace morvane {
@@ -61,7 +60,7 @@ TEST_F(Rules, FoldersOfCustomTiles) {
 }
 
 TEST(Numbers, InSettings) {
-  const std::map<std::string, double> rows = {
+  const std::vector<std::pair<std::string, double>> rows = {
       {"", 0},      {"-", 0},           {"inf", 0},      {"nan", 0},     {"--1", 0}, {"+-1", 0},
       {"yes 1", 0}, {" 1 2\t3 x", 123}, {"-7.5z", -7.5}, {"+1e3", 1000}, {".5", 0.5}};
   for (const auto& [text, value] : rows) EXPECT_EQ(NumericValue(text), value) << text;
@@ -70,6 +69,106 @@ TEST(Numbers, InSettings) {
   EXPECT_EQ(LongValue("99999999999"), 0);
   EXPECT_EQ(ColorValue("-1"), 0xFFFFFFU);
   EXPECT_EQ(ColorValue("16777216"), 0U);
+}
+
+TEST_F(Rules, ADamagedFileIsUsedWithAWarning) {
+  WriteFile("bad.bmp", BmpMaker{.bits = 8, .data = {0, 0, 0, 0}}.Make());  // without a palette
+  OpenMap(document, folder.File("bad.bmp"));
+  EXPECT_EQ(document.StatusText, "bad.bmp is damaged. Parts of the map may be wrong.");
+  EXPECT_EQ(document.Caption, "Morvane - bad.bmp");
+  File1_Drop(palette, folder.File("bad.bmp"));
+  EXPECT_EQ(document.StatusText,
+            "Custom tile selected: bad.bmp. The file is damaged, and parts of the picture may be "
+            "wrong.");
+  EXPECT_EQ(palette.Label2, "bad.bmp");
+}
+
+TEST_F(Rules, ExitWithoutASaveLeavesARescueCopy) {
+  const auto exit = [&](const std::string& reason) {
+    platform.answers = {Answer::Yes};
+    platform.boxes.clear();
+    EXPECT_FALSE(form.Form_Unload());
+    const std::string& text = platform.boxes.back().text;
+    const std::string copy = text.substr(text.rfind('\n') + 1);
+    EXPECT_EQ(text, reason + "\n\nA rescue copy was saved as\n\n" + copy);
+    EXPECT_TRUE(copy.starts_with(folder.File("Morvane rescue 20"))) << copy;
+    EXPECT_EQ(MapIn(copy), Map());
+  };
+  Press(5, 5);
+  platform.rescueFolders = {"/gone", folder.File("")};
+  exit("The map was not saved.");  // no file was chosen
+  document.CurrentFile = "/gone/a.bmp";
+  document.HasCurrentFile = true;
+  exit("The map could not be saved.\n\n/gone/a.bmp\n\nThe folder doesn't exist.");
+  const std::string names = NamesIn(".");
+  EXPECT_FALSE(form.SessionEnds(false));
+  EXPECT_EQ(NamesIn("."), names) << "one copy is enough";
+
+  platform.rescueFolders = {"/gone"};
+  platform.answers = {Answer::Yes, Answer::Yes, Answer::Yes};
+  platform.chosenFiles = {"/gone/again.bmp", folder.File("chosen.bmp")};
+  platform.boxes.clear();
+  EXPECT_FALSE(form.Form_Unload());
+  EXPECT_EQ(platform.boxes.size(), 3U);
+  EXPECT_EQ(MapIn("chosen.bmp"), Map());
+  form.RescueAtTermination();
+  EXPECT_TRUE(platform.RescueNotes().empty()) << "the copies have been reported already";
+}
+
+/// A map with two tiles, the second in its lowest rows, which are the first in the snapshot.
+struct Undo : FormFixture {
+  Picture one, both;
+
+  Undo() {
+    Press(5, 5);
+    one = Map();
+    Press(45, 465);
+    both = Map();
+  }
+};
+
+TEST_F(Undo, ShowsTheHourglassWhileItReads) {
+  Choose("mnuToolsInsertText");
+  const auto shapes = [this] {
+    return std::pair(window.cursor().shape(), Find("Canvas")->cursor().shape());
+  };
+  int shown = 0;
+  platform.SetWindow(&window, [&] {
+    ++shown;
+    window.ShowState();
+    EXPECT_EQ(shapes(), std::pair(Qt::WaitCursor, Qt::WaitCursor));
+  });
+  Choose("mnuEditUndo");
+  EXPECT_EQ(shown, 1);
+  EXPECT_EQ(shapes(), std::pair(Qt::ArrowCursor, Qt::IBeamCursor));
+}
+
+TEST_F(Undo, AFailureIsReportedAndLeavesTheMap) {
+  const Bytes whole = ReadFile("mvtmp.~mp");
+  const auto expectFailure = [this](const std::string& reason) {
+    mnuEditUndo_Click(document);
+    EXPECT_EQ(OneBox(), "The last change can't be taken back.\n\n" + reason);
+    EXPECT_EQ(Difference(Map(), both), "");
+    EXPECT_FALSE(document.mnuEditUndoEnabled || document.UndoButtonEnabled);
+    EXPECT_EQ(document.Canvas.MousePointer, Pointer::Cross);
+  };
+  platform.readableSnapshot = whole.size() / 2;
+  expectFailure("Input/output error");
+  platform.readableSnapshot.reset();
+  platform.memoryRunsOut = true;
+  expectFailure("There is not enough memory for this picture.");
+  platform.memoryRunsOut = false;
+  // Another program replaced the snapshot with run lengths that end in the first row.
+  BmpMaker maker{.width = both.Width(), .height = both.Height(), .bits = 8, .compression = 1};
+  maker.data = Bytes(whole.size() - 54, 1);
+  WriteFile("mvtmp.~mp", maker.Make());
+  expectFailure("The file ends too early.");
+  WriteFile("mvtmp.~mp", whole);
+  mnuEditUndo_Click(document);
+  EXPECT_EQ(Difference(Map(), one), "");
+  platform.DeleteSnapshot();
+  both = one;
+  expectFailure("No earlier state of the map was kept.");
 }
 
 }  // namespace

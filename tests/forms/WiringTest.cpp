@@ -17,19 +17,19 @@ struct PaintWatch : QObject {
 };
 
 struct Wiring : FormFixture {
-  /// Expects lines on the ground of a form, and nothing else.
+  /// Expects lines on the background of a form, and nothing else.
   static void ExpectLines(QWidget& form, const std::vector<QRect>& lines) {
-    QPixmap ground(form.size());
-    form.render(&ground, {}, {}, QWidget::DrawWindowBackground);
-    const QColor color = ground.toImage().pixelColor(1, 1);
+    QPixmap background(form.size());
+    form.render(&background, {}, {}, QWidget::DrawWindowBackground);
+    const QColor color = background.toImage().pixelColor(1, 1);
     QRegion designed;
     for (const QRect& line : lines) designed += line;
-    const QRegion wrong = designed.xored(ground.createMaskFromColor(color));
+    const QRegion wrong = designed.xored(background.createMaskFromColor(color));
     EXPECT_TRUE(wrong.isEmpty()) << wrong.boundingRect().x() << ", " << wrong.boundingRect().y();
   }
 };
 
-TEST_F(Wiring, OtherCommandsAndTheEnd) {
+TEST_F(Wiring, OtherCommandsOpenTheirDialogsOrNothing) {
   for (const auto& [entry, title] : {std::pair("mnuFilePageSetup", "Print Setup"),
                                      {"mnuToolsOptions", "Options"},
                                      {"mnuHelpAbout", "About Morvane"}}) {
@@ -42,12 +42,16 @@ TEST_F(Wiring, OtherCommandsAndTheEnd) {
     Choose(entry);
     EXPECT_EQ(shown, title);
   }
+  window.activateWindow();
   for (const char* tool : {"Redo", "Cut", "Copy", "Paste"}) ClickTool(tool);
   for (const char* keys : {"Ctrl+R", "Ctrl+X", "Ctrl+C", "Ctrl+V", "F1"}) {
     QTest::keySequence(Find("Canvas"), QKeySequence(keys));
   }
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
   EXPECT_TRUE(platform.boxes.empty() && platform.dialogs.empty() && platform.printed.empty());
+}
+
+TEST_F(Wiring, OutOfMemoryIsReportedAndExitEnds) {
   platform.memoryRunsOut = true;
   ClickTool("Open");
   EXPECT_EQ(Find<QLabel>("SimpleText")->text(), "There is not enough memory for this.");
@@ -83,7 +87,7 @@ TEST_F(Wiring, EveryItemShowsItsPicture) {
   EXPECT_TRUE(Shown(*Find("pbmarking")) != plain) << "the frame of the tile under the pointer";
   palette.Shape1.Visible = true;
   QTest::mouseMove(Client(), {4, 400});
-  EXPECT_FALSE(palette.Shape1.Visible) << "the outline is hidden over the ground of the window";
+  EXPECT_FALSE(palette.Shape1.Visible) << "the outline is hidden over the background of the window";
 }
 
 TEST_F(Wiring, TheMapTakesPressesInsideItsBorderAndDragsFromThere) {

@@ -14,9 +14,7 @@
 #include "platform/QtPlatform.h"
 #include "shell/ArtSheets.h"
 #include "shell/frmMain.h"
-#include "tests/support/Difference.h"
-#include "tests/support/FileBytes.h"
-#include "tests/support/Sample.h"
+#include "tests/support/Pictures.h"
 
 namespace morvane {
 
