@@ -83,6 +83,7 @@ TEST_F(Files, IncompleteJpegsAndGifsAreRefused) {
       const Bytes cut(whole.begin(), whole.begin() + whole.size() * percent / 100);
       EXPECT_NE(Refusal(cut), "") << percent << " % of " << whole.size();
     }
+    EXPECT_EQ(Refusal(whole), "");
     Bytes longer = whole;
     longer.insert(longer.end() - 2, 0);  // ignored by both formats
     longer.insert(longer.end(), {0, 0xFF, 0xD8, 0xFF});

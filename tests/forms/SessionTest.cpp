@@ -139,7 +139,8 @@ class RandomSession : public EitherWay {
     static const std::array<std::string, 5> kNames = {
         "a tile.bmp", "é漢.bmp", "two\nlines.bmp", "<i>[*]%1&.bmp", std::string(251, 'n') + ".bmp"};
     const std::string& name = kNames.at(static_cast<std::size_t>(Random(0, 4)));
-    const Picture picture = RandomPicture(1 << Random(1, 8), 1 << Random(1, 8));
+    const Picture picture = Random(0, 2) > 0 ? RandomPicture(1 << Random(1, 8), 1 << Random(1, 8))
+                                             : Speckled(Random(59, 61), Random(59, 61));
     const int kind = Random(0, 9);
     WriteFile(name, kind == 0 ? Bytes() : kind == 1 ? Bytes{'n', 'o'} : WriteBmp(picture.View()));
     ChooseSet(kCustomSet);
