@@ -20,7 +20,7 @@ void ExpectDrawn(int set, std::string_view page, std::string_view element, const
   const QImage part = image.copy(place.left, place.top, place.Width(), place.Height());
   EXPECT_TRUE(ImageOver(picture.View()).convertToFormat(QImage::Format_ARGB32) == part);
   const auto* pixels = reinterpret_cast<const QRgb*>(part.constBits());
-  EXPECT_GE(std::set(pixels, pixels + place.Width() * place.Height()).size(), colors);
+  EXPECT_GE(std::set(pixels, pixels + part.sizeInBytes() / sizeof(QRgb)).size(), colors);
 }
 
 TEST(Art, EveryItemAndEdgeIsDrawnAtItsPlace) {

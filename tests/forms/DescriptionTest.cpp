@@ -87,7 +87,7 @@ QStringList ActionsOf(const QList<QAction*>& actions) {  // NOLINT(misc-no-recur
 }
 
 QString NameOf(QWidget* control) {
-  const QString name = control->objectName();
+  QString name = control->objectName();
   if (!name.isEmpty() && !name.startsWith("qt_")) return name;
   return QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name);
 }
