@@ -194,8 +194,7 @@ TEST_F(Forms, AreDescribedInFormsTxt) {
 
 TEST_F(Forms, KeysOfTheWindow) {
   using enum Qt::Key;
-  window.activateWindow();
-  EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+  TabStopsOf(window);  // which activates it
   Find("pbmarking")->setFocus();
   EXPECT_EQ(NameOf(FocusAfter(Key_Space)), "Canvas");
   EXPECT_EQ(palette.Label2, "Marking");

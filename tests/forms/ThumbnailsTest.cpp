@@ -117,6 +117,8 @@ TEST_F(CustomFiles, AreListedWithThumbnailsAndToolTips) {
   emit sets->activated(kCustomSet);  // reads the folder again
   EXPECT_TRUE(HasPixel(0, Qt::blue));
 
+  emit folders->itemDoubleClicked(folders->item(1));
+  EXPECT_EQ(palette.Dir1.Path(), QDir::currentPath().section('/', 0, 1).toStdString());
   emit Find<QComboBox>("Drive1")->activated(0);
   EXPECT_EQ(palette.Dir1.Path(), "/");
   EXPECT_TRUE(HasFinished());
