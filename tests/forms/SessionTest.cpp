@@ -318,7 +318,7 @@ TEST_P(Session, ThroughTheWindowAgreesWithTheReferenceModelAfterEveryStep) {
   RandomSession(GetParam(), true).Run(400);
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, Session, testing::Range(1U, 5U));
+INSTANTIATE_TEST_SUITE_P(Seeds, Session, testing::Range(1U, 7U));
 
 }  // namespace
 }  // namespace morvane
