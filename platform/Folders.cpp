@@ -68,7 +68,8 @@ std::vector<std::string> MountedVolumes() {
 }
 
 std::vector<std::string> MatchingFiles(const std::string& folder, const std::string& pattern) {
-  const QStringList endings = QString::fromStdString(pattern).remove('*').split(';');
+  const QStringList endings =
+      QString::fromStdString(pattern).remove('*').split(';', Qt::SkipEmptyParts);
   return NamesIn(folder, [&endings](const Entry& entry) {
     const QString name = QString::fromStdString(entry.path().filename());
     std::error_code error;

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <future>
 #include <memory>
+#include <new>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -51,6 +52,9 @@ Result<Picture> DecodeForeignPicture(Bytes content, DecodingLimits limits) {
   } catch (const std::system_error&) {
     isDecoding = false;
     return Failed{kOutOfMemory};
+  } catch (const std::bad_alloc&) {
+    isDecoding = false;
+    throw;
   }
   if (outcome.wait_for(limits.time) == std::future_status::ready) {
     thread.join();

@@ -54,8 +54,8 @@ bool IsOurs(const struct stat& file);
 /// Whether the name in the folder still refers to the open file, and not to one that replaced it.
 bool IsNameOf(int folder, const std::string& name, int file);
 
-/// Locks a file for this process. Returns false only if another process has locked it: on volumes
-/// that don't support locks, files stay unlocked.
+/// Locks an open file. Returns false only if it is locked by another open file, perhaps of another
+/// process: on volumes that don't support locks, files stay unlocked.
 bool TryLock(int file);
 
 /// Opens a file of this user for reading and writing, and locks it. The result is not open if there

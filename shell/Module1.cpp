@@ -35,7 +35,7 @@ void Count() {
 }
 
 /// Calls a function once, when the desktop has placed the window, so that dialogs are centred on
-/// it. Belongs to the window, which must have been created.
+/// it. Owned by the window, whose native window must exist.
 class WhenShown : public QObject {
  public:
   WhenShown(QWidget& window, std::function<void()> function)

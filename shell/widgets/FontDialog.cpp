@@ -25,6 +25,7 @@ QIcon Swatch(const QColor& color) {
   QPainter painter(&swatch);
   painter.setPen(Qt::gray);  // stands out from black and white backgrounds
   painter.drawRect(swatch.rect().adjusted(0, 0, -1, -1));
+  painter.end();
   return swatch;
 }
 

@@ -36,7 +36,7 @@ class TabRing : public QObject {
   bool PressKey(QWidget* control, const QKeyEvent& event);
 
   std::vector<Stop> stops_;
-  /// Until a button that got the keyboard focus shows its tool tip, as under the mouse.
+  /// Delays the tool tip of a button that got the keyboard focus.
   QTimer toolTipDelay_;
 };
 

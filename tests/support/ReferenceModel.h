@@ -11,8 +11,8 @@
 namespace morvane {
 
 /// A simple and slow second implementation of the editor's rules: it works with remainders, copies
-/// pixel by pixel and holds all that a user sees. Of the product it uses only the catalogue, its
-/// pictures and the codec.
+/// pixel by pixel and holds all that a user sees. Of the product it uses the catalogue, its
+/// pictures, the codec, `BitBlt` to cut out rectangles, and simple types.
 struct ReferenceModel {
   const TilePictures& art;
   Size box{619, 487};  ///< of the map with its border

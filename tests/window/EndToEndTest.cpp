@@ -65,6 +65,7 @@ TEST_P(Ends, NoneLosesTheMap) {
   Start(std::string("row 2 2 9; row 2 7 9; ") + end);
   const Picture& kept = isKill ? model.undo : model.map;
   EXPECT_EQ(Difference(MapIn(isKill ? File("mvtmp.~mp") : RescueCopy()), kept), "");
+  EXPECT_EQ(NamesIn(File(".local/state")), isKill ? "" : "morvane");
   Start("await 2; key Return; await 1; end kill -KILL $editor");
   EXPECT_EQ(Difference(MapIn(RescueCopy()), kept), "");
   EXPECT_EQ(NamesIn(File(".local/state")), "") << "it would be reported a second time";
