@@ -5,20 +5,26 @@
 #include "palette/PalettePages.h"
 #include "platform/Images.h"
 #include "shell/widgets/Text.h"
-#include "tests/support/FormFixture.h"
+#include "tests/support/ReferenceModel.h"
 #include "tools/CanvasMouse.h"
 
 namespace morvane {
 
-/// The editor, used through functions of the core or by events of mouse and keyboard in its window.
+/// The editor, used through functions of the core or by events of mouse and keyboard in its window,
+/// and a reference model that it must agree with.
 class EitherWay : public FormFixture {
  public:
   EitherWay(unsigned seed, bool throughWindow)
-      : FormFixture(&SpeckledSheet), random_(seed), throughWindow_(throughWindow) {}
+      : FormFixture(&SpeckledSheet), random_(seed), throughWindow_(throughWindow) {
+    model.status = document.StatusText;
+  }
   void TestBody() override {}
 
  protected:
   int Random(int from, int to) { return std::uniform_int_distribution(from, to)(random_); }
+  Picture RandomPicture(int maxWidth, int maxHeight) {
+    return Speckled(Random(1, maxWidth), Random(1, maxHeight), Random(1, 99));
+  }
 
   /// Calls the function of the core, which is the first, or does the same in the window.
   void OneOf(std::initializer_list<std::function<void()>> ways) {
@@ -53,6 +59,45 @@ class EitherWay : public FormFixture {
 
   bool Exits() { return throughWindow_ ? window.close() : !form.Form_Unload(); }
 
+  static Picture ShownIn(const PictureBox& box) {
+    return Cut(box.Image(), {0, 0, box.ScaleWidth(), box.ScaleHeight()});
+  }
+  static auto Values(const Outline& outline) {
+    return std::tuple(outline.Left, outline.Top, outline.Width, outline.Height, outline.Visible);
+  }
+
+  void ExpectSame() {
+    ASSERT_EQ(Difference(document.Canvas.Image(), model.map.View()), "");
+    ASSERT_EQ(Difference(document.pbclear.Image(), model.blank.View()), "");
+    ASSERT_EQ(Difference(ShownIn(palette.Picture1), model.stamp), "");
+    if (model.set == kCustomSet) {
+      ASSERT_EQ(Difference(ShownIn(palette.Custom), model.custom), "");
+    }
+    ASSERT_EQ(Values(palette.Shape1), Values(model.outline));
+    ASSERT_EQ(std::tuple(document.Canvas.Width(), document.Canvas.Height(), palette.CurrentMode(),
+                         palette.TileSetSelector.ListIndex, palette.Label2, palette.Label5,
+                         document.StatusText, document.mnuEditUndoEnabled,
+                         document.UndoButtonEnabled, document.Caption, form.StatusBarVisible),
+              std::tuple(model.box.width, model.box.height, model.mode, model.set, model.tile,
+                         model.dimensions, model.status, model.canUndo, model.undoButton,
+                         model.caption, model.statusBar));
+    for (int set = 0; set < kBuiltInSets; ++set) {
+      ASSERT_EQ(CurrentPage(palette, set), model.pages[set]);
+    }
+    ASSERT_EQ(WindowMismatch(), "");
+    ExpectSameDialogs();
+  }
+  void ExpectSameDialogs() {
+    ASSERT_EQ(std::exchange(platform.boxes, {}), std::exchange(model.boxes, {}));
+    ASSERT_EQ(std::exchange(platform.dialogs, {}), std::exchange(model.dialogs, {}));
+  }
+  void ExpectSameFiles() const {
+    for (const auto& [path, content] : model.files) EXPECT_TRUE(ReadFile(path) == content) << path;
+  }
+
+  ReferenceModel model{palette.pictures};
+
+ private:
   /// What the window shows differently from the core; empty if nothing.
   std::string WindowMismatch() {
     if (!throughWindow_) return {};
@@ -81,7 +126,6 @@ class EitherWay : public FormFixture {
     return {};
   }
 
- private:
   void SendMouse(QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held, int X, int Y) {
     QWidget* canvas = Find("Canvas");
     const QPointF place(X + 2, Y + 2);

@@ -9,16 +9,22 @@
 
 namespace morvane {
 
-/// A picture whose pixels all have different colours, which depend on the seed.
-inline Picture Speckled(int width, int height, unsigned seed = 1) {
+/// A picture of the pixels that a function returns for each place.
+template <typename PixelAt>
+Picture PictureOf(int width, int height, PixelAt pixelAt) {
   Picture picture(width, height);
   for (int y = 0; y < height; ++y) {
-    for (int x = 0; x < width; ++x) {
-      const unsigned number = static_cast<unsigned>(y * width + x) + seed * 100'003U;
-      SetPixelV(picture.Draw(), x, y, (number * 2'654'435U) & 0xFFFFFFU);
-    }
+    for (int x = 0; x < width; ++x) picture.Row(y)[x] = pixelAt(x, y);
   }
   return picture;
+}
+
+/// A picture whose pixels all have different colours, which depend on the seed.
+inline Picture Speckled(int width, int height, unsigned seed = 1) {
+  return PictureOf(width, height, [&](int x, int y) {
+    const unsigned number = static_cast<unsigned>(y * width + x) + seed * 100'003U;
+    return PixelOf((number * 2'654'435U) & 0xFFFFFFU);
+  });
 }
 
 /// An art sheet. Its fences have the colour key in every other column, but not in the very corner.
@@ -32,10 +38,24 @@ inline Picture SpeckledSheet(const std::string& name) {
   return sheet;
 }
 
+/// A part of a picture, which must be inside it.
 inline Picture Cut(const PictureView& view, const Rect& rect) {
-  Picture picture(rect.Width(), rect.Height());
-  BitBlt(picture.Draw(), 0, 0, rect.Width(), rect.Height(), view, rect.left, rect.top);
-  return picture;
+  return PictureOf(rect.Width(), rect.Height(),
+                   [&](int x, int y) { return view.Row(rect.top + y)[rect.left + x]; });
+}
+
+/// A slow and simple clipped copy, of all pixels but those of the colour key.
+inline void Copy(const Picture& from, int toX, int toY, Picture& onto, const Rect& clip,
+                 const Pixel* key = nullptr) {
+  for (int y = 0; y < from.Height(); ++y) {
+    for (int x = 0; x < from.Width(); ++x) {
+      const int X = toX + x;
+      const int Y = toY + y;
+      if (X < clip.left || Y < clip.top || X >= clip.right || Y >= clip.bottom) continue;
+      const Pixel pixel = from.View().Row(y)[x];
+      if (key == nullptr || pixel != *key) onto.Row(Y)[X] = pixel;
+    }
+  }
 }
 
 /// Where two pictures differ first; empty if they are equal.

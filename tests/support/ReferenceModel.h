@@ -12,7 +12,7 @@ namespace morvane {
 
 /// A simple and slow second implementation of the editor's rules: it works with remainders, copies
 /// pixel by pixel and holds all that a user sees. Of the product it uses the catalogue, its
-/// pictures, the codec, `BitBlt` to cut out rectangles, and simple types.
+/// pictures, the codec and simple types.
 struct ReferenceModel {
   const TilePictures& art;
   Size box{619, 487};  ///< of the map with its border
@@ -65,7 +65,7 @@ struct ReferenceModel {
     };
     const Size small = {shortened(W), shortened(H)};
     custom = picture;
-    stamp = Made(small.width, small.height, [&](int x, int y) {
+    stamp = PictureOf(small.width, small.height, [&](int x, int y) {
       const int from = (x * 2 + 1) * W / (small.width * 2);
       return picture.View().Row((y * 2 + 1) * H / (small.height * 2))[from];
     });
@@ -164,7 +164,7 @@ struct ReferenceModel {
     hasFile = false;
     caption = "Morvane";
     const auto paper = [&](Size size, Size filled, Size lines) {
-      return Made(std::max(1, size.width), std::max(1, size.height), [&](int x, int y) {
+      return PictureOf(std::max(1, size.width), std::max(1, size.height), [&](int x, int y) {
         const bool isOnLine = grid && (x % 20 == 19 || y % 20 == 19);
         if (isOnLine && x < lines.width && y < lines.height) return PixelOf(gridColor);
         return PixelOf(x < filled.width && y < filled.height ? color : kWhite);
@@ -204,7 +204,7 @@ struct ReferenceModel {
       if (transform == Transform::RotateRight) return picture.View().Row(H - 1 - x)[y];
       return picture.View().Row(x)[W - 1 - y];
     };
-    return IsFlip(transform) ? Made(W, H, pixelAt) : Made(H, W, pixelAt);
+    return IsFlip(transform) ? PictureOf(W, H, pixelAt) : PictureOf(H, W, pixelAt);
   }
 
   void Hover(int X, int Y) {
@@ -241,27 +241,6 @@ struct ReferenceModel {
   }
 
   Rect Visible() const { return {0, 0, Inside().width, Inside().height}; }
-
-  static void Copy(const Picture& from, int toX, int toY, Picture& onto, const Rect& clip,
-                   const Pixel* key = nullptr) {
-    for (int y = 0; y < from.Height(); ++y) {
-      for (int x = 0; x < from.Width(); ++x) {
-        const int X = toX + x;
-        const int Y = toY + y;
-        if (X < clip.left || Y < clip.top || X >= clip.right || Y >= clip.bottom) continue;
-        const Pixel pixel = from.View().Row(y)[x];
-        if (key == nullptr || pixel != *key) onto.Row(Y)[X] = pixel;
-      }
-    }
-  }
-
-  static Picture Made(int width, int height, const std::function<Pixel(int x, int y)>& pixelAt) {
-    Picture picture(width, height);
-    for (int y = 0; y < height; ++y) {
-      for (int x = 0; x < width; ++x) picture.Row(y)[x] = pixelAt(x, y);
-    }
-    return picture;
-  }
 
   static Picture Grown(const Picture& from, Size least) {
     Picture grown(std::max(from.Width(), least.width), std::max(from.Height(), least.height));

@@ -44,7 +44,13 @@ struct Ends : EndToEnd, testing::WithParamInterface<std::string> {
       program=start; start() { exec env --default-signal=INT "$MORVANE_PROGRAM"; }
       source "$SCRIPTS"/lib/desktop
       end() { { "$@"; wait "$editor" || status=$?; } 2>/dev/null; }
-      await() { until [ "$(windows_of Morvane | wc -l)" = "$1" ]; do sleep 0.02; done; settle; }
+      await() {
+        for _ in $(seq 3000); do
+          if [ "$(windows_of Morvane | wc -l)" = "$1" ]; then settle; return; fi
+          sleep 0.02
+        done
+        fail "there are not $1 windows"
+      }
     )SH" + commands;
     RunScript({"-c", QString::fromStdString(script), "test", GetParam().c_str()});
   }
