@@ -35,7 +35,6 @@ bool MayBeDeep(const QString& markup) {
 }  // namespace
 
 RichTextBox::RichTextBox(QWidget* parent) : QTextEdit(parent) {
-  setDocument(new ClosedDocument(this));
   setTabChangesFocus(true);
   QPalette paper = palette();
   paper.setColor(QPalette::Base, Qt::white);

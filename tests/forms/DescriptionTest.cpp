@@ -97,23 +97,34 @@ QWidget* FocusAfter(int key, Qt::KeyboardModifiers modifiers = {}) {
   return QApplication::focusWidget();
 }
 
-/// One round of the Tab key through a form. Each stop must look different with the focus.
+/// Which of the pixels at the left edge have the colour of focus marks.
+QString MarksIn(QWidget& control) {
+  const QRgb mark = control.palette().color(QPalette::Highlight).rgb();
+  const QImage image = Shown(control);
+  QString marks;
+  for (int x = 0; x < 6; ++x) marks += image.pixel(x, image.height() / 2) == mark ? '#' : '-';
+  return marks.contains('#') ? ' ' + marks : "";
+}
+
+/// One round of the Tab key through a form, with the marks in each stop with and without the focus.
 QString TabStopsOf(QWidget& form) {
   form.show();
   form.activateWindow();
   EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
   FocusAfter(Qt::Key_Tab);
   QWidget* const first = FocusAfter(Qt::Key_Tab, Qt::ShiftModifier);
-  QStringList names;
+  QStringList stops;
   QWidget* stop = first;
   do {
-    names << NameOf(stop);
-    const QImage withFocus = stop->grab().toImage();
+    const QImage withFocus = Shown(*stop);
+    const QString marks = MarksIn(*stop);
     QWidget* next = FocusAfter(Qt::Key_Tab);
-    EXPECT_NE(stop->grab().toImage(), withFocus) << names.last().toStdString();
+    stops << NameOf(stop) + marks + MarksIn(*stop);
+    EXPECT_NE(Shown(*stop), withFocus) << stops.last().toStdString();
+    EXPECT_NE(QAccessible::queryAccessibleInterface(stop)->text(QAccessible::Name), "");
     stop = next;
-  } while (stop != first && names.size() < 30);
-  return "Tab: " + names.join(", ");
+  } while (stop != first && stops.size() < 30);
+  return "Tab: " + stops.join(", ");
 }
 
 /// Where the focus moves from each visible button with Home, Left, Up, Right, Down and End.
@@ -205,7 +216,7 @@ TEST_F(Forms, KeysOfTheWindow) {
   Tool("Undo")->setFocus();
   EXPECT_EQ(FocusAfter(Key_Space), Tool("Redo")) << "Undo disables itself";
   FontDialog font(nullptr);
-  EXPECT_TRUE(TabStopsOf(font).contains("Any, Color, OK"));
+  EXPECT_TRUE(TabStopsOf(font).contains("Any -##---, Color -##---, OK"));
 }
 
 }  // namespace

@@ -83,6 +83,7 @@ TEST_F(Dialogs, AboutAndSplashShowTheirPictures) {
   splash.ShowAtOnce();
   ExpectShows(splash, LoadPhoto("splash", splash.devicePixelRatioF()), {1, 1, 453, 193});
   EXPECT_EQ(Shown(splash).pixel(0, 9), Shown(splash).pixel(454, 99)) << "the border";
+  EXPECT_EQ(splash.geometry().center(), splash.screen()->geometry().center());
   frmAbout dialog(platform, &window);
   dialog.show();
   ExpectShows(*dialog.findChild<QWidget*>("picIcon"),
@@ -145,13 +146,18 @@ TEST_F(Dialogs, PastedTextKeepsOnlyItsFormatWithinLimits) {
   const QString cell = "<TABLE><tr><td colspan=60000 rowspan=9999>";
   EXPECT_EQ(TextBox().Paste(cell + "w<b>id</b>e" + QString("<tr><td>y").repeated(500)),
             "wide" + QString("\ny").repeated(500));
-  EXPECT_EQ(TextBox().Paste(cell.repeated(200) + "deep"), "plain");
+  for (const QString& slow : {cell.repeated(200) + "deep", QString(50'001, 'x')}) {
+    EXPECT_EQ(TextBox().Paste(slow), "plain");
+  }
   TextBox list;
   list.Paste("<ul><li><b style='font-size:20pt;color:rgba(255,0,0,0.5)'>bold</b></li></ul>");
   EXPECT_TRUE(list.toHtml().contains("font-size:20pt; font-weight:700; color:#ff0000;"));
   EXPECT_EQ(list.textCursor().currentList(), nullptr);
   const QString mixed = Sized("72pt", "Heading") + Sized("9.75pt", QString("word ").repeated(400));
   EXPECT_EQ(TextBox().Paste(mixed).size(), 2007);
+  const QString two =
+      Sized("40px", QString("a").repeated(3000)) + Sized("50px", QString("b").repeated(3000));
+  EXPECT_EQ(TextBox().Paste(two).size(), 3000 + (160'000 - 16 - 3000 * 40) / 50);
   TextBox large;
   EXPECT_LT(large.Paste(Sized("30000px", QString("AM ").repeated(2000))).size(), 500);
   EXPECT_EQ(large.currentCharFormat().intProperty(QTextFormat::FontPixelSize), kMaxFontSize);
@@ -171,14 +177,30 @@ TEST_F(Dialogs, PastedTextKeepsOnlyItsFormatWithinLimits) {
   EXPECT_LE(full.fontPointSize(), 13);
 }
 
-TEST_F(Dialogs, MessagesAnswerToTheLettersOfTheirButtons) {
-  for (const auto& [key, answer] : {std::pair(Qt::Key_Y, Answer::Yes),
-                                    {Qt::Key_N, Answer::No},
-                                    {Qt::Key_C, Answer::Cancel},
-                                    {Qt::Key_O, Answer::Ok}}) {
-    const auto style = answer == Answer::Ok ? BoxStyle::OkOnly : BoxStyle::YesNoCancelQuestion;
-    QTimer::singleShot(0, [key = key] { QTest::keyClick(QApplication::activeModalWidget(), key); });
-    EXPECT_EQ(ShowMessage(&window, "", style, ""), answer);
+TEST_F(Dialogs, MessagesHaveTheirButtonsAndAnswerToTheirLetters) {
+  const std::map<int, Answer> answers = {{Qt::Key_Y, Answer::Yes},
+                                         {Qt::Key_N, Answer::No},
+                                         {Qt::Key_C, Answer::Cancel},
+                                         {Qt::Key_O, Answer::Ok}};
+  const std::map<BoxStyle, std::pair<QMessageBox::Icon, std::vector<int>>> boxes = {
+      {BoxStyle::OkOnly, {QMessageBox::NoIcon, {Qt::Key_O}}},
+      {BoxStyle::YesNoCancelQuestion, {QMessageBox::Question, {Qt::Key_Y, Qt::Key_N, Qt::Key_C}}},
+      {BoxStyle::YesNoQuestion, {QMessageBox::Question, {Qt::Key_Y, Qt::Key_N}}},
+      {BoxStyle::OkExclamation, {QMessageBox::Warning, {Qt::Key_O}}},
+      {BoxStyle::YesNoExclamation, {QMessageBox::Warning, {Qt::Key_Y, Qt::Key_N}}}};
+  document.StatusText = "status";
+  for (const auto& [style, look] : boxes) {
+    const auto& [icon, keys] = look;
+    for (int i = -1; i < std::ssize(keys); ++i) {
+      QTimer::singleShot(0, [&, icon = icon, &keys = keys] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        EXPECT_EQ(box->icon(), icon);
+        EXPECT_EQ(box->buttons().size(), std::ssize(keys));
+        EXPECT_EQ(Find<QLabel>("SimpleText")->text(), "status");
+        QTest::keyClick(box, i < 0 ? Qt::Key_Return : Qt::Key(keys[i]));
+      });
+      EXPECT_EQ(platform.QtPlatform::MsgBox("", style, ""), answers.at(keys[std::max(i, 0)]));
+    }
   }
 }
 

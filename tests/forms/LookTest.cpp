@@ -68,6 +68,34 @@ void ExpectLegible(const QImage& picture, const QWidget& form, const QWidget& co
               HasContrast(picture, seen, required));
 }
 
+/// Expects that fields, lists, check boxes and pages have a visible left edge.
+void ExpectEdge(const QImage& picture, const QWidget& form, const QWidget& control) {
+  QStyleOptionButton option;
+  option.initFrom(&control);
+  QRect place = control.rect();
+  if (control.inherits("QCheckBox")) {
+    place = control.style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, &control);
+  } else if (!(control.inherits("QLineEdit") && control.parentWidget()->inherits("QDialog")) &&
+             !control.inherits("QListWidget") && !control.inherits("morvane::TabStrip")) {
+    return;
+  }
+  const QPoint outside = control.mapTo(&form, QPoint(place.left() - 2, place.center().y()));
+  EXPECT_TRUE(HasContrast(picture, {outside, QSize(5, 3)}, 1.2)) << "no edge";
+}
+
+/// Expects that the entries of a menu bar and the lines between them are visible.
+void CheckMenus(const QWidget& form) {
+  for (auto* menu : form.findChildren<QMenu*>()) {
+    const QImage picture = menu->grab().toImage();
+    for (QAction* entry : menu->actions()) {
+      const QRect place = menu->actionGeometry(entry).adjusted(3, 0, -3, 0);
+      EXPECT_TRUE(!entry->isVisible() ||
+                  HasContrast(picture, place, entry->isSeparator() ? 1.35 : 3))
+          << entry->text().toStdString();
+    }
+  }
+}
+
 /// Expects that a form is legible and complete and fits on the screen.
 void Check(QWidget& form, const QSize& screen) {
   SCOPED_TRACE(form.windowTitle().toStdString());
@@ -78,7 +106,9 @@ void Check(QWidget& form, const QSize& screen) {
   const QImage picture = form.grab().toImage();
   for (const QWidget* control : form.findChildren<QWidget*>()) {
     SCOPED_TRACE(QDebug::toString(control).toStdString());
-    if (control->isVisible()) ExpectLegible(picture, form, *control);
+    if (!control->isVisible()) continue;
+    ExpectLegible(picture, form, *control);
+    if (picture.devicePixelRatio() == 1) ExpectEdge(picture, form, *control);
   }
 }
 
@@ -116,8 +146,8 @@ void CheckEachForm(FormFixture& editor, const QSize& screen) {
   }
 }
 
-/// In a child: starts the editor on the display. Each pixel of the map must be a block of physical
-/// pixels, and so must the outline of the stamp.
+/// In a child: starts the editor on the display. Each pixel of the map with the outline of the
+/// stamp, and of a tile with its focus mark, must be a block of physical pixels.
 void CheckOn(const Look& look) {
   const StartFolder folder;
   std::ofstream("display.json") << R"({"screens":[{"name":"wide","logicalDpi":)" << look.dpi
@@ -127,17 +157,25 @@ void CheckOn(const Look& look) {
   qputenv(look.variable, look.value);
   UseWholeScaleFactors();
   EditorInChild editor;
-  if (look.isDark) QApplication::setPalette(QPalette({49, 54, 59}, {49, 54, 59}));
+  if (look.isDark) {
+    QPalette dark({49, 54, 59}, {49, 54, 59});
+    dark.setColor(QPalette::Base, {45, 50, 54});
+    QApplication::setPalette(dark);
+  }
   QApplication::setFont(QFont("Liberation Sans", look.fontSize));
   for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
   ASSERT_EQ(editor.window.devicePixelRatioF(), look.zoom);
   editor.Press(70, 70);
   QWidget* canvas = editor.Find("Canvas");
   QTest::mouseMove(canvas, {407, 67});
-  const QImage screen = canvas->grab().toImage();
-  const QImage shown = Shown(*canvas);
-  EXPECT_EQ(screen.convertToFormat(QImage::Format_RGB32), shown.scaled(screen.size()));
-  EXPECT_EQ(shown.pixelColor(402, 62), QColor(0, 106, 236));
+  EXPECT_EQ(Shown(*canvas).pixelColor(402, 62), QColor(0, 106, 236));
+  QWidget* tile = editor.Find("pbmarking");
+  tile->setFocus(Qt::TabFocusReason);
+  for (QWidget* control : {canvas, tile}) {
+    const QImage screen = control->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    EXPECT_EQ(screen, Shown(*control).scaled(screen.size()));
+  }
+  if (look.zoom == 1) CheckMenus(editor.window);
   editor.document.UndoButtonEnabled = false;
   CheckEachForm(editor, look.size);
 }

@@ -70,6 +70,19 @@ TEST_F(Wiring, LinesAndLayersAreAsDesigned) {
   EXPECT_EQ(Find("Frame1-1")->childAt(24, 5), Find("pbmarking")) << "the later of two tiles";
   frmAbout about(platform, &window);
   ExpectLines(about, {{15, 162, 363, 1}});
+  const QImage map = Shown(*Find("Canvas"));
+  for (int i = 0; i < 2; ++i) {  // from the outside inwards
+    const QRgb dark = window.palette().color(i == 0 ? QPalette::Dark : QPalette::Shadow).rgb();
+    const QRgb light = window.palette().color(i == 0 ? QPalette::Light : QPalette::Midlight).rgb();
+    const int right = map.width() - 1 - i;
+    const int bottom = map.height() - 1 - i;
+    for (const QPoint& place : {QPoint(i, i), {i, bottom - 1}, {right - 1, i}}) {
+      EXPECT_EQ(map.pixel(place), dark) << i;
+    }
+    for (const QPoint& place : {QPoint(i, bottom), {right, bottom}, {right, i}}) {
+      EXPECT_EQ(map.pixel(place), light) << i;
+    }
+  }
   document.StatusText = std::string(300, 'w');  // too long for the status bar
   window.ShowState();
   EXPECT_EQ(Find("SimpleText")->toolTip(), QString(300, 'w'));
