@@ -40,7 +40,6 @@ void DrawRichText(const std::string& text, Picture& picture) {
   QAbstractTextDocumentLayout::PaintContext context;
   context.clip = QRectF(image.rect());
   context.palette.setColor(QPalette::Text, Qt::black);
-  painter.setClipRect(image.rect());
   document.documentLayout()->draw(&painter, context);
   painter.end();
   MakeOpaque(surface);

@@ -35,7 +35,6 @@ ToolBar::ToolBar(QWidget* parent) : QToolBar(parent) {
   setObjectName("tbToolBar");
   setAccessibleName("Commands");
   setIconSize({16, 16});
-  setMovable(false);
   for (const Button& button : kButtons) {
     if (button.icon == nullptr) {
       addSeparator()->setObjectName(button.key);

@@ -75,10 +75,10 @@ QStringList ActionsOf(const QList<QAction*>& actions) {  // NOLINT(misc-no-recur
   for (const QAction* action : actions) {
     QStringList parts;
     const char* check = action->isChecked() ? "checked" : "unchecked";
-    parts << action->objectName() << action->text() << action->shortcut().toString()
-          << action->toolTip() << (action->isVisible() ? "" : "hidden")
-          << (action->isEnabled() ? "" : "disabled") << (action->isSeparator() ? "-" : "")
-          << (action->isCheckable() ? check : "")
+    parts << (action->menu() != nullptr ? action->menu()->objectName() : action->objectName())
+          << action->text() << action->shortcut().toString() << action->toolTip()
+          << (action->isVisible() ? "" : "hidden") << (action->isEnabled() ? "" : "disabled")
+          << (action->isSeparator() ? "-" : "") << (action->isCheckable() ? check : "")
           << (action->icon().availableSizes().isEmpty() ? "" : "icon");
     lines << parts.join('|');
     if (action->menu() != nullptr) lines << ActionsOf(action->menu()->actions());
@@ -143,6 +143,19 @@ QStringList NeighboursIn(const QWidget& form) {
   return lines;
 }
 
+/// Chooses a tab as screen readers do, which find it by its place.
+QString ChooseTab(QTabBar& tabs, int index) {
+  const QAccessibleInterface& strip = *QAccessible::queryAccessibleInterface(&tabs);
+  const QPoint place = tabs.mapToGlobal(tabs.tabRect(index).center());
+  QAccessibleInterface* tab = strip.childAt(place.x(), place.y());
+  EXPECT_EQ(strip.indexOfChild(tab), index);
+  EXPECT_EQ(tab->rect().center(), place);
+  EXPECT_EQ(tab->role(), QAccessible::PageTab);
+  EXPECT_EQ(tab->parent(), &strip);
+  tab->actionInterface()->doAction(tab->actionInterface()->actionNames().value(0));
+  return tab->text(QAccessible::Name) + (tab->state().selected ? " selected" : "");
+}
+
 struct Forms : FormFixture {
   /// The controls over which a move of the mouse hides the outline.
   QString HidingControls() {
@@ -165,11 +178,8 @@ struct Forms : FormFixture {
       Find("Canvas")->setFocus();
       lines << TabStopsOf(window) << HidingControls();
       for (int page = 1; set < kBuiltInSets && page <= TileSets()[set].pageCount; ++page) {
-        auto* tabs = Find(TextOf(TileSets()[set].tabStrip))->findChild<QTabBar*>();
-        QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(page - 1).center());
-        QAccessibleInterface& strip = *QAccessible::queryAccessibleInterface(tabs);
-        const QAccessibleInterface& tab = *strip.child(page - 1);
-        lines << tab.text(QAccessible::Name) + (tab.state().selected ? " selected" : "");
+        lines << ChooseTab(*Find(TextOf(TileSets()[set].tabStrip))->findChild<QTabBar*>(),
+                           page - 1);
         lines << NeighboursIn(window);
       }
     }

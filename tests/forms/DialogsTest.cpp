@@ -178,28 +178,26 @@ TEST_F(Dialogs, PastedTextKeepsOnlyItsFormatWithinLimits) {
 }
 
 TEST_F(Dialogs, MessagesHaveTheirButtonsAndAnswerToTheirLetters) {
-  const std::map<int, Answer> answers = {{Qt::Key_Y, Answer::Yes},
-                                         {Qt::Key_N, Answer::No},
-                                         {Qt::Key_C, Answer::Cancel},
-                                         {Qt::Key_O, Answer::Ok}};
-  const std::map<BoxStyle, std::pair<QMessageBox::Icon, std::vector<int>>> boxes = {
-      {BoxStyle::OkOnly, {QMessageBox::NoIcon, {Qt::Key_O}}},
-      {BoxStyle::YesNoCancelQuestion, {QMessageBox::Question, {Qt::Key_Y, Qt::Key_N, Qt::Key_C}}},
-      {BoxStyle::YesNoQuestion, {QMessageBox::Question, {Qt::Key_Y, Qt::Key_N}}},
-      {BoxStyle::OkExclamation, {QMessageBox::Warning, {Qt::Key_O}}},
-      {BoxStyle::YesNoExclamation, {QMessageBox::Warning, {Qt::Key_Y, Qt::Key_N}}}};
+  const std::map<char, Answer> answers = {
+      {'y', Answer::Yes}, {'n', Answer::No}, {'c', Answer::Cancel}, {'o', Answer::Ok}};
+  const std::vector<std::tuple<BoxStyle, QMessageBox::Icon, std::string>> rows = {
+      {BoxStyle::OkOnly, QMessageBox::NoIcon, "o"},
+      {BoxStyle::YesNoCancelQuestion, QMessageBox::Question, "ync"},
+      {BoxStyle::YesNoQuestion, QMessageBox::Question, "yn"},
+      {BoxStyle::OkExclamation, QMessageBox::Warning, "o"},
+      {BoxStyle::YesNoExclamation, QMessageBox::Warning, "yn"}};
   document.StatusText = "status";
-  for (const auto& [style, look] : boxes) {
-    const auto& [icon, keys] = look;
-    for (int i = -1; i < std::ssize(keys); ++i) {
-      QTimer::singleShot(0, [&, icon = icon, &keys = keys] {
+  for (const auto& [style, icon, keys] : rows) {
+    for (const char key : keys + '\r') {
+      QTimer::singleShot(0, [&, icon = icon, count = std::ssize(keys)] {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         EXPECT_EQ(box->icon(), icon);
-        EXPECT_EQ(box->buttons().size(), std::ssize(keys));
+        EXPECT_EQ(box->buttons().size(), count);
         EXPECT_EQ(Find<QLabel>("SimpleText")->text(), "status");
-        QTest::keyClick(box, i < 0 ? Qt::Key_Return : Qt::Key(keys[i]));
+        QTest::keyClick(box, key);
       });
-      EXPECT_EQ(platform.QtPlatform::MsgBox("", style, ""), answers.at(keys[std::max(i, 0)]));
+      const char expected = key == '\r' ? keys[0] : key;
+      EXPECT_EQ(platform.QtPlatform::MsgBox("", style, ""), answers.at(expected));
     }
   }
 }
@@ -213,6 +211,7 @@ TEST_F(Dialogs, OneFileCanBeDropped) {
     dragged.setUrls(urls);
     QDragEnterEvent enter({5, 5}, Qt::MoveAction | Qt::CopyAction, &dragged, Qt::LeftButton, {});
     QDropEvent event({5, 5}, Qt::MoveAction | Qt::CopyAction, &dragged, Qt::LeftButton, {});
+    event.setDropAction(Qt::MoveAction);
     QCoreApplication::sendEvent(target, &enter);
     QCoreApplication::sendEvent(target, &event);
     QCoreApplication::processEvents();

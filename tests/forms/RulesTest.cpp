@@ -1,6 +1,9 @@
+#include <set>
+
 #include "document/MapFiles.h"
 #include "document/Undo.h"
 #include "palette/CustomTiles.h"
+#include "platform/Folders.h"
 #include "tests/support/BmpMaker.h"
 #include "tests/support/FormFixture.h"
 #include "tools/CanvasKeyboard.h"
@@ -31,6 +34,10 @@ TEST_F(Rules, AStartTakesASnapshotAndShowsTheStoredFolder) {
 }
 
 TEST_F(Rules, FoldersOfCustomTiles) {
+  const std::vector<std::string> volumes = MountedVolumes();
+  EXPECT_EQ(volumes[0], "/");
+  EXPECT_EQ(std::set(volumes.begin(), volumes.end()).size(), volumes.size());
+  EXPECT_EQ(std::count(volumes.begin(), volumes.end(), "/proc"), 0);
   std::filesystem::create_directories("custom/more");
   for (const char* name : {"root.bmp", "custom/tile.bmp"}) WriteFile(name, WriteBmp(Map().View()));
   const std::string start = folder.File("");
