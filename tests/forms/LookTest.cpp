@@ -120,29 +120,31 @@ void CheckEachForm(FormFixture& editor, const QSize& screen) {
   }
   QtPlatform platform;
   std::uint32_t color = 0;
-  const std::vector<std::function<void()>> dialogs = {
-      [&] { editor.Choose("mnuToolsOptions"); },
-      [&] { editor.Choose("mnuHelpAbout"); },
-      [&] { editor.Choose("mnuFilePageSetup"); },
-      [&] { frmText("<span style='color:black'>Text</span>", &editor.window).exec(); },
-      [&] { FontDialog(&editor.window).exec(); },
-      [&] { platform.ShowColor(color); },
-      [&] {
-        platform.ShowOpen({"Open", "Map files (*.bmp)|*.bmp", "", "/"});
-      },
-      [&] { platform.BrowseForFolder("Select the directory"); },
-      [&] { platform.MsgBox("Are you sure?", BoxStyle::YesNoCancelQuestion, "Save?"); }};
-  for (const auto& open : dialogs) {
-    bool isChecked = false;
+  const std::vector<std::pair<QString, std::function<void()>>> dialogs = {
+      {"Options", [&] { editor.Choose("mnuToolsOptions"); }},
+      {"About Morvane", [&] { editor.Choose("mnuHelpAbout"); }},
+      {"Print Setup", [&] { editor.Choose("mnuFilePageSetup"); }},
+      {"Insert Text",
+       [&] { frmText("<span style='color:black'>Text</span>", &editor.window).exec(); }},
+      {"Font", [&] { FontDialog(&editor.window).exec(); }},
+      {"Select Color", [&] { platform.ShowColor(color); }},
+      {"Open",
+       [&] {
+         platform.ShowOpen({"Open", "Map files (*.bmp)|*.bmp", "", "/"});
+       }},
+      {"Select it", [&] { platform.BrowseForFolder("Select it"); }},
+      {"Save?", [&] { platform.MsgBox("Sure?", BoxStyle::YesNoCancelQuestion, "Save?"); }}};
+  for (const auto& [title, open] : dialogs) {
+    QString shown;
     QTimer::singleShot(0, [&] {
       auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
       ASSERT_NE(dialog, nullptr);
       Check(*dialog, screen);
+      shown = dialog->windowTitle();
       dialog->reject();
-      isChecked = true;
     });
     open();
-    EXPECT_TRUE(isChecked);
+    EXPECT_EQ(shown, title);
   }
 }
 

@@ -91,13 +91,6 @@ TEST_F(Rescue, TerminationLeavesTheMapInTheSnapshotIfNoFolderTakesIt) {
   EXPECT_TRUE(platform.boxes.empty());
 }
 
-TEST_F(Rescue, NothingIsRescuedAfterTheEndOfTheRun) {
-  Press(5, 5);
-  form.EndRun();
-  form.RescueAtTermination();
-  EXPECT_EQ(NamesIn("."), "");
-}
-
 TEST_F(Rescue, OnlyUnsavedMapsAreCopied) {
   WriteFile("small.bmp", painted);
   const auto copies = [this] {

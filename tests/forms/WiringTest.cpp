@@ -29,19 +29,7 @@ struct Wiring : FormFixture {
   }
 };
 
-TEST_F(Wiring, OtherCommandsOpenTheirDialogsOrNothing) {
-  for (const auto& [entry, title] : {std::pair("mnuFilePageSetup", "Print Setup"),
-                                     {"mnuToolsOptions", "Options"},
-                                     {"mnuHelpAbout", "About Morvane"}}) {
-    QString shown;
-    QTimer::singleShot(0, &window, [&shown] {
-      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      shown = dialog->windowTitle();
-      dialog->reject();
-    });
-    Choose(entry);
-    EXPECT_EQ(shown, title);
-  }
+TEST_F(Wiring, SomeCommandsDoNothing) {
   window.activateWindow();
   for (const char* tool : {"Redo", "Cut", "Copy", "Paste"}) ClickTool(tool);
   for (const char* keys : {"Ctrl+R", "Ctrl+X", "Ctrl+C", "Ctrl+V", "F1"}) {
@@ -71,18 +59,11 @@ TEST_F(Wiring, LinesAndLayersAreAsDesigned) {
   frmAbout about(platform, &window);
   ExpectLines(about, {{15, 162, 363, 1}});
   const QImage map = Shown(*Find("Canvas"));
-  for (int i = 0; i < 2; ++i) {  // from the outside inwards
-    const QRgb dark = window.palette().color(i == 0 ? QPalette::Dark : QPalette::Shadow).rgb();
-    const QRgb light = window.palette().color(i == 0 ? QPalette::Light : QPalette::Midlight).rgb();
-    const int right = map.width() - 1 - i;
-    const int bottom = map.height() - 1 - i;
-    for (const QPoint& place : {QPoint(i, i), {i, bottom - 1}, {right - 1, i}}) {
-      EXPECT_EQ(map.pixel(place), dark) << i;
-    }
-    for (const QPoint& place : {QPoint(i, bottom), {right, bottom}, {right, i}}) {
-      EXPECT_EQ(map.pixel(place), light) << i;
-    }
-  }
+  QImage sunken = map;
+  QPainter painter(&sunken);
+  qDrawWinPanel(&painter, sunken.rect(), window.palette(), true);
+  painter.end();
+  EXPECT_EQ(map, sunken);
   document.StatusText = std::string(300, 'w');  // too long for the status bar
   window.ShowState();
   EXPECT_EQ(Find("SimpleText")->toolTip(), QString(300, 'w'));
@@ -128,9 +109,12 @@ TEST_F(Wiring, OnlyWhatChangedIsRepainted) {
   QCoreApplication::processEvents();
   PaintWatch watch;
   Find("Canvas")->installEventFilter(&watch);
-  Press(105, 65);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !watch.painted.isEmpty(); }));
-  EXPECT_EQ(watch.painted.boundingRect(), QRect(102, 62, 20, 20));
+  for (const int x : {100, 300}) {
+    watch.painted = QRegion();
+    Press(x + 5, 65);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !watch.painted.isEmpty(); }));
+    EXPECT_EQ(watch.painted.boundingRect(), QRect(x + 2, 62, 20, 20));
+  }
 }
 
 TEST(NaturalOrder, NumbersCountAsNumbersAndCaseDoesNot) {

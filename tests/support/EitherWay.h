@@ -57,7 +57,12 @@ class EitherWay : public FormFixture {
            [&] { SendMouse(QEvent::MouseMove, Qt::NoButton, Qt::MouseButtons(buttons), X, Y); }});
   }
 
-  bool Exits() { return throughWindow_ ? window.close() : !form.Form_Unload(); }
+  bool Exits() {
+    if (throughWindow_) return window.close();
+    if (form.Form_Unload()) return false;
+    form.EndRun();
+    return true;
+  }
 
   static Picture ShownIn(const PictureBox& box) {
     return Cut(box.Image(), {0, 0, box.ScaleWidth(), box.ScaleHeight()});
