@@ -215,7 +215,6 @@ std::string AskForFile(QWidget* owner, const FileDialog& dialog, FileDialogMode 
   box.setNameFilter(FilterFor(dialog, box));
   // The core checks whether a file exists, and asks before it replaces one.
   box.setOption(QFileDialog::DontConfirmOverwrite);
-  box.setFileMode(QFileDialog::AnyFile);
   const bool saves = mode == FileDialogMode::Save;
   box.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   if (!preset.isEmpty()) box.selectFile(preset);

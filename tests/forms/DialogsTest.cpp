@@ -10,6 +10,7 @@
 #include "shell/frmSplash.h"
 #include "shell/frmText.h"
 #include "shell/widgets/FontDialog.h"
+#include "shell/widgets/Text.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {
@@ -200,6 +201,58 @@ TEST_F(Dialogs, MessagesHaveTheirButtonsAndAnswerToTheirLetters) {
       EXPECT_EQ(platform.QtPlatform::MsgBox("", style, ""), answers.at(expected));
     }
   }
+}
+
+TEST_F(Dialogs, FilesAreChosenByNameInTheRightFolder) {
+  struct Row {
+    FileDialog dialog;
+    bool saves;
+    QString typed;
+    std::string chosen;
+  };
+  std::filesystem::create_directory("maps");
+  const std::string maps = folder.File("maps/");
+  const std::string odd = maps + "\xe4.bmp";  // not UTF-8
+  WriteFile(odd, Bytes(1'234'567));
+  const QString oddName = QString(QChar::ReplacementCharacter) + ".bmp";
+  const Row rows[] = {
+      {{"Open", "Map files (*.bmp)|*.bmp", "", maps}, false, oddName, odd},
+      {{"Open", "Map files (*.bmp)|*.bmp", "", "/gone"}, false, TextOf(maps) + oddName, odd},
+      {{"Save As", "Map files (*.bmp)|*.bmp", "", ""}, true, "new", maps + "new"},
+      {{"Save As", "All (*.*)|*.*", maps + "old.bmp", maps}, true, "", maps + "old.bmp"},
+      {{"Save As", "All (*.*)|*.*", "", maps}, true, "", ""}};  // not closed by Return
+  QtPlatform real;
+  for (const auto& [dialog, saves, typed, chosen] : rows) {
+    SCOPED_TRACE(chosen);
+    QTimer::singleShot(0, [&, dialog = dialog, typed = typed] {
+      auto* box = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+      const auto* details = box->findChild<QTreeView*>("treeView");
+      auto* name = box->findChild<QLineEdit*>("fileNameEdit");
+      EXPECT_EQ(box->windowTitle(), TextOf(dialog.DialogTitle));
+      EXPECT_EQ(box->nameFilters(), QStringList(TextOf(dialog.Filter).section('|', 0, 0)));
+      EXPECT_EQ(box->directory(), QDir(TextOf(maps)));
+      EXPECT_EQ(name->text(), dialog.FileName.empty() ? "" : "old.bmp");
+      const QAbstractItemView& columns = *details;
+      for (int i = 0; i < 4; ++i) EXPECT_GE(details->columnWidth(i), columns.sizeHintForColumn(i));
+      QTest::sendKeyEvent(QTest::Click, name, Qt::Key_unknown, typed, {});
+      QTest::keyClick(name, Qt::Key_Return);
+      QCoreApplication::processEvents();
+      if (box->isVisible()) box->reject();
+    });
+    EXPECT_EQ(saves ? real.ShowSave(dialog) : real.ShowOpen(dialog), chosen);
+  }
+}
+
+TEST_F(Dialogs, AColourIsPickedFromThePresentOne) {
+  QTimer::singleShot(0, [] {
+    auto* dialog = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
+    EXPECT_EQ(dialog->currentColor(), QColor(255, 128, 0));
+    dialog->setCurrentColor(QColor(1, 2, 3));
+    dialog->accept();
+  });
+  std::uint32_t color = 0x0080FF;
+  platform.QtPlatform::ShowColor(color);
+  EXPECT_EQ(color, 0x030201U);
 }
 
 TEST_F(Dialogs, OneFileCanBeDropped) {
