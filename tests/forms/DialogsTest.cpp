@@ -226,14 +226,11 @@ TEST_F(Dialogs, FilesAreChosenByNameInTheRightFolder) {
     SCOPED_TRACE(chosen);
     QTimer::singleShot(0, [&, dialog = dialog, typed = typed] {
       auto* box = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-      const auto* details = box->findChild<QTreeView*>("treeView");
       auto* name = box->findChild<QLineEdit*>("fileNameEdit");
       EXPECT_EQ(box->windowTitle(), TextOf(dialog.DialogTitle));
       EXPECT_EQ(box->nameFilters(), QStringList(TextOf(dialog.Filter).section('|', 0, 0)));
       EXPECT_EQ(box->directory(), QDir(TextOf(maps)));
       EXPECT_EQ(name->text(), dialog.FileName.empty() ? "" : "old.bmp");
-      const QAbstractItemView& columns = *details;
-      for (int i = 0; i < 4; ++i) EXPECT_GE(details->columnWidth(i), columns.sizeHintForColumn(i));
       QTest::sendKeyEvent(QTest::Click, name, Qt::Key_unknown, typed, {});
       QTest::keyClick(name, Qt::Key_Return);
       QCoreApplication::processEvents();
