@@ -90,19 +90,18 @@ inline Result<Picture> ReadBmp(const Bytes& bytes) {
 /// A file that owns its bytes.
 class OwnedBytes : public ByteSource {
  public:
-  explicit OwnedBytes(Bytes bytes) : bytes_(std::move(bytes)), source_(bytes_) {}
+  explicit OwnedBytes(Bytes bytes) : bytes_(std::move(bytes)) {}
 
-  std::size_t Size() const override { return source_.Size(); }
+  std::size_t Size() const override { return bytes_.size(); }
   Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override {
     if (place + buffer.size() > readable) return "Input/output error";
-    return source_.ReadAt(place, buffer);
+    return MemorySource(bytes_).ReadAt(place, buffer);
   }
 
   std::size_t readable = static_cast<std::size_t>(-1);  ///< bytes; reading beyond them fails
 
  private:
   Bytes bytes_;
-  MemorySource source_;
 };
 
 }  // namespace morvane
