@@ -19,10 +19,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!tile.Ok()) return 0;
   const PictureView picture = tile.Value().View();
   Require(picture.width > 0 && picture.height > 0, "a picture has a size");
-  for (int y = 0; y < picture.height; ++y) {
-    for (int x = 0; x < picture.width; ++x) {
-      Require(picture.Row(y)[x] >> 24U == 255, "a picture is opaque");
-    }
+  for (const Pixel pixel : std::span(picture.Row(0), picture.Row(picture.height))) {
+    Require(pixel >> 24U == 255, "a picture is opaque");
   }
   return 0;
 }

@@ -5,16 +5,13 @@
 
 namespace {
 
-struct Key {
-  const char* section;
-  const char* name;
-};
+using Key = std::pair<const char*, const char*>;  ///< section and name
 
 constexpr Key kKeys[] = {
     {"Map", "Dir"}, {"Custom", "Dir"}, {"Color", "Canvas"}, {"Color", "Grid"}, {"Map", "Grid"}};
 
 std::string ValueOf(const std::string& text, const Key& key) {
-  return morvane::FindProfileValue(text, key.section, key.name, "none\n");
+  return morvane::FindProfileValue(text, key.first, key.second, "none\n");
 }
 
 }  // namespace
@@ -27,7 +24,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string value(data + 2, data + std::min<std::size_t>(size, 2 + data[1]));
   const std::string text(data + 2 + value.size(), data + size);
   const Key& key = kKeys[data[0] % std::size(kKeys)];
-  Result<std::string> changed = WithProfileValue(text, key.section, key.name, value);
+  Result<std::string> changed = WithProfileValue(text, key.first, key.second, value);
   if (!changed.Ok()) return 0;
   for (const Key& each : kKeys) {
     Require(ValueOf(changed.Value(), each) == (&each == &key ? value : ValueOf(text, each)),

@@ -45,8 +45,7 @@ TEST(Art, TheFenceHasItsColourKeyInTheGapsWithoutBlending) {
     const PictureView fence = pictures.Of(kClassicVillage, Edge::Wall, direction)->View();
     EXPECT_EQ(direction == Direction::Vertical ? fence.Row(4)[0] : fence.Row(0)[4], key);
     int transparent = 0;
-    for (int i = 0; i < fence.width * fence.height; ++i) {
-      const QRgb pixel = fence.Row(i / fence.width)[i % fence.width];
+    for (const QRgb pixel : std::span(fence.Row(0), fence.Row(fence.height))) {
       const bool isPink = qGreen(pixel) < qRed(pixel) / 2 && qBlue(pixel) > qRed(pixel) / 2;
       EXPECT_EQ(isPink, pixel == key) << "a blend with the key";
       transparent += isPink ? 1 : 0;

@@ -119,6 +119,7 @@ void CheckEachForm(FormFixture& editor, const QSize& screen) {
     Check(editor.window, screen);
   }
   QtPlatform platform;
+  const FileDialog maps{"Open", "Map files (*.bmp)|*.bmp", "", "/"};
   std::uint32_t color = 0;
   const std::vector<std::pair<QString, std::function<void()>>> dialogs = {
       {"Options", [&] { editor.Choose("mnuToolsOptions"); }},
@@ -128,10 +129,7 @@ void CheckEachForm(FormFixture& editor, const QSize& screen) {
        [&] { frmText("<span style='color:black'>Text</span>", &editor.window).exec(); }},
       {"Font", [&] { FontDialog(&editor.window).exec(); }},
       {"Select Color", [&] { platform.ShowColor(color); }},
-      {"Open",
-       [&] {
-         platform.ShowOpen({"Open", "Map files (*.bmp)|*.bmp", "", "/"});
-       }},
+      {"Open", [&] { platform.ShowOpen(maps); }},
       {"Select it", [&] { platform.BrowseForFolder("Select it"); }},
       {"Save?", [&] { platform.MsgBox("Sure?", BoxStyle::YesNoCancelQuestion, "Save?"); }}};
   for (const auto& [title, open] : dialogs) {

@@ -48,27 +48,19 @@ class RandomSession : public EitherWay {
     if (roll < 90) return PickFile();
     if (roll < 92) return Resize();
     if (roll < 94) return InsertText();
-    UseFiles();
+    if (roll < 98) return UseFiles();
+    UseWhatDoesNothing();
   }
 
   void Paint() {
     const auto [width, height] = model.Inside();
-    const int kind = Random(0, 2);
-    const int X = Coordinate(width, kind != 1);
-    const int Y = Coordinate(height, kind != 1);
+    const bool isPress = Random(0, 2) == 0;
+    const int buttons = isPress ? 1 << Random(0, 2) : Random(0, Random(0, 1) == 0 ? 2 : 7);
+    const int X = Coordinate(width, isPress || buttons == 0);
+    const int Y = Coordinate(height, isPress || buttons == 0);
     if (width == 0 || height == 0) return;
-    if (kind == 0) {
-      const int button = 1 << Random(0, 2);
-      Press(button, X, Y);
-      model.Paint(true, button, X, Y);
-    } else if (kind == 1) {
-      const int buttons = Random(1, Random(0, 1) == 0 ? 2 : 7);
-      Move(buttons, X, Y);
-      model.Paint(false, buttons, X, Y);
-    } else {
-      Move(0, X, Y);
-      model.Hover(X, Y);
-    }
+    isPress ? Press(buttons, X, Y) : Move(buttons, X, Y);
+    model.Paint(isPress, buttons, X, Y);
   }
 
   void Pick() {
@@ -95,7 +87,6 @@ class RandomSession : public EitherWay {
            [&] {
              auto* selector = Find<QComboBox>("TileSetSelector");
              selector->setFocus();
-             if (selector->currentIndex() == set) return selector->activated(set);
              QTest::keyClick(selector, Qt::Key_Home);
              for (int i = 0; i < set; ++i) QTest::keyClick(selector, Qt::Key_Down);
            }});
@@ -185,6 +176,13 @@ class RandomSession : public EitherWay {
     Picture block(509, 349);
     platform.DrawText(text, block);
     model.Text(text, isAccepted ? &block : nullptr, X, Y);
+  }
+
+  void UseWhatDoesNothing() {
+    const std::array tools = {"Redo", "Cut", "Copy", "Paste"};
+    const std::array keys = {"Ctrl+R", "Ctrl+X", "Ctrl+C", "Ctrl+V", "F1"};
+    OneOf({[] {}, [&] { ClickTool(tools.at(Random(0, 3))); },
+           [&] { MapKey(keys.at(Random(0, 4))); }});
   }
 
   /// Commands that use files, answered at random.

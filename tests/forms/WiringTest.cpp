@@ -18,25 +18,14 @@ struct PaintWatch : QObject {
 
 struct Wiring : FormFixture {
   /// Expects lines on the background of a form, and nothing else.
-  static void ExpectLines(QWidget& form, const std::vector<QRect>& lines) {
+  static void ExpectLines(QWidget& form, const QRegion& lines) {
     QPixmap background(form.size());
     form.render(&background, {}, {}, QWidget::DrawWindowBackground);
     const QColor color = background.toImage().pixelColor(1, 1);
-    QRegion designed;
-    for (const QRect& line : lines) designed += line;
-    const QRegion wrong = designed.xored(background.createMaskFromColor(color));
+    const QRegion wrong = lines.xored(background.createMaskFromColor(color));
     EXPECT_TRUE(wrong.isEmpty()) << wrong.boundingRect().x() << ", " << wrong.boundingRect().y();
   }
 };
-
-TEST_F(Wiring, SomeCommandsDoNothing) {
-  window.activateWindow();
-  for (const char* tool : {"Redo", "Cut", "Copy", "Paste"}) ClickTool(tool);
-  for (const char* keys : {"Ctrl+R", "Ctrl+X", "Ctrl+C", "Ctrl+V", "F1"}) {
-    QTest::keySequence(Find("Canvas"), QKeySequence(keys));
-  }
-  EXPECT_TRUE(platform.boxes.empty() && platform.dialogs.empty() && platform.printed.empty());
-}
 
 TEST_F(Wiring, OutOfMemoryIsReportedAndExitEnds) {
   platform.memoryRunsOut = true;
@@ -48,16 +37,12 @@ TEST_F(Wiring, OutOfMemoryIsReportedAndExitEnds) {
 }
 
 TEST_F(Wiring, LinesAndLayersAreAsDesigned) {
-  ExpectLines(*Client(), {{4, 32, 157, 1},
-                          {4, 80, 158, 1},
-                          {4, 155, 157, 1},
-                          {80, 32, 1, 49},
-                          {120, 80, 1, 76},
-                          {48, 80, 1, 76}});
+  ExpectLines(*Client(), QRegion(4, 32, 157, 1) + QRect(4, 80, 158, 1) + QRect(4, 155, 157, 1) +
+                             QRect(80, 32, 1, 49) + QRect(120, 80, 1, 76) + QRect(48, 80, 1, 76));
   EXPECT_EQ(Client()->childAt(172, 45), Find("Canvas")) << "above the labels that reach under it";
   EXPECT_EQ(Find("Frame1-1")->childAt(24, 5), Find("pbmarking")) << "the later of two tiles";
   frmAbout about(platform, &window);
-  ExpectLines(about, {{15, 162, 363, 1}});
+  ExpectLines(about, {15, 162, 363, 1});
   const QImage map = Shown(*Find("Canvas"));
   QImage sunken = map;
   QPainter painter(&sunken);
@@ -81,28 +66,6 @@ TEST_F(Wiring, EveryItemShowsItsPicture) {
   palette.Shape1.Visible = true;
   QTest::mouseMove(Client(), {4, 400});
   EXPECT_FALSE(palette.Shape1.Visible) << "the outline is hidden over the background of the window";
-}
-
-TEST_F(Wiring, TheMapTakesPressesInsideItsBorderAndDragsFromThere) {
-  QWidget* canvas = Find("Canvas");
-  QTest::mouseClick(canvas, Qt::LeftButton, {}, {1, 30});
-  QTest::mouseClick(canvas, Qt::LeftButton, {}, {617, 30});
-  EXPECT_FALSE(document.mnuEditUndoEnabled);
-  QTest::mousePress(canvas, Qt::LeftButton, {}, {52, 52});
-  QTest::mousePress(canvas, Qt::RightButton, {}, {-10, 600});  // while the left one is held
-  QTest::mouseRelease(canvas, Qt::LeftButton, {}, {52, 52});
-  EXPECT_TRUE(document.mnuEditUndoEnabled);
-  platform.answers = {Answer::Yes};
-  Choose("mnuFileNew");
-  for (const double x : {98.5, 219.5}) {  // fractional positions, as at 200 %
-    QMouseEvent press(QEvent::MouseButtonPress, {x + 2, 112}, {}, Qt::LeftButton, Qt::LeftButton,
-                      {});
-    QCoreApplication::sendEvent(canvas, &press);
-  }
-  const PictureView map = document.Canvas.Image();
-  const PictureView floor = palette.pictures.Of(*FindItem("pbfloor")).View();
-  EXPECT_EQ(GetPixel(map, 80, 100), GetPixel(floor, 0, 0));
-  EXPECT_EQ(GetPixel(map, 220, 100), 0U);
 }
 
 TEST_F(Wiring, OnlyWhatChangedIsRepainted) {

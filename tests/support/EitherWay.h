@@ -47,6 +47,7 @@ class EitherWay : public FormFixture {
     const auto press = isDouble ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress;
     OneOf({[&] { Canvas_MouseDown(palette, button, float(X), float(Y)); },
            [&] {
+             SendMouse(press, pressed, pressed, -1, Y);  // on the border
              SendMouse(press, pressed, pressed, X, Y);
              SendMouse(QEvent::MouseButtonRelease, pressed, {}, X, Y);
            }});
@@ -73,7 +74,6 @@ class EitherWay : public FormFixture {
 
   void ExpectSame() {
     ASSERT_EQ(Difference(document.Canvas.Image(), model.map.View()), "");
-    ASSERT_EQ(Difference(document.pbclear.Image(), model.blank.View()), "");
     ASSERT_EQ(Difference(ShownIn(palette.Picture1), model.stamp), "");
     if (model.set == kCustomSet) {
       ASSERT_EQ(Difference(ShownIn(palette.Custom), model.custom), "");
@@ -123,7 +123,7 @@ class EitherWay : public FormFixture {
         {"set", Find<QComboBox>("TileSetSelector")->currentIndex() == set},
         {"stamp",
          Find("Picture1")->size() == QSize(palette.Picture1.Width(), palette.Picture1.Height())},
-        {"pages", ShownPages() == ExpectedPages()},
+        {"page", ShowsOnlyThePage()},
         {"screen", Screen() == ExpectedScreen()}};
     for (const auto& [name, isRight] : checks) {
       if (!isRight) return name;
@@ -133,26 +133,23 @@ class EitherWay : public FormFixture {
 
   void SendMouse(QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held, int X, int Y) {
     QWidget* canvas = Find("Canvas");
-    const QPointF place(X + 2, Y + 2);
+    const QPointF place(X + 2.5, Y + 2.5);  // fractional, as on high-DPI displays
     QMouseEvent event(type, place, canvas->mapToGlobal(place), button, held, {});
     QCoreApplication::sendEvent(canvas, &event);
   }
 
-  /// The strips and pages that show.
-  QStringList ShownPages() {
-    QStringList names;
-    for (const auto* page : window.findChildren<QWidget*>(QRegularExpression("^(Tab|Frame)"))) {
-      if (page->isVisibleTo(&window)) names << page->objectName();
-    }
-    return names;
-  }
-  QStringList ExpectedPages() {
+  /// The page of the set and its strip of tabs show, and no others.
+  bool ShowsOnlyThePage() {
     const int set = palette.TileSetSelector.ListIndex;
-    if (set == kCustomSet) return {"Frame5"};
-    const QString strip = TextOf(TileSets()[set].tabStrip);
-    const int page = CurrentPage(palette, set);
-    EXPECT_EQ(Find(strip)->findChild<QTabBar*>()->currentIndex() + 1, page);
-    return {strip, TextOf(TileSets()[set].frame) + "-" + QString::number(page)};
+    QStringList expected = {"Frame5"};
+    if (set != kCustomSet) {
+      const QString page = QString::number(CurrentPage(palette, set));
+      expected = {TextOf(TileSets()[set].tabStrip), TextOf(TileSets()[set].frame) + "-" + page};
+    }
+    const auto pages = window.findChildren<QWidget*>(QRegularExpression("^(Tab|Frame)"));
+    return std::all_of(pages.begin(), pages.end(), [&](const QWidget* page) {
+      return page->isVisibleTo(&window) == expected.contains(page->objectName());
+    });
   }
 
   /// The map as the display shows it after its partial updates.

@@ -30,8 +30,10 @@ struct SeenBox {
 /// The title, filter, preset text and folder of a dialog that was shown.
 using SeenDialog = std::array<std::string, 4>;
 
-/// The answers to the next dialogs, a record of the dialogs, and faults.
-struct DialogScript {
+/// The real platform with scripted dialogs: the answers to the next ones, a record of them, and
+/// faults.
+class ScriptedPlatform : public QtPlatform {
+ public:
   std::deque<Answer> answers;           ///< Ok if empty
   std::deque<std::string> chosenFiles;  ///< files and folders; canceled if empty
   std::deque<std::string> typedTexts;   ///< rich texts; canceled if empty
@@ -45,22 +47,6 @@ struct DialogScript {
   std::vector<std::string> rescueFolders;       ///< the real ones if empty
   std::function<void()> onNextBox;              ///< called while the next message box is open
 
-  std::string Choose(const SeenDialog& dialog) {
-    dialogs.push_back(dialog);
-    return Next(chosenFiles).value_or("");
-  }
-  template <typename T>
-  static std::optional<T> Next(std::deque<T>& queue) {
-    if (queue.empty()) return std::nullopt;
-    T next = std::move(queue.front());
-    queue.pop_front();
-    return next;
-  }
-};
-
-/// The real platform with scripted dialogs.
-class ScriptedPlatform : public QtPlatform, public DialogScript {
- public:
   Answer MsgBox(const std::string& text, BoxStyle style, const std::string& title) override {
     ShowState();
     if (const auto act = std::exchange(onNextBox, {})) act();
@@ -96,6 +82,19 @@ class ScriptedPlatform : public QtPlatform, public DialogScript {
     auto bytes = std::make_unique<OwnedBytes>(ReadAll(*file.Value()).Value());
     bytes->readable = *readableSnapshot;
     return OpenedFile(std::move(bytes));
+  }
+
+ private:
+  std::string Choose(const SeenDialog& dialog) {
+    dialogs.push_back(dialog);
+    return Next(chosenFiles).value_or("");
+  }
+  template <typename T>
+  static std::optional<T> Next(std::deque<T>& queue) {
+    if (queue.empty()) return std::nullopt;
+    T next = std::move(queue.front());
+    queue.pop_front();
+    return next;
   }
 };
 

@@ -207,15 +207,9 @@ struct ReferenceModel {
     return IsFlip(transform) ? PictureOf(W, H, pixelAt) : PictureOf(H, W, pixelAt);
   }
 
-  void Hover(int X, int Y) {
-    if (mode != Mode::Tile) return;
-    outline.Visible = true;
-    if (IsInCell(X, box.width)) outline.Left = X / 20 * 20;
-    if (IsInCell(Y, box.height)) outline.Top = Y / 20 * 20;
-  }
-
   /// A press of a button, or a move with a mask of held buttons.
   void Paint(bool press, int button, int X, int Y) {
+    if (button == 0) return Hover(X, Y);
     if (press) outline.Visible = false;
     canUndo = undoButton = true;
     if (mode == Mode::Tile) {
@@ -229,6 +223,13 @@ struct ReferenceModel {
   Size Inside() const { return {std::max(0, box.width - 4), std::max(0, box.height - 4)}; }
 
  private:
+  void Hover(int X, int Y) {
+    if (mode != Mode::Tile) return;
+    outline.Visible = true;
+    if (IsInCell(X, box.width)) outline.Left = X / 20 * 20;
+    if (IsInCell(Y, box.height)) outline.Top = Y / 20 * 20;
+  }
+
   void Report(const std::string& text) {
     boxes.push_back({text, BoxStyle::OkExclamation, "Morvane"});
   }
