@@ -16,16 +16,16 @@ struct PaintWatch : QObject {
   QRegion painted;
 };
 
-struct Wiring : FormFixture {
-  /// Expects lines on the background of a form, and nothing else.
-  static void ExpectLines(QWidget& form, const QRegion& lines) {
-    QPixmap background(form.size());
-    form.render(&background, {}, {}, QWidget::DrawWindowBackground);
-    const QColor color = background.toImage().pixelColor(1, 1);
-    const QRegion wrong = lines.xored(background.createMaskFromColor(color));
-    EXPECT_TRUE(wrong.isEmpty()) << wrong.boundingRect().x() << ", " << wrong.boundingRect().y();
-  }
-};
+using Wiring = FormFixture;
+
+/// Expects lines on the background of a form, and nothing else.
+void ExpectLines(QWidget& form, const QRegion& lines) {
+  QPixmap background(form.size());
+  form.render(&background, {}, {}, QWidget::DrawWindowBackground);
+  const QColor color = background.toImage().pixelColor(1, 1);
+  const QRegion wrong = lines.xored(background.createMaskFromColor(color));
+  EXPECT_TRUE(wrong.isEmpty()) << wrong.boundingRect().x() << ", " << wrong.boundingRect().y();
+}
 
 TEST_F(Wiring, OutOfMemoryIsReportedAndExitEnds) {
   platform.memoryRunsOut = true;

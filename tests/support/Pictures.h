@@ -29,9 +29,7 @@ inline Picture Speckled(int width, int height, unsigned seed = 1) {
 
 /// An art sheet. Its fences have the colour key in every other column, but not in the very corner.
 inline Picture SpeckledSheet(const std::string& name) {
-  unsigned seed = 0;
-  for (const char c : name) seed = seed * 31 + static_cast<unsigned char>(c);
-  Picture sheet = Speckled(120, 180, seed % 1000 + 1);
+  Picture sheet = Speckled(120, 180, std::hash<std::string>()(name));
   if (name != "classic-village/edges") return sheet;
   for (int x = 0; x < 60; x += 2)
     FillBox(sheet.Draw(), {x, x % 30 == 0 ? 1 : 0, x + 1, 30}, 0xFF00FF);

@@ -22,7 +22,7 @@ struct ReferenceModel {
   Picture undo{613, 480, kWhite};
   Picture stamp;   ///< at its own size
   Picture source;  ///< the picture that was last assigned to the stamp
-  Picture custom;
+  Picture custom{20, 20, kWhite};
   Outline outline;
   int set = 0;
   std::array<int, kBuiltInSets> pages = {1, 1, 1, 1};
