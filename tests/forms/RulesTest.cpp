@@ -82,7 +82,6 @@ TEST_F(Rules, ADamagedFileIsUsedWithAWarning) {
   WriteFile("bad.bmp", BmpMaker{.bits = 8, .data = {0, 0, 0, 0}}.Make());  // without a palette
   OpenMap(document, folder.File("bad.bmp"));
   EXPECT_EQ(document.StatusText, "bad.bmp is damaged. Parts of the map may be wrong.");
-  EXPECT_EQ(document.Caption, "Morvane - bad.bmp");
   File1_Drop(palette, folder.File("bad.bmp"));
   EXPECT_EQ(document.StatusText,
             "Custom tile selected: bad.bmp. The file is damaged, and parts of the picture may be "
@@ -91,29 +90,20 @@ TEST_F(Rules, ADamagedFileIsUsedWithAWarning) {
 }
 
 TEST_F(Rules, ExitWithoutASaveLeavesARescueCopy) {
-  const auto exit = [&](const std::string& reason) {
-    platform.answers = {Answer::Yes};
-    platform.boxes.clear();
-    EXPECT_FALSE(form.Form_Unload());
-    const std::string& text = platform.boxes.back().text;
-    const std::string copy = text.substr(text.rfind('\n') + 1);
-    EXPECT_EQ(text, reason + "\n\nA rescue copy was saved as\n\n" + copy);
-    EXPECT_TRUE(copy.starts_with(folder.File("Morvane rescue 20"))) << copy;
-    EXPECT_EQ(MapIn(copy), Map());
-  };
   Press(5, 5);
-  platform.rescueFolders = {"/gone", folder.File("")};
-  exit("The map was not saved.");  // no file was chosen
-  document.CurrentFile = "/gone/a.bmp";
-  document.HasCurrentFile = true;
-  exit("The map could not be saved.\n\n/gone/a.bmp\n\nThe folder doesn't exist.");
+  platform.rescueFolders = {folder.File("")};
+  platform.answers = {Answer::Yes};  // but no file is chosen
+  EXPECT_FALSE(form.Form_Unload());
+  EXPECT_TRUE(platform.boxes.back().text.starts_with(
+      "The map was not saved.\n\nA rescue copy was saved as\n\n" +
+      folder.File("Morvane rescue 20")));
   const std::string names = NamesIn(".");
   EXPECT_FALSE(form.SessionEnds(false));
   EXPECT_EQ(NamesIn("."), names) << "one copy is enough";
 
   platform.rescueFolders = {"/gone"};
   platform.answers = {Answer::Yes, Answer::Yes, Answer::Yes};
-  platform.chosenFiles = {"/gone/again.bmp", folder.File("chosen.bmp")};
+  platform.chosenFiles = {"/gone/a.bmp", "/gone/again.bmp", folder.File("chosen.bmp")};
   platform.boxes.clear();
   EXPECT_FALSE(form.Form_Unload());
   EXPECT_EQ(platform.boxes.size(), 3U);
@@ -122,19 +112,8 @@ TEST_F(Rules, ExitWithoutASaveLeavesARescueCopy) {
   EXPECT_TRUE(platform.RescueNotes().empty()) << "the copies have been reported already";
 }
 
-/// A map with two tiles, the second in its lowest rows, which are the first in the snapshot.
-struct Undo : FormFixture {
-  Picture one, both;
-
-  Undo() {
-    Press(5, 5);
-    one = Map();
-    Press(45, 465);
-    both = Map();
-  }
-};
-
-TEST_F(Undo, ShowsTheHourglassWhileItReads) {
+TEST_F(Rules, UndoShowsTheHourglassWhileItReads) {
+  Press(5, 5);
   Choose("mnuToolsInsertText");
   const auto shapes = [this] {
     return std::pair(window.cursor().shape(), Find("Canvas")->cursor().shape());
@@ -150,9 +129,13 @@ TEST_F(Undo, ShowsTheHourglassWhileItReads) {
   EXPECT_EQ(shapes(), std::pair(Qt::ArrowCursor, Qt::IBeamCursor));
 }
 
-TEST_F(Undo, AFailureIsReportedAndLeavesTheMap) {
+TEST_F(Rules, AFailedUndoIsReportedAndLeavesTheMap) {
+  Press(5, 5);
+  const Picture one = Map();
+  Press(45, 465);  // the lowest rows, which are the first in the snapshot
+  Picture both = Map();
   const Bytes whole = ReadFile("mvtmp.~mp");
-  const auto expectFailure = [this](const std::string& reason) {
+  const auto expectFailure = [&](const std::string& reason) {
     mnuEditUndo_Click(document);
     EXPECT_EQ(OneBox(), "The last change can't be taken back.\n\n" + reason);
     EXPECT_EQ(Difference(Map(), both), "");
