@@ -33,7 +33,7 @@ struct Rescue : FormFixture {
     if (nextPlatform.boxes.empty()) return "";
     EXPECT_EQ(nextPlatform.boxes.size(), 1U);
     const std::string& text = nextPlatform.boxes[0].text;
-    const std::string path = QString::fromStdString(text).section('\n', 2, 2).toStdString();
+    std::string path = QString::fromStdString(text).section('\n', 2, 2).toStdString();
     EXPECT_EQ(text, "Morvane did not end properly last time. The map was saved as\n\n" + path +
                         "\n\nThe last stroke may be missing.");
     return path;
