@@ -38,6 +38,7 @@ void PlaceText(Document& document, float X, float Y) {
     pbTempText.SetPicture(std::move(block));
     CopyToMap(document, Gesture::Press, document.TextX - kLeftOfPointer,
               document.TextY - kAbovePointer, pbTempText.ScaleSize(), pbTempText.Image(), kWhite);
+    document.Canvas.Refresh();
   }
   document.Canvas.MousePointer = Pointer::Cross;
 }
