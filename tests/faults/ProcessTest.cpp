@@ -5,6 +5,7 @@
 
 #include "platform/Leftovers.h"
 #include "platform/SnapshotFile.h"
+#include "shell/Termination.h"
 #include "tests/support/Child.h"
 
 namespace morvane {
@@ -59,6 +60,24 @@ TEST(Processes, TwoInOneFolderKeepTheirOwnSnapshots) {
   useSnapshots(200);
   EXPECT_EQ(WaitFor(other), 0);
   EXPECT_EQ(NamesIn("."), "");
+}
+
+TEST(Processes, TheEndOfADesktopSessionRescuesTheMap) {
+  const StartFolder folder;
+  const pid_t child = StartChild([&] {
+    EditorInChild editor;
+    editor.platform.rescueFolders = {folder.File("")};
+    const Termination termination(editor.form);
+    editor.Press(5, 5);
+    emit qApp->commitDataRequest(*qApp->findChild<QSessionManager*>());
+    EXPECT_NE(NamesIn(folder.File("")), "");
+    editor.Press(45, 5);  // the session continued
+    QEvent quit(QEvent::Quit);
+    QCoreApplication::sendEvent(qApp, &quit);
+    FAIL() << "it has not ended";
+  });
+  EXPECT_EQ(WaitFor(child), 0);
+  EXPECT_EQ(QDir().entryList({"*(2).bmp"}).size(), 1);
 }
 
 }  // namespace

@@ -149,7 +149,8 @@ TEST_F(Dialogs, PastedTextKeepsOnlyItsFormatWithinLimits) {
     EXPECT_EQ(TextBox().Paste(slow), "plain");
   }
   TextBox list;
-  list.Paste("<ul><li><b style='font-size:20pt;color:rgba(255,0,0,0.5)'>bold</b></li></ul>");
+  list.Paste("<ul><li>a<li><b style='font-size:20pt;color:rgba(255,0,0,0.5)'>bold");
+  EXPECT_EQ(list.textCursor().blockFormat(), QTextBlockFormat());
   EXPECT_TRUE(list.toHtml().contains("font-size:20pt; font-weight:700; color:#ff0000;"));
   const QString two =
       Sized("40px", QString("a").repeated(3000)) + Sized("50px", QString("b").repeated(3000));

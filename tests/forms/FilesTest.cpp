@@ -113,11 +113,12 @@ TEST(PrivateProfile, FindsKeysWithoutRegardToCase) {
   }
 }
 
-TEST(PrivateProfile, WritesAValueInOneLine) {
+TEST(PrivateProfile, WritesAValueInOneLineAndCutsBetweenCharacters) {
   const std::string fresh = WithProfileValue("", "Map", "Dir", "/m").Value();
   EXPECT_EQ(fresh, "[Map]\r\nDir=/m\r\n");
   EXPECT_EQ(WithProfileValue(fresh, "Map", "Dir", " ü ").Value(), "[Map]\r\nDir=\" ü \"\r\n");
   EXPECT_FALSE(WithProfileValue(fresh, "Map", "Dir", "/a\n[Color]").Ok());
+  EXPECT_EQ(CutText("aü", 2), "a");
 }
 
 struct Snapshots : testing::Test {
@@ -184,6 +185,7 @@ TEST_F(Snapshots, KilledRunsInOneFolderLeaveTheirOwn) {
   for (const auto& leftover : found) leftover->Delete();
   found.clear();
   WriteFile(name, {});
+  EXPECT_TRUE(LeftoverSnapshots().empty());
   std::filesystem::resize_file(name, std::uintmax_t{1} << 31U);
   EXPECT_TRUE(LeftoverSnapshots().empty()) << "too large";
 }

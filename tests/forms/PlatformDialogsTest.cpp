@@ -35,7 +35,7 @@ TEST_F(PlatformDialogs, FilesAreChosenByNameInTheRightFolder) {
   std::filesystem::create_directory("maps");
   const std::string maps = folder.File("maps/");
   const std::string odd = maps + "\xe4.bmp";  // not UTF-8
-  WriteFile(odd, Bytes(1'234'567));
+  WriteFile(odd, {});
   const QString oddName = QString(QChar::ReplacementCharacter) + ".bmp";
   const std::vector<std::tuple<FileDialog, bool, QString, std::string>> rows = {
       {{"Open", "Map files (*.bmp)|*.bmp", "", maps}, false, oddName, odd},
@@ -70,7 +70,7 @@ TEST_F(PlatformDialogs, AColourIsPickedFromThePresentOne) {
     dialog->accept();
   });
   std::uint32_t color = 0x0080FF;
-  platform.QtPlatform::ShowColor(color);
+  QtPlatform().ShowColor(color);
   EXPECT_EQ(color, 0x030201U);
 }
 

@@ -18,6 +18,7 @@ QImage Converted(const char* program, const QStringList& arguments, const char* 
 Failure PrintInto(MapPrinter& printer, const std::string& path, const Picture& map) {
   QTimer::singleShot(0, qApp, [&path] {
     auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+    EXPECT_EQ(dialog->printer()->docName(), kProgramName);
     dialog->printer()->setOutputFormat(QPrinter::PdfFormat);
     dialog->printer()->setOutputFileName(QString::fromStdString(path));
     dialog->reject();

@@ -65,8 +65,8 @@ TEST_F(Rules, FoldersOfCustomTiles) {
 
 TEST(Numbers, InSettings) {
   const std::vector<std::pair<std::string, double>> rows = {
-      {"", 0},         {"inf", 0},     {"+-1", 0}, {"yes 1", 0}, {" 1 2\t3 x", 123},
-      {"-7.5z", -7.5}, {"+1e3", 1000}, {".5", 0.5}};
+      {"", 0},      {"inf", 0},         {"nan", 0},      {"-", 0},       {"--1", 0}, {"+-1", 0},
+      {"yes 1", 0}, {" 1 2\t3 x", 123}, {"-7.5z", -7.5}, {"+1e3", 1000}, {".5", 0.5}};
   for (const auto& [text, value] : rows) EXPECT_EQ(NumericValue(text), value) << text;
   EXPECT_EQ(LongValue("2.5"), 2);
   EXPECT_EQ(LongValue("3.5"), 4);
@@ -93,6 +93,9 @@ TEST_F(Rules, ExitWithoutASaveLeavesARescueCopy) {
   EXPECT_TRUE(platform.boxes.back().text.starts_with(
       "The map was not saved.\n\nA rescue copy was saved as\n\n" +
       folder.File("Morvane rescue 20")));
+  form.RescueAtTermination();
+  EXPECT_EQ(QDir(".").entryList({"Morvane rescue*"}).size(), 1) << "one copy is enough";
+  EXPECT_TRUE(platform.RescueNotes().empty()) << "it was reported";
 
   platform.rescueFolders = {"/gone"};
   platform.answers = {Answer::Yes, Answer::Yes, Answer::Yes};

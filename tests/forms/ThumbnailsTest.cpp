@@ -58,6 +58,8 @@ TEST(Thumbnail, OfASlowPictureIsAbandoned) {
   ASSERT_NE(thumbnails.Of(quick), nullptr);
   EXPECT_EQ(thumbnails.Of(quick)->large.devicePixelRatio(), 4);
   EXPECT_EQ(thumbnails.Of(slow), nullptr);
+  thumbnails.Request({}, 2);
+  EXPECT_EQ(thumbnails.Of(quick), nullptr) << "too large for the other scale";
   ThumbnailCache impatient({16, 120}, std::chrono::milliseconds(1));
   impatient.Request({slow}, 1);
   EXPECT_TRUE(HasFinished());

@@ -21,7 +21,7 @@ struct EndToEnd : testing::Test {
     // The script, and with it the display, doesn't outlive a canceled test.
     bash.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
     bash.start("env", QStringList{"-u", "DBUS_SESSION_BUS_ADDRESS", "-u", "XDG_RUNTIME_DIR", "-u",
-                                  "XDG_STATE_HOME", "QT_SCALE_FACTOR=1.25",  // which is rounded
+                                  "XDG_STATE_HOME", "QT_SCALE_FACTOR=1.25",  // rounded to 1
                                   QString("MORVANE_PROGRAM=") + MORVANE_PROGRAM,
                                   QString("SCRIPTS=") + MORVANE_SCRIPTS, "bash"} +
                           arguments);
