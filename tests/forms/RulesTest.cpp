@@ -130,7 +130,7 @@ TEST_F(Rules, AFailedUndoIsReportedAndLeavesTheMap) {
   const auto expectFailure = [&](const std::string& reason) {
     mnuEditUndo_Click(document);
     EXPECT_EQ(OneBox(), "The last change can't be taken back.\n\n" + reason);
-    EXPECT_EQ(Difference(Map(), both), "");
+    EXPECT_EQ(Difference(Map().View(), both.View()), "");
     EXPECT_FALSE(document.mnuEditUndoEnabled || document.UndoButtonEnabled);
     EXPECT_EQ(document.Canvas.MousePointer, Pointer::Cross);
   };
@@ -147,7 +147,7 @@ TEST_F(Rules, AFailedUndoIsReportedAndLeavesTheMap) {
   expectFailure("The file ends too early.");
   WriteFile("mvtmp.~mp", whole);
   mnuEditUndo_Click(document);
-  EXPECT_EQ(Difference(Map(), one), "");
+  EXPECT_EQ(Difference(Map().View(), one.View()), "");
   platform.DeleteSnapshot();
   both = one;
   expectFailure("No earlier state of the map was kept.");

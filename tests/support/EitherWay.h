@@ -75,8 +75,8 @@ class EitherWay : public FormFixture {
   void ExpectSame() {
     ASSERT_EQ(Difference(document.Canvas.Image(), model.map.View()), "");
     ASSERT_EQ(Difference(document.pbclear.Image(), model.blank.View()), "");
-    ASSERT_EQ(Difference(ShownIn(palette.Picture1), model.stamp), "");
-    ASSERT_EQ(Difference(ShownIn(palette.Custom), model.custom), "");
+    ASSERT_EQ(Difference(ShownIn(palette.Picture1).View(), model.stamp.View()), "");
+    ASSERT_EQ(Difference(ShownIn(palette.Custom).View(), model.custom.View()), "");
     ASSERT_EQ(Values(palette.Shape1), Values(model.outline));
     ASSERT_EQ(std::tuple(document.Canvas.Width(), document.Canvas.Height(), palette.CurrentMode(),
                          palette.TileSetSelector.ListIndex, palette.Label2, palette.Label5,

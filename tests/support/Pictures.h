@@ -68,10 +68,6 @@ inline std::string Difference(const PictureView& one, const PictureView& other) 
   return {};
 }
 
-inline std::string Difference(const Picture& one, const Picture& other) {
-  return Difference(one.View(), other.View());
-}
-
 /// A picture as the bytes of a map file.
 inline Bytes WriteBmp(const PictureView& picture) {
   BmpEncoder file(picture);

@@ -70,11 +70,11 @@ TEST_P(Ends, NoneLosesTheMap) {
     for (int x = 2; x <= 9; ++x) model.Paint(x == 2, 1, x * 20 + 8, row * 20 + 8);
   }
   Start(std::string("row 2 2 9; row 2 7 9; ") + end);
-  const Picture& kept = isKill ? model.undo : model.map;
-  EXPECT_EQ(Difference(MapIn(isKill ? File("mvtmp.~mp") : RescueCopy()), kept), "");
+  const PictureView kept = (isKill ? model.undo : model.map).View();
+  EXPECT_EQ(Difference(MapIn(isKill ? File("mvtmp.~mp") : RescueCopy()).View(), kept), "");
   EXPECT_EQ(NamesIn(File(".local/state")), isKill ? "" : "morvane");
   Start("await 2; key Return; await 1; end kill -KILL $editor");
-  EXPECT_EQ(Difference(MapIn(RescueCopy()), kept), "");
+  EXPECT_EQ(Difference(MapIn(RescueCopy()).View(), kept), "");
   EXPECT_EQ(NamesIn(File(".local/state")), "") << "it would be reported a second time";
 }
 
@@ -85,11 +85,11 @@ TEST_F(EndToEnd, TheTourPaintsItsMapThroughTheRealProgram) {
   ASSERT_NO_FATAL_FAILURE(RunScript({MORVANE_SCRIPTS "/tour", folder.filePath("out")}));
   const Picture map = MapIn(File("out/map.bmp"));
   for (const char* name : {"out/again.bmp", "out/outside.bmp"}) {
-    EXPECT_EQ(Difference(MapIn(File(name)), map), "") << name;
+    EXPECT_EQ(Difference(MapIn(File(name)).View(), map.View()), "") << name;
   }
   const auto expect = [&](const Picture& picture, int x, int y) {
     const Rect place = {x, y, x + picture.Width(), y + picture.Height()};
-    EXPECT_EQ(Difference(Cut(map.View(), place), picture), "") << x << ',' << y;
+    EXPECT_EQ(Difference(Cut(map.View(), place).View(), picture.View()), "") << x << ',' << y;
   };
   expect(art.Of(*FindItem("pbaltar")), 320, 80);
   expect(Transformed(art.Of(*FindItem("pbbed")).View(), Transform::RotateRight), 160, 180);
