@@ -153,7 +153,7 @@ TEST_F(Dialogs, PastedTextKeepsOnlyItsFormatWithinLimits) {
   EXPECT_EQ(list.textCursor().blockFormat(), QTextBlockFormat());
   EXPECT_TRUE(list.toHtml().contains("font-size:20pt; font-weight:700; color:#ff0000;"));
   const QString two =
-      Sized("40px", QString("a").repeated(3000)) + Sized("50px", QString("b").repeated(3000));
+      Sized("40px", QString("a").repeated(3000)) + Sized("37.5pt", QString("b").repeated(3000));
   EXPECT_EQ(TextBox().Paste(two).size(), 3000 + (160'000 - 16 - 3000 * 40) / 50);
   TextBox large;
   EXPECT_LT(large.Paste(Sized("30000px", QString("AM ").repeated(2000))).size(), 500);
