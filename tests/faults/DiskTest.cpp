@@ -138,8 +138,9 @@ TEST(Disk, ReadOnlyFiles) {
 }
 
 TEST(Disk, RemovedFolder) {
-  ExpectNoHarm({.reason = "The folder doesn't exist.",
-                .occur = [] { std::filesystem::remove_all(std::filesystem::current_path()); }});
+  ExpectNoHarm({.reason = "The folder doesn't exist.", .prepare = BecomeOrdinaryUser, .occur = [] {
+                  std::filesystem::remove_all(std::filesystem::current_path());
+                }});
 }
 
 }  // namespace

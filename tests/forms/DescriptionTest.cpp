@@ -153,7 +153,8 @@ QString ChooseTab(QTabBar& tabs, int index) {
   EXPECT_EQ(tab->role(), QAccessible::PageTab);
   EXPECT_EQ(tab->parent(), &strip);
   tab->actionInterface()->doAction(tab->actionInterface()->actionNames().value(0));
-  return tab->text(QAccessible::Name) + (tab->state().selected ? " selected" : "");
+  return tab->text(QAccessible::Name) + (tab->state().selected ? " selected" : "") +
+         (tab->state().focused ? " focused" : "");
 }
 
 struct Forms : FormFixture {

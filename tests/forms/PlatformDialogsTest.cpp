@@ -22,6 +22,7 @@ TEST_F(PlatformDialogs, MessagesHaveTheirButtonsAndAnswerToTheirLetters) {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         EXPECT_EQ(box->icon(), icon);
         EXPECT_EQ(box->buttons().size(), count);
+        EXPECT_NE(box->defaultButton(), nullptr);
         EXPECT_EQ(Find<QLabel>("SimpleText")->text(), "status");
         QTest::keyClick(box, key);
       });

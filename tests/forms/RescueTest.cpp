@@ -92,13 +92,15 @@ TEST_F(Rescue, OnlyUnsavedMapsAreCopied) {
   EXPECT_EQ(copies(), 0) << "the map is blank";
   OpenMap(document, folder.File("small.bmp"));
   EXPECT_EQ(copies(), 0) << "the map is as in its file";
+  WriteFile("small.bmp", WriteBmp(Speckled(2000, 20).View()));
+  EXPECT_EQ(copies(), 1) << "another program replaced the file";
   Press(5, 5);
   const Bytes undo = ReadFile(kSnapshot);
-  EXPECT_EQ(copies(), 1);
+  EXPECT_EQ(copies(), 2);
   EXPECT_EQ(ReadFile(kSnapshot), undo);
   Press(45, 5);
   mnuFileSave_Click(document);
-  EXPECT_EQ(copies(), 1) << "the map was saved";
+  EXPECT_EQ(copies(), 2) << "the map was saved";
   form.RescueAtTermination();
   EXPECT_TRUE(platform.RescueNotes().empty());
 }

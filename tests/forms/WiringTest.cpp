@@ -60,7 +60,9 @@ TEST_F(Wiring, EveryItemShowsItsPicture) {
   }
   const QImage plain = Shown(*Find("pbmarking"));
   QTest::mouseMove(Find("pbmarking"), {10, 10});
-  EXPECT_TRUE(Shown(*Find("pbmarking")) != plain) << "the frame of the tile under the pointer";
+  const QImage framed = Shown(*Find("pbmarking"));
+  Find("pbmarking")->setFocus();
+  EXPECT_TRUE(framed != plain && framed != Shown(*Find("pbmarking"))) << "under the pointer";
   palette.Shape1.Visible = true;
   QTest::mouseMove(Client(), {4, 400});
   EXPECT_FALSE(palette.Shape1.Visible) << "the outline is hidden over the background of the window";
