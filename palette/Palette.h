@@ -20,6 +20,7 @@ struct Outline {
     Width = size.width;
     Height = size.height;
   }
+  friend bool operator==(const Outline&, const Outline&) = default;
 };
 
 /// What the mouse paints. The mode button shows it.

@@ -68,16 +68,13 @@ class EitherWay : public FormFixture {
   static Picture ShownIn(const PictureBox& box) {
     return Cut(box.Image(), {0, 0, box.ScaleWidth(), box.ScaleHeight()});
   }
-  static auto Values(const Outline& outline) {
-    return std::tuple(outline.Left, outline.Top, outline.Width, outline.Height, outline.Visible);
-  }
 
   void ExpectSame() {
     ASSERT_EQ(Difference(document.Canvas.Image(), model.map.View()), "");
     ASSERT_EQ(Difference(document.pbclear.Image(), model.blank.View()), "");
     ASSERT_EQ(Difference(ShownIn(palette.Picture1).View(), model.stamp.View()), "");
     ASSERT_EQ(Difference(ShownIn(palette.Custom).View(), model.custom.View()), "");
-    ASSERT_EQ(Values(palette.Shape1), Values(model.outline));
+    ASSERT_EQ(palette.Shape1, model.outline);
     ASSERT_EQ(std::tuple(document.Canvas.Width(), document.Canvas.Height(), palette.CurrentMode(),
                          palette.TileSetSelector.ListIndex, palette.Label2, palette.Label5,
                          document.StatusText, document.mnuEditUndoEnabled,
