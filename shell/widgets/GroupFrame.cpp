@@ -13,7 +13,6 @@ void GroupFrame::paintEvent(QPaintEvent* /*event*/) {
   const QFontMetrics metrics = fontMetrics();
   const QRect text(kTitleLeft, 0, metrics.horizontalAdvance(title().trimmed()), metrics.height());
   const int middle = text.height() / 2;
-  painter.setPen(palette().color(QPalette::WindowText));
   painter.drawText(text, Qt::AlignCenter, title().trimmed());
   painter.setClipRegion(QRegion(rect()) - text.adjusted(-kGap, 0, kGap, 0));
   painter.setRenderHint(QPainter::Antialiasing);

@@ -51,6 +51,7 @@ TEST(Bmp, ReadsEveryDepthUnderEveryHeader) {
       if (header != 12) ExpectPixels(maker.Make(), {kRed, kBlue});
     }
   }
+  ExpectPixels(BmpMaker{.bits = 8, .palette = {9}, .data = Bytes(4)}.Make(), {9});
   const BmpMaker wide{.width = 9, .bits = 2, .palette = {10, 11, 12, 13}, .data = {27, 228, 64, 0}};
   ExpectPixels(wide.Make(), {10, 11, 12, 13, 13, 12, 11, 10, 11});
 }

@@ -127,10 +127,12 @@ TEST_F(Dialogs, TextKeepsItsFormatBetweenDialogs) {
 
 TEST_F(Dialogs, TextIsDrawnFromTheTopLeftWrappedAndWithoutAntialiasing) {
   Picture picture(509, 349);
+  QApplication::setPalette(QPalette(Qt::black));
   DrawRichText(
       "<p style='margin:0'><span style='font-size:20pt;color:#ff0000'><u>Red</u> </span>"
-      "<span style='font-size:60pt;color:#000000'>Black Black</span></p>",
+      "<span style='font-size:60pt'>Black Black</span></p>",
       picture);
+  QApplication::setPalette(QPalette());
   const std::set<Pixel> colors(picture.Row(0), picture.Row(349));
   EXPECT_EQ(colors, (std::set<Pixel>{0xFFFFFFFF, 0xFFFF0000, 0xFF000000}));
   const QPixmap drawn = QPixmap::fromImage(ImageOver(picture.View()));

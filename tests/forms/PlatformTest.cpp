@@ -26,6 +26,7 @@ TEST_F(PlatformDialogs, MessagesHaveTheirButtonsAndAnswerToTheirLetters) {
       QTimer::singleShot(0, [&, icon = icon, count = std::ssize(keys)] {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         EXPECT_EQ(box->icon(), icon);
+        EXPECT_EQ(box->textFormat(), Qt::PlainText);
         EXPECT_EQ(box->buttons().size(), count);
         EXPECT_NE(box->defaultButton(), nullptr);
         EXPECT_EQ(Find<QLabel>("SimpleText")->text(), "status");
