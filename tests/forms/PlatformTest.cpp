@@ -51,20 +51,22 @@ TEST_F(PlatformDialogs, FilesAreChosenByNameInTheRightFolder) {
       {{"Save As", "All (*.*)|*.*", maps + "old.bmp", maps}, true, "", maps + "old.bmp"},
       {{"Save As", "All (*.*)|*.*", "", maps}, true, "", ""}};  // not closed by Return
   for (const auto& [dialog, saves, typed, chosen] : rows) {
-    SCOPED_TRACE(chosen);
-    QTimer::singleShot(0, [&, dialog = dialog, typed = typed] {
+    QTimer::singleShot(0, [&, dialog = dialog, typed = typed, chosen = chosen] {
       auto* box = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
       auto* name = box->findChild<QLineEdit*>("fileNameEdit");
       EXPECT_EQ(box->windowTitle(), TextOf(dialog.DialogTitle));
       EXPECT_EQ(box->nameFilters(), QStringList(TextOf(dialog.Filter).section('|', 0, 0)));
       EXPECT_EQ(box->directory(), QDir(TextOf(maps)));
+      EXPECT_EQ(Find<QLabel>("SimpleText")->text(), TextOf(chosen));
       EXPECT_EQ(name->text(), dialog.FileName.empty() ? "" : "old.bmp");
       QTest::sendKeyEvent(QTest::Click, name, Qt::Key_unknown, typed, {});
       QTest::keyClick(name, Qt::Key_Return);
       QCoreApplication::processEvents();
       if (box->isVisible()) box->reject();
     });
-    EXPECT_EQ(saves ? QtPlatform().ShowSave(dialog) : QtPlatform().ShowOpen(dialog), chosen);
+    document.StatusText = chosen;
+    EXPECT_EQ(saves ? platform.QtPlatform::ShowSave(dialog) : platform.QtPlatform::ShowOpen(dialog),
+              chosen);
   }
 }
 

@@ -168,7 +168,7 @@ class RandomSession : public EitherWay {
     if (width == 0 || height == 0 || Random(0, 3) == 0) {
       return OneOf({[&] { Canvas_KeyDown(palette, kKeyEscape, 0); }, [&] { MapKey("Esc"); }});
     }
-    const std::string text = "<b>Crypt</b> of the " + std::to_string(X) + " kings";
+    const std::string text = "<b style='font-size:" + std::to_string(Random(8, 250)) + "pt'>Crypt";
     const bool isAccepted = Random(0, 3) > 0;
     if (isAccepted) platform.typedTexts = {text};
     Press(1 << Random(0, 2), X, Y);

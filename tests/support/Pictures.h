@@ -31,8 +31,7 @@ inline Picture Speckled(int width, int height, unsigned seed = 1) {
 inline Picture SpeckledSheet(const std::string& name) {
   Picture sheet = Speckled(120, 180, std::hash<std::string>()(name));
   if (name != "classic-village/edges") return sheet;
-  for (int x = 0; x < 60; x += 2)
-    FillBox(sheet.Draw(), {x, x % 30 == 0 ? 1 : 0, x + 1, 30}, 0xFF00FF);
+  for (int x = 0; x < 60; x += 2) FillBox(sheet.Draw(), {x, x % 30 == 0, x + 1, 30}, 0xFF00FF);
   return sheet;
 }
 
