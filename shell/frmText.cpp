@@ -25,8 +25,6 @@ frmText::frmText(const std::string& text, QWidget* owner)
     button->setFont(ArialFont(kSmallText));
     button->setAutoDefault(false);
   }
-  setTabOrder(RichTextBox1_, cmdOK);
-  setTabOrder(cmdOK, cmdFont);
   connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
   connect(cmdFont, &QPushButton::clicked, this, &frmText::cmdFont_Click);
   RichTextBox1_->setFocus();

@@ -115,11 +115,11 @@ TEST(Bmp, RunsThatCannotFillALargePictureAreRefused) {
 }
 
 TEST(Bmp, WritesExactlyThisFile) {
-  const Picture picture(1, 1, 0x030201);  // red 1, green 2, blue 3
-  const Bytes expected = {'B', 'M', 58, 0, 0, 0, 0, 0, 0,    0,    54, 0, 0,    0,    40,
-                          0,   0,   0,  1, 0, 0, 0, 1, 0,    0,    0,  1, 0,    24,   0,
-                          0,   0,   0,  0, 4, 0, 0, 0, 0xC4, 0x0E, 0,  0, 0xC4, 0x0E, 0,
-                          0,   0,   0,  0, 0, 0, 0, 0, 0,    3,    2,  1, 0};
+  const Picture picture(1, 2, 0x030201);  // red 1, green 2, blue 3
+  const Bytes expected = {'B', 'M', 62, 0, 0, 0, 0,    0,  0, 0, 54,   0,  0,  0, 40, 0,
+                          0,   0,   1,  0, 0, 0, 2,    0,  0, 0, 1,    0,  24, 0, 0,  0,
+                          0,   0,   8,  0, 0, 0, 0xC4, 14, 0, 0, 0xC4, 14, 0,  0, 0,  0,
+                          0,   0,   0,  0, 0, 0, 3,    2,  1, 0, 3,    2,  1,  0};
   EXPECT_EQ(WriteBmp(picture.View()), expected);
 }
 

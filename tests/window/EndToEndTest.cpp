@@ -5,7 +5,6 @@
 #include <QProcess>
 #include <csignal>
 
-#include "document/picture/Transform.h"
 #include "tests/support/Child.h"
 #include "tests/support/ReferenceModel.h"
 
