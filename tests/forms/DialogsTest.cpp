@@ -46,7 +46,7 @@ TEST_F(Dialogs, OptionsReadAndWriteFiveKeys) {
   frmOptions dialog(document, &window);
   dialog.show();
   const auto shownColor = [&](const char* box) {
-    return Shown(*dialog.findChild<QWidget*>(box)).pixelColor(9, 9);
+    return Shown(dialog).pixelColor(dialog.findChild<QWidget*>(box)->mapTo(&dialog, QPoint(9, 9)));
   };
   EXPECT_EQ(shownColor("ColorBox"), Qt::black) << "the defaults replace only two blacks";
   Click(dialog, "GridPaletteButton");  // canceled: the dialog's colour is black at first

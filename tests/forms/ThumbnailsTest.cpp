@@ -110,6 +110,7 @@ TEST_F(CustomFiles, AreListedWithThumbnailsAndToolTips) {
   EXPECT_EQ(folders->currentItem()->data(Qt::AccessibleDescriptionRole), QDir::currentPath());
   PressReturn(folders, folders->count() - 1);
   EXPECT_EQ(list->count(), 1) << "a pipe isn't listed";
+  EXPECT_EQ(folders->count(), std::ssize(palette.Dir1.Rows()));
   EXPECT_TRUE(
       QTest::qWaitFor([this] { return ToolTipAt(0).endsWith("a &amp; %2.bmp, 64 x 48</div>"); }));
   PressReturn(list, 0);
