@@ -1,8 +1,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
-
 #include "document/PictureFile.h"
 #include "platform/Files.h"
 #include "platform/Images.h"
@@ -143,6 +141,7 @@ TEST_F(Snapshots, OnlyTheLatestSnapshotIsKept) {
   WriteAndReadBack(file, second);
   EXPECT_FALSE(std::filesystem::equivalent(name, "old")) << "one of another size replaces it";
   EXPECT_TRUE(file.IsUntouched());
+  EXPECT_EQ(std::filesystem::status(name).permissions(), std::filesystem::perms(0600));
   QDir::setCurrent("/");  // it stays in its folder
   WriteAndReadBack(file, first);
   file.Delete();
