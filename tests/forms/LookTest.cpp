@@ -68,21 +68,6 @@ void ExpectLegible(const QImage& picture, const QWidget& form, const QWidget& co
               HasContrast(picture, seen, required));
 }
 
-/// Expects that fields, lists, check boxes and pages have a visible left edge.
-void ExpectEdge(const QImage& picture, const QWidget& form, const QWidget& control) {
-  QStyleOptionButton option;
-  option.initFrom(&control);
-  QRect place = control.rect();
-  if (control.inherits("QCheckBox")) {
-    place = control.style()->subElementRect(QStyle::SE_CheckBoxIndicator, &option, &control);
-  } else if (!(control.inherits("QLineEdit") && control.parentWidget()->inherits("QDialog")) &&
-             !control.inherits("QListWidget") && !control.inherits("morvane::TabStrip")) {
-    return;
-  }
-  const QPoint outside = control.mapTo(&form, QPoint(place.left() - 2, place.center().y()));
-  EXPECT_TRUE(HasContrast(picture, {outside, QSize(5, 3)}, 1.2)) << "no edge";
-}
-
 /// Expects that the entries of a menu bar and the lines between them are visible.
 void CheckMenus(const QWidget& form) {
   for (auto* menu : form.findChildren<QMenu*>()) {
@@ -108,7 +93,6 @@ void Check(QWidget& form, const QSize& screen) {
     SCOPED_TRACE(QDebug::toString(control).toStdString());
     if (!control->isVisible()) continue;
     ExpectLegible(picture, form, *control);
-    if (picture.devicePixelRatio() == 1) ExpectEdge(picture, form, *control);
   }
 }
 
@@ -155,11 +139,7 @@ void CheckOn(const Look& look) {
   qputenv(look.variable, look.value);
   UseWholeScaleFactors();
   EditorInChild editor;
-  if (look.isDark) {
-    QPalette dark({49, 54, 59}, {49, 54, 59});
-    dark.setColor(QPalette::Base, {45, 50, 54});
-    QApplication::setPalette(dark);
-  }
+  if (look.isDark) QApplication::setPalette(DarkPalette());
   QApplication::setFont(QFont("Liberation Sans", look.fontSize));
   for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();
   ASSERT_EQ(editor.window.devicePixelRatioF(), look.zoom);

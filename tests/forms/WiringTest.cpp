@@ -1,6 +1,4 @@
-
 #include "platform/NaturalOrder.h"
-#include "shell/frmAbout.h"
 #include "shell/widgets/Text.h"
 #include "tests/support/FormFixture.h"
 
@@ -18,38 +16,16 @@ struct PaintWatch : QObject {
 
 using Wiring = FormFixture;
 
-/// Expects lines on the background of a form, and nothing else.
-void ExpectLines(QWidget& form, const QRegion& lines) {
-  QPixmap background(form.size());
-  form.render(&background, {}, {}, QWidget::DrawWindowBackground);
-  const QColor color = background.toImage().pixelColor(1, 1);
-  const QRegion wrong = lines.xored(background.createMaskFromColor(color));
-  EXPECT_TRUE(wrong.isEmpty()) << wrong.boundingRect().x() << ", " << wrong.boundingRect().y();
-}
-
 TEST_F(Wiring, OutOfMemoryIsReportedAndExitEnds) {
   platform.memoryRunsOut = true;
   ClickTool("Open");
   EXPECT_EQ(Find<QLabel>("SimpleText")->text(), "There is not enough memory for this.");
-  platform.answers = {Answer::No};
-  Choose("mnuFileExit");
-  EXPECT_FALSE(window.isVisible() || QFile::exists("mvtmp.~mp"));
-}
-
-TEST_F(Wiring, LinesAndBordersAreAsDesigned) {
-  ExpectLines(*Client(), QRegion(4, 32, 157, 1) + QRect(4, 80, 158, 1) + QRect(4, 155, 157, 1) +
-                             QRect(80, 32, 1, 49) + QRect(120, 80, 1, 76) + QRect(48, 80, 1, 76));
-  frmAbout about(platform, &window);
-  ExpectLines(about, {15, 162, 363, 1});
-  const QImage map = Shown(*Find("Canvas"));
-  QImage sunken = map;
-  QPainter painter(&sunken);
-  qDrawWinPanel(&painter, sunken.rect(), window.palette(), true);
-  painter.end();
-  EXPECT_EQ(map, sunken);
   document.StatusText = std::string(300, 'w');  // too long for the status bar
   window.ShowState();
   EXPECT_EQ(Find("SimpleText")->toolTip(), QString(300, 'w'));
+  platform.answers = {Answer::No};
+  Choose("mnuFileExit");
+  EXPECT_FALSE(window.isVisible() || QFile::exists("mvtmp.~mp"));
 }
 
 TEST_F(Wiring, EveryItemShowsItsPicture) {

@@ -156,6 +156,12 @@ inline QImage Shown(QWidget& widget) {
   return shown.convertToFormat(QImage::Format_RGB32);
 }
 
+inline QPalette DarkPalette() {
+  QPalette dark({49, 54, 59}, {49, 54, 59});
+  dark.setColor(QPalette::Base, {45, 50, 54});
+  return dark;
+}
+
 /// The real main window, started in a temporary folder.
 struct FormFixture : testing::Test {
   StartFolder folder;
