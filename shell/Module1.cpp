@@ -88,22 +88,26 @@ void OpenArgument(frmMain& window, const char* argument) {
 
 }  // namespace
 
-int RunMorvane(int argc, char** argv) {
-  PrepareProcess();
-  QApplication application(argc, argv);
+void SetUpApplication() {
   QApplication::setStyle(new FocusStyle);
   // Strokes need every mouse event. The platform plugin has just enabled their compression.
   QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
   QApplication::setApplicationName(kProgramName);
   QApplication::setDesktopFileName("org.morvane.Morvane");
+  // Qt's dialogs would look at the folders of earlier runs first, and hang on a network folder that
+  // is gone. So Qt's own settings get a path that can't exist.
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
+}
+
+int RunMorvane(int argc, char** argv) {
+  PrepareProcess();
+  QApplication application(argc, argv);
+  SetUpApplication();
   auto* splash = new frmSplash;
   splash->setAttribute(Qt::WA_DeleteOnClose);
   splash->ShowAtOnce();
 
   QApplication::setWindowIcon(LoadIcon("morvane"));
-  // Qt's dialogs would look at the folders of earlier runs first, and hang on a network folder that
-  // is gone. So Qt's own settings get a path that can't exist.
-  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
   QtPlatform platform;
   MainForm form(platform, &LoadArtSheet);
   frmMain window(form);

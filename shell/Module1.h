@@ -2,6 +2,9 @@
 
 namespace morvane {
 
+/// Sets the style and the other properties of the application object, which must exist.
+void SetUpApplication();
+
 /// Runs the program. Returns the exit code.
 int RunMorvane(int argc, char** argv);
 

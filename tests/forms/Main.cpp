@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "shell/widgets/FocusStyle.h"
+#include "shell/Module1.h"
 #include "shell/widgets/WholeScale.h"
 
 int main(int argc, char** argv) {
@@ -15,6 +15,6 @@ int main(int argc, char** argv) {
   qputenv("TZ", "UTC");
   morvane::UseWholeScaleFactors();
   const QApplication application(argc, argv);
-  QApplication::setStyle(new morvane::FocusStyle);
+  morvane::SetUpApplication();
   return RUN_ALL_TESTS();
 }

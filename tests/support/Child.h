@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <fstream>
 
-#include "shell/widgets/FocusStyle.h"
+#include "shell/Module1.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {
@@ -32,11 +32,7 @@ inline int WaitFor(pid_t child) {
 
 /// In a child: the application as the program sets it up.
 struct Application {
-  Application() {
-    QApplication::setStyle(new FocusStyle);
-    // So that Qt's dialogs write nothing into the home folder.
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, "/dev/null");
-  }
+  Application() { SetUpApplication(); }
   int count = 1;
   char name[8] = "morvane";
   char* arguments[2] = {name, nullptr};
