@@ -33,7 +33,8 @@ void MountSmallDisk() {
   std::ofstream("/proc/self/setgroups") << "deny";
   std::ofstream("/proc/self/uid_map") << user + ' ' + user + " 1";
   std::ofstream("/proc/self/gid_map") << group + ' ' + group + " 1";
-  if (mount("none", qgetenv("TMPDIR"), "tmpfs", 0, "size=6m") != 0) _exit(kCannot);
+  if (mount("/dev/disk", qgetenv("TMPDIR"), "tmpfs", 0, "size=6m") != 0) _exit(kCannot);
+  EXPECT_EQ(MountedVolumes().back(), qgetenv("TMPDIR").toStdString());
 }
 
 /// A fault of the disk or the start folder that occurs while the editor runs.

@@ -252,7 +252,7 @@ TEST_F(Forms, AreDescribedInFormsTxt) {
   const QString published = TextOf(std::string(file.begin(), file.end()));
   const bool isFine = window.devicePixelRatioF() != 1;
   EXPECT_EQ(text.toStdString(), (isFine ? WithoutPictures(published) : published).toStdString());
-  if (!HasFailure()) return;
+  if (!HasFailure() || isFine) return;
   std::ofstream(QCoreApplication::applicationDirPath().toStdString() + "/forms.txt")
       << text.toStdString();
 }

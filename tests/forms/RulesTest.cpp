@@ -6,7 +6,6 @@
 #include "platform/Folders.h"
 #include "tests/support/BmpMaker.h"
 #include "tests/support/FormFixture.h"
-#include "tools/CanvasKeyboard.h"
 
 namespace morvane {
 namespace {
@@ -60,7 +59,6 @@ TEST_F(Rules, FoldersOfCustomTiles) {
   EXPECT_EQ(document.settings.Write("Custom", "Dir", start + "custom"), "");
   ShowStoredFolder(palette);
   EXPECT_EQ(palette.File1.Files(), std::vector<std::string>{"tile.bmp"});
-  EXPECT_FALSE(Canvas_KeyDown(palette, kKeyM, kShift | kAlt));
 }
 
 TEST(Numbers, InSettings) {

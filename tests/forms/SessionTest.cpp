@@ -48,7 +48,8 @@ class RandomSession : public EitherWay {
     if (roll < 90) return PickFile();
     if (roll < 92) return Resize();
     if (roll < 94) return InsertText();
-    if (roll < 98) return UseFiles();
+    if (roll < 97) return UseFiles();
+    if (roll < 99) return LeaveMap();
     UseWhatDoesNothing();
   }
 
@@ -177,11 +178,20 @@ class RandomSession : public EitherWay {
     model.Text(text, isAccepted ? &block : nullptr, X, Y);
   }
 
+  /// Moves the mouse to the left edge of the window.
+  void LeaveMap() {
+    OneOf({[&] { HideOutline(palette); },
+           [&] {
+             QTest::mouseMove(Client(), {1, Random(30, 400)});
+           }});
+    model.outline.Visible = false;
+  }
+
   void UseWhatDoesNothing() {
     const std::array tools = {"Redo", "Cut", "Copy", "Paste"};
-    const std::array keys = {"Ctrl+R", "Ctrl+X", "Ctrl+C", "Ctrl+V", "F1"};
+    const std::array keys = {"Ctrl+R", "Ctrl+X", "Ctrl+C", "Ctrl+V", "F1", "M", "Alt+Shift+M"};
     OneOf({[] {}, [&] { ClickTool(tools.at(Random(0, 3))); },
-           [&] { MapKey(keys.at(Random(0, 4))); }});
+           [&] { MapKey(keys.at(Random(0, 6))); }});
   }
 
   /// Commands that use files, answered at random.

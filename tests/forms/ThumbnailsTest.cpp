@@ -98,8 +98,11 @@ TEST_F(CustomFiles, AreListedWithThumbnailsAndToolTips) {
   for (const char* name : {"tile10.gif", "Tile2.GIF", "notes.txt"}) WriteFile(name, {'n', 'o'});
   ASSERT_EQ(mkfifo("art/pipe.gif", 0600), 0);
   auto* sets = Find<QComboBox>("TileSetSelector");
+  auto* drive = Find<QComboBox>("Drive1");
+  platform.drives.push_back(folder.File(""));
   emit sets->activated(kCustomSet);
   EXPECT_EQ(list->item(2)->text(), "tile10.gif");
+  EXPECT_EQ(drive->currentText().toStdString(), folder.File(""));
   EXPECT_TRUE(ToolTipAt(0).contains("n&lt;b&gt;.bmp")) << "it doesn't fit in the list";
   EXPECT_TRUE(HasPixel(0, Qt::red));
   EXPECT_TRUE(HasFinished());
@@ -122,8 +125,10 @@ TEST_F(CustomFiles, AreListedWithThumbnailsAndToolTips) {
 
   emit folders->itemDoubleClicked(folders->item(1));
   EXPECT_EQ(palette.Dir1.Path(), QDir::currentPath().section('/', 0, 1).toStdString());
-  emit Find<QComboBox>("Drive1")->activated(0);
-  EXPECT_EQ(palette.Dir1.Path(), "/");
+  emit drive->activated(0);
+  EXPECT_EQ(drive->currentText(), "/");
+  emit drive->activated(1);
+  EXPECT_EQ(palette.Dir1.Path(), folder.File(""));
   EXPECT_TRUE(HasFinished());
 }
 

@@ -45,7 +45,8 @@ class ScriptedPlatform : public QtPlatform {
   bool memoryRunsOut = false;                   ///< in the Open dialog and in Undo
   std::optional<std::size_t> readableSnapshot;  ///< bytes of it; all if empty
   std::vector<std::string> rescueFolders;       ///< the real ones if empty
-  std::function<void()> onNextBox;              ///< called while the next message box is open
+  std::vector<std::string> drives = {"/"};
+  std::function<void()> onNextBox;  ///< called while the next message box is open
 
   Answer MsgBox(const std::string& text, BoxStyle style, const std::string& title) override {
     ShowState();
@@ -60,6 +61,7 @@ class ScriptedPlatform : public QtPlatform {
   std::string ShowSave(const FileDialog& dialog) override {
     return Choose({dialog.DialogTitle, dialog.Filter, dialog.FileName, dialog.InitDir});
   }
+  std::vector<std::string> ListDrives() override { return drives; }
   std::string BrowseForFolder(const std::string& title) override { return Choose({title}); }
   void ShowColor(std::uint32_t& color) override { color = Next(colors).value_or(color); }
   bool EditText(std::string& text) override {
