@@ -184,6 +184,7 @@ QString ChooseTab(QTabBar& tabs, int index) {
 }
 
 struct Forms : FormFixture {
+  Forms() : FormFixture(&SpeckledSheet) {}
   /// The controls over which a move of the mouse hides the outline.
   QString HidingControls() {
     QStringList names;
