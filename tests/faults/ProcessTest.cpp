@@ -1,3 +1,5 @@
+#include <dlfcn.h>
+
 #include <chrono>
 #include <csignal>
 #include <random>
@@ -62,20 +64,41 @@ TEST(Processes, TwoInOneFolderKeepTheirOwnSnapshots) {
   EXPECT_EQ(NamesIn("."), "");
 }
 
-TEST(Processes, TheEndOfADesktopSessionRescuesTheMap) {
-  const StartFolder folder;
-  const pid_t child = StartChild([&] {
-    EditorInChild editor;
-    editor.platform.rescueFolders = {folder.File("")};
-    const Termination termination(editor.form);
-    editor.Press(5, 5);
-    emit qApp->commitDataRequest(*qApp->findChild<QSessionManager*>());
-    editor.Press(45, 5);  // the session continued
-    QEvent quit(QEvent::Quit);
-    QCoreApplication::sendEvent(qApp, &quit);
-  });
-  EXPECT_EQ(WaitFor(child), 0);
-  EXPECT_EQ(QDir().entryList({"Morvane rescue*"}).size(), 2);
+TEST(Processes, EveryEndOfTheDesktopRescuesTheMap) {
+  const auto lose = [] {
+    TakeMessage(QtWarningMsg, {}, "The Wayland connection broke.");
+    _exit(0);  // as Qt and GTK do
+  };
+  const std::vector<std::pair<std::function<void()>, int>> ends = {
+      {[] { emit qApp->commitDataRequest(*qApp->findChild<QSessionManager*>()); }, 2},
+      {[] {
+         auto* log =
+             reinterpret_cast<void (*)(const char*, int, const char*)>(dlsym(nullptr, "g_log"));
+         log("Gdk", 32, "Error flushing display: Broken pipe");
+         _exit(0);
+       },
+       1},
+      {lose, 1},
+      {[&] {
+         std::thread(lose).detach();
+         QTest::qWait(60'000);
+       },
+       1}};
+  for (const auto& [end, copies] : ends) {
+    const StartFolder folder;
+    const pid_t child = StartChild([&, &end = end] {
+      EditorInChild editor;
+      editor.platform.rescueFolders = {folder.File("")};
+      const Termination termination(editor.form);
+      editor.Press(5, 5);
+      end();
+      editor.Press(45, 5);  // a session may continue after its first request
+      QEvent quit(QEvent::Quit);
+      QCoreApplication::sendEvent(qApp, &quit);
+    });
+    EXPECT_LE(WaitFor(child), 1);
+    EXPECT_EQ(QDir().entryList({"Morvane rescue*"}).size(), copies);
+  }
 }
 
 }  // namespace

@@ -68,19 +68,6 @@ void ExpectLegible(const QImage& picture, const QWidget& form, const QWidget& co
               HasContrast(picture, seen, required));
 }
 
-/// Expects that the entries of a menu bar and the lines between them are visible.
-void CheckMenus(const QWidget& form) {
-  for (auto* menu : form.findChildren<QMenu*>()) {
-    const QImage picture = menu->grab().toImage();
-    for (QAction* entry : menu->actions()) {
-      const QRect place = menu->actionGeometry(entry).adjusted(3, 0, -3, 0);
-      EXPECT_TRUE(!entry->isVisible() ||
-                  HasContrast(picture, place, entry->isSeparator() ? 1.35 : 3))
-          << entry->text().toStdString();
-    }
-  }
-}
-
 /// Expects that a form is legible and complete and fits on the screen.
 void Check(QWidget& form, const QSize& screen) {
   SCOPED_TRACE(form.windowTitle().toStdString());
@@ -153,7 +140,6 @@ void CheckOn(const Look& look) {
     const QImage screen = control->grab().toImage().convertToFormat(QImage::Format_RGB32);
     EXPECT_EQ(screen, Shown(*control).scaled(screen.size()));
   }
-  if (look.zoom == 1) CheckMenus(editor.window);
   editor.document.UndoButtonEnabled = false;
   CheckEachForm(editor, look.size);
 }

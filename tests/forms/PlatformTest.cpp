@@ -38,6 +38,16 @@ TEST_F(PlatformDialogs, MessagesHaveTheirButtonsAndAnswerToTheirLetters) {
   }
 }
 
+/// Types a name over the one that a file dialog shows.
+void ChooseFile(QFileDialog& box, const QString& shown, const QString& typed) {
+  auto* name = box.findChild<QLineEdit*>("fileNameEdit");
+  EXPECT_EQ(name->text(), shown);
+  QTest::sendKeyEvent(QTest::Click, name, Qt::Key_unknown, typed, {});
+  QTest::keyClick(name, Qt::Key_Return);
+  QCoreApplication::processEvents();
+  if (box.isVisible()) box.reject();
+}
+
 TEST_F(PlatformDialogs, FilesAreChosenByNameInTheRightFolder) {
   std::filesystem::create_directory("maps");
   const std::string maps = folder.File("maps/");
@@ -53,21 +63,21 @@ TEST_F(PlatformDialogs, FilesAreChosenByNameInTheRightFolder) {
   for (const auto& [dialog, saves, typed, chosen] : rows) {
     QTimer::singleShot(0, [&, dialog = dialog, typed = typed, chosen = chosen] {
       auto* box = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-      auto* name = box->findChild<QLineEdit*>("fileNameEdit");
       EXPECT_EQ(box->windowTitle(), TextOf(dialog.DialogTitle));
       EXPECT_EQ(box->nameFilters(), QStringList(TextOf(dialog.Filter).section('|', 0, 0)));
       EXPECT_EQ(box->directory(), QDir(TextOf(maps)));
       EXPECT_EQ(Find<QLabel>("SimpleText")->text(), TextOf(chosen));
-      EXPECT_EQ(name->text(), dialog.FileName.empty() ? "" : "old.bmp");
-      QTest::sendKeyEvent(QTest::Click, name, Qt::Key_unknown, typed, {});
-      QTest::keyClick(name, Qt::Key_Return);
-      QCoreApplication::processEvents();
-      if (box->isVisible()) box->reject();
+      ChooseFile(*box, dialog.FileName.empty() ? "" : "old.bmp", typed);
     });
     document.StatusText = chosen;
     EXPECT_EQ(saves ? platform.QtPlatform::ShowSave(dialog) : platform.QtPlatform::ShowOpen(dialog),
               chosen);
   }
+  QTimer::singleShot(0, [this] {
+    auto* box = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    ChooseFile(*box, "", TextOf(folder.File("maps")));
+  });
+  EXPECT_EQ(platform.QtPlatform::BrowseForFolder("Select it") + '/', maps);
 }
 
 TEST_F(PlatformDialogs, AColourIsPickedFromThePresentOne) {

@@ -165,6 +165,8 @@ class RandomSession : public EitherWay {
     const int X = Random(0, std::max(0, width - 1));
     const int Y = Random(0, std::max(0, height - 1));
     Command(&mnuToolsInsertText_Click, "mnuToolsInsertText", "", "Ctrl+T");
+    window.ShowState();
+    EXPECT_EQ(window.focusWidget(), Find("Canvas"));
     Move(kLeftButton, X, Y);  // nothing is painted before the press
     if (width == 0 || height == 0 || Random(0, 3) == 0) {
       return OneOf({[&] { Canvas_KeyDown(palette, kKeyEscape, 0); }, [&] { MapKey("Esc"); }});
