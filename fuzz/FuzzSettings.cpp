@@ -3,18 +3,10 @@
 #include "fuzz/Require.h"
 #include "platform/PrivateProfile.h"
 
-namespace {
-
 using Key = std::pair<const char*, const char*>;  ///< section and name
 
 constexpr Key kKeys[] = {
     {"Map", "Dir"}, {"Custom", "Dir"}, {"Color", "Canvas"}, {"Color", "Grid"}, {"Map", "Grid"}};
-
-std::string ValueOf(const std::string& text, const Key& key) {
-  return morvane::FindProfileValue(text, key.first, key.second, "none\n");
-}
-
-}  // namespace
 
 /// The first byte selects the key, the second is the length of the value that follows. The rest is
 /// the settings file.
@@ -27,7 +19,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   Result<std::string> changed = WithProfileValue(text, key.first, key.second, value);
   if (!changed.Ok()) return 0;
   for (const Key& each : kKeys) {
-    Require(ValueOf(changed.Value(), each) == (&each == &key ? value : ValueOf(text, each)),
+    const auto valueIn = [&](const std::string& settings) {
+      return FindProfileValue(settings, each.first, each.second, "none\n");
+    };
+    Require(valueIn(changed.Value()) == (&each == &key ? value : valueIn(text)),
             "the written value is read back, and the others don't change");
   }
   return 0;

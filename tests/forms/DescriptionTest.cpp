@@ -31,11 +31,9 @@ QString DetailsOf(const QWidget& control) {
 QPalette WithoutTexts(QPalette palette) {
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
                           QPalette::HighlightedText, QPalette::PlaceholderText}) {
-    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-      QColor color = palette.color(group, role);
-      color.setAlpha(0);
-      palette.setColor(group, role, color);
-    }
+    QColor color = palette.color(role);
+    color.setAlpha(0);
+    palette.setColor(role, color);
   }
   return palette;
 }
@@ -261,7 +259,11 @@ TEST_F(Forms, AreDescribedInFormsTxt) {
 TEST_F(Forms, KeysOfTheWindow) {
   using enum Qt::Key;
   TabStopsOf(window);  // which activates it
-  Find("pbmarking")->setFocus();
+  QWidget* tile = Find("pbmarking");
+  const QImage plain = Shown(*tile);
+  QTest::mouseMove(tile, {10, 10});
+  EXPECT_NE(Shown(*tile), plain) << "under the pointer";
+  tile->setFocus();
   EXPECT_EQ(NameOf(FocusAfter(Key_Space)), "Canvas");
   EXPECT_EQ(palette.Label2, "Marking");
   Find("WallButton")->setFocus(Qt::TabFocusReason);

@@ -1,5 +1,4 @@
 #include "platform/NaturalOrder.h"
-#include "shell/widgets/Text.h"
 #include "tests/support/FormFixture.h"
 
 namespace morvane {
@@ -26,14 +25,6 @@ TEST_F(Wiring, OutOfMemoryIsReportedAndExitEnds) {
   platform.answers = {Answer::No};
   Choose("mnuFileExit");
   EXPECT_FALSE(window.isVisible() || QFile::exists("mvtmp.~mp"));
-}
-
-TEST_F(Wiring, TheItemUnderThePointerIsFramed) {
-  const QImage plain = Shown(*Find("pbmarking"));
-  QTest::mouseMove(Find("pbmarking"), {10, 10});
-  const QImage framed = Shown(*Find("pbmarking"));
-  Find("pbmarking")->setFocus();
-  EXPECT_TRUE(framed != plain && framed != Shown(*Find("pbmarking")));
 }
 
 TEST_F(Wiring, OnlyWhatChangedIsRepainted) {
