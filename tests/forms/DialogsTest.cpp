@@ -1,6 +1,5 @@
 #include <set>
 
-#include "document/Options.h"
 #include "platform/Images.h"
 #include "platform/TextDrawing.h"
 #include "shell/RichTextBox.h"

@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <fstream>
 
 #include "shell/Module1.h"
 #include "tests/support/FormFixture.h"
