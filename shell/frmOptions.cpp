@@ -45,7 +45,6 @@ void AddLabel(QWidget* frame, const char* name, const char* text, const QRect& p
 
 QLineEdit* AddField(QWidget* frame, const char* name, const QRect& place) {
   auto* field = Placed(new QLineEdit(frame), name, place);
-  field->setFont(ArialFont(kSmallText));
   field->setReadOnly(true);
   return field;
 }

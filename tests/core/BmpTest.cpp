@@ -143,6 +143,16 @@ TEST(Bmp, ReadsBackWhatItWritesInPiecesOfAnySize) {
   }
 }
 
+/// A file whose end can't be read.
+struct BrokenFile : MemorySource {
+  using MemorySource::MemorySource;
+  Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override {
+    if (place + buffer.size() > readable) return "Input/output error";
+    return MemorySource::ReadAt(place, buffer);
+  }
+  std::size_t readable = 0;
+};
+
 TEST(MalformedBmp, IsRefusedAtEveryLengthAndIfAReadFails) {
   const Bytes runs = {4, 1, 0, 0, 0, 2, 0, 0, 0, 4, 0, 1, 2, 1, 0, 1};
   const BmpMaker maker{.width = 4, .height = 2, .bits = 8, .compression = 1, .data = runs};
@@ -152,8 +162,9 @@ TEST(MalformedBmp, IsRefusedAtEveryLengthAndIfAReadFails) {
     file.pop_back();
     ASSERT_FALSE(ReadBmp(file).Ok()) << file.size();
   }
-  OwnedBytes broken(BmpMaker{.bits = 8, .compression = 1, .data = Bytes(100'000)}.Make());
+  file = BmpMaker{.bits = 8, .compression = 1, .data = Bytes(100'000)}.Make();
   for (const std::size_t readable : {50'000, 90'000}) {  // in the first read and after it
+    BrokenFile broken(file);
     broken.readable = readable;
     EXPECT_EQ(ReadBmp(broken).Reason(), "Input/output error");
   }

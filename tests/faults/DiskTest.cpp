@@ -25,7 +25,8 @@ void BecomeOrdinaryUser() {
   if (setgroups(0, nullptr) != 0 || setgid(kNobody) != 0 || setuid(kNobody) != 0) _exit(kCannot);
 }
 
-/// In a child: mounts a disk in memory over TMPDIR, which ends with the process.
+/// In a child: mounts a disk in memory at TMPDIR until the process ends. Only disks below /dev
+/// count as volumes.
 void MountSmallDisk() {
   const std::string user = std::to_string(geteuid());
   const std::string group = std::to_string(getegid());
@@ -87,7 +88,7 @@ void TryEverything(const Fault& fault) {
   EXPECT_EQ(text.starts_with(rescued), !fault.hitsAll) << text;
   EXPECT_TRUE(fault.hitsAll || MapIn(text.substr(rescued.size())) == editor.Map());
   EXPECT_TRUE(names.empty() || MapIn(old) == saved);
-  chmod(folder.c_str(), 0700);
+  chmod(folder.c_str(), 0700);  // so that it can be deleted
 }
 
 void ExpectNoHarm(const Fault& fault) {
@@ -124,6 +125,7 @@ TEST(Disk, FileSizeLimit) {
 TEST(Disk, ReadOnlyFolder) {
   ExpectNoHarm({.reason = std::strerror(EACCES), .prepare = BecomeOrdinaryUser, .occur = [] {
                   const std::string folder = std::filesystem::current_path();
+                  // To list tiles, both reading and entering must be allowed.
                   for (const mode_t mode : {0300, 0600, 0500}) {
                     chmod(folder.c_str(), mode);
                     EXPECT_EQ(IsReadableFolder(folder), mode == 0500) << mode;

@@ -8,7 +8,7 @@
 namespace morvane {
 namespace {
 
-/// Expects an element on a sheet of a set, once, and drawn opaque in several colours.
+/// Expects an element on a sheet of a set, once, and drawn opaque in so many colours or more.
 void ExpectDrawn(int set, std::string_view page, std::string_view element, const Rect& place,
                  const Picture& picture, std::size_t colors) {
   const QString sheet = TextOf(TileSets()[set].folder) + "/" + TextOf(page);

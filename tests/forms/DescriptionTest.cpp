@@ -1,7 +1,5 @@
 // The controls of all forms, as users see them, reach them by keyboard and hear them.
 
-#include <QRegularExpression>
-
 #include "shell/frmAbout.h"
 #include "shell/frmOptions.h"
 #include "shell/frmSplash.h"
@@ -39,19 +37,20 @@ QPalette WithoutTexts(QPalette palette) {
 }
 
 /// A checksum of what a control draws itself; none on high-DPI displays.
-QString PictureOf(QWidget& control) {
+QString ChecksumOf(QWidget& control) {
   if (control.devicePixelRatioF() != 1 || control.size().isEmpty()) return "";
   QImage drawn(control.size(), QImage::Format_RGB32);
   drawn.fill(Qt::white);
   control.render(&drawn, {}, {}, QWidget::DrawWindowBackground);
   return QString(" {%1}").arg(qChecksum({drawn.constBits(), drawn.sizeInBytes()}), 0, 16);
 }
+
 /// The checksums of a control with light and with dark colours, which the test took.
-QString PicturesOf(const QWidget& control) {
-  return control.property("pictures").toString();
+QString ChecksumsOf(const QWidget& control) {
+  return control.property("checksums").toString();
 }
 
-QString WithoutPictures(QString text) {
+QString WithoutChecksums(QString text) {
   return text.remove(QRegularExpression("[ |]\\{\\w+\\}"));
 }
 
@@ -74,7 +73,7 @@ QString DescriptionOf(QWidget* control) {
         << QString::number(font.pixelSize()) + (font.bold() ? " bold" : "") << text
         << control->toolTip() << QMetaEnum::fromType<QAccessible::Role>().valueToKey(role)
         << control->accessibleName() << control->accessibleDescription() << DetailsOf(*control);
-  if (!control->inherits("QLabel") || text.isEmpty()) parts << PicturesOf(*control);
+  if (!control->inherits("QLabel") || text.isEmpty()) parts << ChecksumsOf(*control);
   return parts.join('|').replace('\n', "\\n");
 }
 
@@ -113,7 +112,7 @@ QStringList ActionsOf(const QList<QAction*>& actions) {  // NOLINT(misc-no-recur
           << (action->icon().availableSizes().isEmpty() ? "" : "icon");
     lines << parts.join('|');
     if (action->menu() != nullptr)
-      lines << PicturesOf(*action->menu()) << ActionsOf(action->menu()->actions());
+      lines << ChecksumsOf(*action->menu()) << ActionsOf(action->menu()->actions());
   }
   return lines;
 }
@@ -129,7 +128,7 @@ QWidget* FocusAfter(int key, Qt::KeyboardModifiers modifiers = {}) {
   return QApplication::focusWidget();
 }
 
-/// One round of the Tab key through a form, with the pictures of each stop with and without the
+/// One round of the Tab key through a form, with the checksums of each stop with and without the
 /// focus.
 QString TabStopsOf(QWidget& form) {
   form.show();
@@ -141,9 +140,9 @@ QString TabStopsOf(QWidget& form) {
   QWidget* stop = first;
   do {
     const QImage withFocus = Shown(*stop);
-    const QString picture = PictureOf(*stop);
+    const QString checksum = ChecksumOf(*stop);
     QWidget* next = FocusAfter(Qt::Key_Tab);
-    stops << NameOf(stop) + picture + PictureOf(*stop);
+    stops << NameOf(stop) + checksum + ChecksumOf(*stop);
     EXPECT_NE(Shown(*stop), withFocus) << stops.last().toStdString();
     EXPECT_NE(QAccessible::queryAccessibleInterface(stop)->text(QAccessible::Name), "");
     stop = next;
@@ -195,14 +194,14 @@ struct Forms : FormFixture {
     }
     return "Outline hidden over: " + names.join(", ");
   }
-  /// Gives each control its pictures with light and with dark colours.
-  static void TakePictures() {
+  /// Gives each control its checksums with light and with dark colours.
+  static void TakeChecksums() {
     for (const QPalette& palette : {QPalette(), DarkPalette()}) {
       QApplication::setPalette(WithoutTexts(palette));
       QCoreApplication::processEvents();
       for (QWidget* control : QApplication::allWidgets()) {
         if (control->inherits("QMenu")) control->adjustSize();
-        control->setProperty("pictures", PicturesOf(*control) + PictureOf(*control));
+        control->setProperty("checksums", ChecksumsOf(*control) + ChecksumOf(*control));
       }
     }
   }
@@ -232,11 +231,11 @@ TEST_F(Forms, AreDescribedInFormsTxt) {
   frmAbout about(platform, &window);
   frmText insertText("", &window);
   frmSplash splash;
-  TakePictures();
+  TakeChecksums();
   QStringList actual = ActionsOf(window.menuBar()->actions());
   actual << ActionsOf(Find<QToolBar>("tbToolBar")->actions());
   actual << ControlsOf(window);  // and of the dialogs that it owns
-  actual << "frmMain" + PicturesOf(*Client()) << DescriptionOf(&splash) << EdgesOfCatalogue()
+  actual << "frmMain" + ChecksumsOf(*Client()) << DescriptionOf(&splash) << EdgesOfCatalogue()
          << Navigation();
   window.hide();
   for (QWidget* dialog : std::initializer_list<QWidget*>{&options, &about, &insertText}) {
@@ -250,7 +249,7 @@ TEST_F(Forms, AreDescribedInFormsTxt) {
   const Bytes file = ReadFile(MORVANE_FORMS);
   const QString published = TextOf(std::string(file.begin(), file.end()));
   const bool isFine = window.devicePixelRatioF() != 1;
-  EXPECT_EQ(text.toStdString(), (isFine ? WithoutPictures(published) : published).toStdString());
+  EXPECT_EQ(text.toStdString(), (isFine ? WithoutChecksums(published) : published).toStdString());
   if (!HasFailure() || isFine) return;
   std::ofstream(QCoreApplication::applicationDirPath().toStdString() + "/forms.txt")
       << text.toStdString();
@@ -270,10 +269,12 @@ TEST_F(Forms, KeysOfTheWindow) {
   FocusAfter(Key_Return);
   EXPECT_EQ(palette.CurrentMode(), Mode::Wall);
   EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::text() == "Mode"; }));
+  Press(5, 5);
+  EXPECT_FALSE(window.testAttribute(Qt::WA_KeyboardFocusChange)) << "a focus mark after a click";
   Tool("Undo")->setFocus();
   EXPECT_EQ(FocusAfter(Key_Space), Tool("Redo")) << "Undo disables itself";
   FontDialog font(nullptr);
-  EXPECT_TRUE(WithoutPictures(TabStopsOf(font)).contains("Any, Color, OK"));
+  EXPECT_TRUE(WithoutChecksums(TabStopsOf(font)).contains("Any, Color, OK"));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "platform/Files.h"
 #include "platform/Images.h"
 #include "platform/Leftovers.h"
+#include "platform/NaturalOrder.h"
 #include "platform/PictureDecoding.h"
 #include "platform/PrivateFolders.h"
 #include "platform/PrivateProfile.h"
@@ -53,6 +54,7 @@ TEST_F(Files, FoldersPipesAndHugeFilesAreRefused) {
   WriteFile("huge", {});
   std::filesystem::resize_file("huge", std::uintmax_t{1} << 40U);
   EXPECT_EQ(LoadPicture(platform, "huge").Reason(), "The file is too large.");
+  EXPECT_NE(platform.WritePrivateProfileString("Map", "Grid", "1", "huge"), "");
   EXPECT_EQ(Replace("huge"), "");
 }
 
@@ -90,12 +92,19 @@ TEST_F(Files, IncompleteJpegsAndGifsAreRefused) {
 }
 
 TEST_F(Files, SlowDecodingIsAbandoned) {
-  // A text format.
-  const auto slow = "P2\n4000 4000\n9\n" + QByteArray("1\n").repeated(16'000'000);
   const DecodingLimits limits{.time = std::chrono::milliseconds(1)};
-  EXPECT_EQ(DecodeForeignPicture({slow.begin(), slow.end()}, limits).Reason(),
+  EXPECT_EQ(DecodeForeignPicture(SlowPicture(), limits).Reason(),
             "The picture takes too long to decode.");
   EXPECT_TRUE(QTest::qWaitFor([] { return !IsStillDecoding(); }));
+}
+
+TEST(NaturalOrder, NumbersCountAsNumbersAndCaseDoesNot) {
+  const std::vector<std::string> expected = {
+      "a9",          "eben",   "Ébène", "Tile",   "tile 1.bmp", "Tile 2.bmp", "tile 007.bmp",
+      "tile 10.bmp", "tile a", "tiles", "wall-1", "Wall2",      "漢"};
+  std::vector<std::string> names(expected.rbegin(), expected.rend());
+  SortNaturally(names);
+  EXPECT_EQ(names, expected);
 }
 
 TEST(PrivateProfile, FindsKeysWithoutRegardToCase) {

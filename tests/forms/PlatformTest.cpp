@@ -2,7 +2,6 @@
 #include <QPrinter>
 
 #include "platform/Images.h"
-#include "platform/MapPrinter.h"
 #include "shell/widgets/Text.h"
 #include "tests/support/FormFixture.h"
 
@@ -23,14 +22,13 @@ TEST_F(PlatformDialogs, MessagesHaveTheirButtonsAndAnswerToTheirLetters) {
   document.StatusText = "status";
   for (const auto& [style, icon, keys] : rows) {
     for (const char key : keys + '\r') {
-      QTimer::singleShot(0, [&, icon = icon, count = std::ssize(keys)] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        EXPECT_EQ(box->icon(), icon);
-        EXPECT_EQ(box->textFormat(), Qt::PlainText);
-        EXPECT_EQ(box->buttons().size(), count);
-        EXPECT_NE(box->defaultButton(), nullptr);
+      WhenOpen<QMessageBox>([&, icon = icon, count = std::ssize(keys)](QMessageBox& box) {
+        EXPECT_EQ(box.icon(), icon);
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.buttons().size(), count);
+        EXPECT_NE(box.defaultButton(), nullptr);
         EXPECT_EQ(Find<QLabel>("SimpleText")->text(), "status");
-        QTest::keyClick(box, key);
+        QTest::keyClick(&box, key);
       });
       const char expected = key == '\r' ? keys[0] : key;
       EXPECT_EQ(platform.QtPlatform::MsgBox("", style, ""), answers.at(expected));
@@ -61,31 +59,28 @@ TEST_F(PlatformDialogs, FilesAreChosenByNameInTheRightFolder) {
       {{"Save As", "All (*.*)|*.*", maps + "old.bmp", maps}, true, "", maps + "old.bmp"},
       {{"Save As", "All (*.*)|*.*", "", maps}, true, "", ""}};  // not closed by Return
   for (const auto& [dialog, saves, typed, chosen] : rows) {
-    QTimer::singleShot(0, [&, dialog = dialog, typed = typed, chosen = chosen] {
-      auto* box = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-      EXPECT_EQ(box->windowTitle(), TextOf(dialog.DialogTitle));
-      EXPECT_EQ(box->nameFilters(), QStringList(TextOf(dialog.Filter).section('|', 0, 0)));
-      EXPECT_EQ(box->directory(), QDir(TextOf(maps)));
+    WhenOpen<QFileDialog>([&, dialog = dialog, typed = typed, chosen = chosen](QFileDialog& box) {
+      EXPECT_EQ(box.windowTitle(), TextOf(dialog.DialogTitle));
+      EXPECT_EQ(box.nameFilters(), QStringList(TextOf(dialog.Filter).section('|', 0, 0)));
+      EXPECT_EQ(box.directory(), QDir(TextOf(maps)));
+      EXPECT_TRUE(box.testOption(QFileDialog::DontConfirmOverwrite)) << "the core asks";
       EXPECT_EQ(Find<QLabel>("SimpleText")->text(), TextOf(chosen));
-      ChooseFile(*box, dialog.FileName.empty() ? "" : "old.bmp", typed);
+      ChooseFile(box, dialog.FileName.empty() ? "" : "old.bmp", typed);
     });
     document.StatusText = chosen;
     EXPECT_EQ(saves ? platform.QtPlatform::ShowSave(dialog) : platform.QtPlatform::ShowOpen(dialog),
               chosen);
   }
-  QTimer::singleShot(0, [this] {
-    auto* box = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-    ChooseFile(*box, "", TextOf(folder.File("maps")));
-  });
+  WhenOpen<QFileDialog>(
+      [this](QFileDialog& box) { ChooseFile(box, "", TextOf(folder.File("maps"))); });
   EXPECT_EQ(platform.QtPlatform::BrowseForFolder("Select it") + '/', maps);
 }
 
 TEST_F(PlatformDialogs, AColourIsPickedFromThePresentOne) {
-  QTimer::singleShot(0, [] {
-    auto* dialog = qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
-    EXPECT_EQ(dialog->currentColor(), QColor(255, 128, 0));
-    dialog->setCurrentColor(QColor(1, 2, 3));
-    dialog->accept();
+  WhenOpen<QColorDialog>([](QColorDialog& dialog) {
+    EXPECT_EQ(dialog.currentColor(), QColor(255, 128, 0));
+    dialog.setCurrentColor(QColor(1, 2, 3));
+    dialog.accept();
   });
   std::uint32_t color = 0x0080FF;
   QtPlatform().ShowColor(color);
@@ -99,24 +94,23 @@ QImage Converted(const char* program, const QStringList& arguments, const char* 
 }
 
 /// Chooses a PDF file in the setup dialog, and prints.
-Failure PrintInto(MapPrinter& printer, const std::string& path, const Picture& map) {
-  QTimer::singleShot(0, qApp, [&path] {
-    auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
-    EXPECT_EQ(dialog->printer()->docName(), kProgramName);
-    dialog->printer()->setOutputFormat(QPrinter::PdfFormat);
-    dialog->printer()->setOutputFileName(QString::fromStdString(path));
-    dialog->reject();
+Failure PrintInto(QtPlatform& platform, const std::string& path, const Picture& map) {
+  WhenOpen<QPrintDialog>([&path](QPrintDialog& dialog) {
+    EXPECT_EQ(dialog.printer()->docName(), kProgramName);
+    dialog.printer()->setOutputFormat(QPrinter::PdfFormat);
+    dialog.printer()->setOutputFileName(QString::fromStdString(path));
+    dialog.reject();
   });
-  printer.ShowSetup(nullptr, "Print Setup");
-  return printer.Print(map.View());
+  platform.ShowPrinterSetup("Print Setup");
+  return platform.Print(map.View());
 }
 
 TEST(Print, PutsTheMapAtTheTopLeftInItsNaturalSize) {
   const StartFolder folder;
-  MapPrinter printer;
+  QtPlatform platform;
   Picture map(192, 96, 0x0000FF);  // two inches by one
   for (int x = 1; x < 192; x += 2) FillBox(map.Draw(), {x, 1, x + 1, 95}, 0x0000D0);
-  ASSERT_EQ(PrintInto(printer, folder.File("map.pdf"), map), "");
+  ASSERT_EQ(PrintInto(platform, folder.File("map.pdf"), map), "");
   EXPECT_EQ(Converted("pdfimages", {"-png", "map.pdf", "in"}, "in-000.png"), ImageOver(map.View()));
   // At 254 dots to the inch, which are ten to the millimetre.
   const QImage paper =
@@ -129,12 +123,12 @@ TEST(Print, PutsTheMapAtTheTopLeftInItsNaturalSize) {
 }
 
 TEST(Print, ReportsAMissingPrinterAndAnUnwritableFile) {
-  MapPrinter printer;
+  QtPlatform platform;
   const Picture map(10, 10);
-  EXPECT_EQ(printer.Print(map.View()),
+  EXPECT_EQ(platform.Print(map.View()),
             "There is no printer. Choose one, or a PDF file, with File > Print Setup.");
   for (const char* path : {"/proc/no/map.pdf", "/dev/full"}) {
-    EXPECT_NE(PrintInto(printer, path, map).find(path), std::string::npos);
+    EXPECT_NE(PrintInto(platform, path, map).find(path), std::string::npos);
   }
 }
 

@@ -87,7 +87,7 @@ TEST_F(Rescue, OnlyUnsavedMapsAreCopied) {
   WriteFile("small.bmp", painted);
   const auto copies = [this] {
     EXPECT_FALSE(form.SessionEnds(false));
-    return QDir(".").entryList({"Morvane rescue*"}).size();
+    return RescueCopiesIn(".").size();
   };
   EXPECT_EQ(copies(), 0) << "the map is blank";
   OpenMap(document, folder.File("small.bmp"));

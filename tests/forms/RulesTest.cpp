@@ -10,6 +10,15 @@
 namespace morvane {
 namespace {
 
+/// Collects the region that a widget repaints.
+struct PaintWatch : QObject {
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) painted += static_cast<QPaintEvent*>(event)->region();
+    return false;
+  }
+  QRegion painted;
+};
+
 using Rules = FormFixture;
 
 TEST_F(Rules, AStartTakesASnapshotAndShowsTheStoredFolder) {
@@ -57,8 +66,11 @@ TEST_F(Rules, FoldersOfCustomTiles) {
   ShowStoredFolder(palette);  // none is stored
   EXPECT_EQ(document.StatusText, "Custom tile selected: root.bmp");
   EXPECT_EQ(document.settings.Write("Custom", "Dir", start + "custom"), "");
-  ShowStoredFolder(palette);
+  WhenOpen([](QDialog& options) { options.reject(); });
+  Choose("mnuToolsOptions");
   EXPECT_EQ(palette.File1.Files(), std::vector<std::string>{"tile.bmp"});
+  Dir1_Change(palette, "/");
+  EXPECT_EQ(names(), "");
 }
 
 TEST(Numbers, InSettings) {
@@ -92,7 +104,7 @@ TEST_F(Rules, ExitWithoutASaveLeavesARescueCopy) {
       "The map was not saved.\n\nA rescue copy was saved as\n\n" +
       folder.File("Morvane rescue 20")));
   form.RescueAtTermination();
-  EXPECT_EQ(QDir(".").entryList({"Morvane rescue*"}).size(), 1) << "one copy is enough";
+  EXPECT_EQ(RescueCopiesIn(".").size(), 1) << "one copy is enough";
   EXPECT_TRUE(platform.RescueNotes().empty()) << "it was reported";
 
   platform.rescueFolders = {"/gone"};
@@ -132,9 +144,6 @@ TEST_F(Rules, AFailedUndoIsReportedAndLeavesTheMap) {
     EXPECT_FALSE(document.mnuEditUndoEnabled || document.UndoButtonEnabled);
     EXPECT_EQ(document.Canvas.MousePointer, Pointer::Cross);
   };
-  platform.readableSnapshot = whole.size() / 2;
-  expectFailure("Input/output error");
-  platform.readableSnapshot.reset();
   platform.memoryRunsOut = true;
   expectFailure("There is not enough memory for this picture.");
   platform.memoryRunsOut = false;
@@ -149,6 +158,30 @@ TEST_F(Rules, AFailedUndoIsReportedAndLeavesTheMap) {
   platform.DeleteSnapshot();
   both = one;
   expectFailure("No earlier state of the map was kept.");
+}
+
+TEST_F(Rules, OutOfMemoryIsReportedAndExitEnds) {
+  platform.memoryRunsOut = true;
+  ClickTool("Open");
+  EXPECT_EQ(Find<QLabel>("SimpleText")->text(), "There is not enough memory for this.");
+  document.StatusText = std::string(300, 'w');  // too long for the status bar
+  window.ShowState();
+  EXPECT_EQ(Find("SimpleText")->toolTip(), QString(300, 'w'));
+  platform.answers = {Answer::No};
+  Choose("mnuFileExit");
+  EXPECT_FALSE(window.isVisible() || QFile::exists("mvtmp.~mp"));
+}
+
+TEST_F(Rules, OnlyWhatChangedIsRepainted) {
+  QCoreApplication::processEvents();
+  PaintWatch watch;
+  Find("Canvas")->installEventFilter(&watch);
+  for (const int x : {100, 300}) {
+    watch.painted = QRegion();
+    Press(x + 5, 65);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !watch.painted.isEmpty(); }));
+    EXPECT_EQ(watch.painted.boundingRect(), QRect(x + 2, 62, 20, 20));
+  }
 }
 
 }  // namespace

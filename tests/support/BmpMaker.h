@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "document/Platform.h"
+#include "document/io/ByteSources.h"
 #include "document/io/LittleEndian.h"
 #include "document/picture/Color.h"
 

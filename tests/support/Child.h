@@ -39,8 +39,6 @@ struct Application {
 };
 
 /// In a child: the editor in its window, started in a new folder below TMPDIR.
-struct EditorInChild : Application, FormFixture {
-  void TestBody() override {}
-};
+struct EditorInChild : Application, FormFixture {};
 
 }  // namespace morvane

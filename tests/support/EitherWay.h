@@ -18,10 +18,13 @@ class EitherWay : public FormFixture {
       : FormFixture(&SpeckledSheet), random_(seed), throughWindow_(throughWindow) {
     model.status = document.StatusText;
   }
-  void TestBody() override {}
 
  protected:
   int Random(int from, int to) { return std::uniform_int_distribution(from, to)(random_); }
+  template <typename List>
+  const auto& AnyOf(const List& list) {
+    return list[Random(0, std::ssize(list) - 1)];
+  }
   Picture RandomPicture(int maxWidth, int maxHeight) {
     return Speckled(Random(1, maxWidth), Random(1, maxHeight), Random(1, 99));
   }
@@ -104,19 +107,26 @@ class EitherWay : public FormFixture {
     if (!throughWindow_) return {};
     const int set = palette.TileSetSelector.ListIndex;
     const std::array modes = {"Tile", "Wall", "Door"};
+    const QString mode = modes.at(int(palette.CurrentMode()));
+    const QIcon modeIcon = LoadIcon(("mode-" + mode).toLower().toUtf8());
+    const auto* modeButton = Find<QToolButton>("WallButton");
+    const auto* sets = Find<QComboBox>("TileSetSelector");
     const auto* status = Find<QLabel>("SimpleText");
     const std::vector<std::pair<const char*, bool>> checks = {
-        {"mode", Find<QLabel>("lbMode")->text() == modes.at(int(palette.CurrentMode()))},
+        {"mode", Find<QLabel>("lbMode")->text() == mode},
+        {"spoken mode", modeButton->accessibleDescription() == mode},
+        {"mode icon", modeButton->icon().pixmap(24).toImage() == modeIcon.pixmap(24).toImage()},
         {"tile", Find("Label2")->toolTip() == ToolTipOf(TextOf(palette.Label2))},
         {"undo entry", Find<QAction>("mnuEditUndo")->isEnabled() == document.mnuEditUndoEnabled},
         {"undo button", Tool("Undo")->isEnabled() == document.UndoButtonEnabled},
         {"title", window.windowHandle()->title() == TextOf(document.Caption)},
         {"status", status->text() == TextOf(document.StatusText)},
-        {"announcement", status->accessibleName() == status->text()},
+        {"spoken status", status->accessibleName() == status->text()},
         {"status bar", Find("sbStatusBar")->isHidden() != form.StatusBarVisible},
         {"check", Find<QAction>("mnuViewStatusBar")->isChecked() == form.StatusBarVisible},
         {"pointer", Find("Canvas")->cursor().shape() == Qt::CrossCursor},
-        {"set", Find<QComboBox>("TileSetSelector")->currentIndex() == set},
+        {"set", sets->currentIndex() == set},
+        {"spoken set", sets->accessibleDescription() == sets->currentText()},
         {"stamp",
          Find("Picture1")->size() == QSize(palette.Picture1.Width(), palette.Picture1.Height())},
         {"page", ShowsOnlyThePage()},

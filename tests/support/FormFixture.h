@@ -42,9 +42,8 @@ class ScriptedPlatform : public QtPlatform {
   std::vector<SeenDialog> dialogs;
   std::vector<Picture> printed;
   Failure printFailure;
-  bool memoryRunsOut = false;                   ///< in the Open dialog and in Undo
-  std::optional<std::size_t> readableSnapshot;  ///< bytes of it; all if empty
-  std::vector<std::string> rescueFolders;       ///< the real ones if empty
+  bool memoryRunsOut = false;              ///< in the Open dialog and in Undo
+  std::vector<std::string> rescueFolders;  ///< the real ones if empty
   std::vector<std::string> drives = {"/"};
   std::function<void()> onNextBox;  ///< called while the next message box is open
 
@@ -79,11 +78,7 @@ class ScriptedPlatform : public QtPlatform {
   }
   OpenedFile OpenSnapshot() override {
     if (memoryRunsOut) throw std::bad_alloc();
-    OpenedFile file = QtPlatform::OpenSnapshot();
-    if (!file.Ok() || !readableSnapshot) return file;
-    auto bytes = std::make_unique<OwnedBytes>(ReadAll(*file.Value()).Value());
-    bytes->readable = *readableSnapshot;
-    return OpenedFile(std::move(bytes));
+    return QtPlatform::OpenSnapshot();
   }
 
  private:
@@ -143,6 +138,17 @@ inline std::string NamesIn(const std::string& folder) {
   return QDir(QString::fromStdString(folder)).entryList(all).join(' ').toStdString();
 }
 
+/// The names of the rescue copies in a folder.
+inline QStringList RescueCopiesIn(const std::string& folder) {
+  return QDir(QString::fromStdString(folder)).entryList({"Morvane rescue 20*.bmp"});
+}
+
+/// A file of a text format, which takes long to decode.
+inline Bytes SlowPicture() {
+  const auto file = "P2\n4000 4000\n9\n" + QByteArray("1\n").repeated(16'000'000);
+  return {file.begin(), file.end()};
+}
+
 /// The map in a file. The test fails if it can't be read.
 inline Picture MapIn(const std::string& path) {
   QtPlatform platform;
@@ -164,6 +170,16 @@ inline QPalette DarkPalette() {
   return dark;
 }
 
+/// Acts in the next dialog as soon as it is open.
+template <typename Dialog = QDialog>
+void WhenOpen(const std::type_identity_t<std::function<void(Dialog&)>>& act) {
+  QTimer::singleShot(0, [act] {
+    auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr) throw std::logic_error("the dialog isn't open");
+    act(*dialog);
+  });
+}
+
 /// The real main window, started in a temporary folder.
 struct FormFixture : testing::Test {
   StartFolder folder;
@@ -179,6 +195,7 @@ struct FormFixture : testing::Test {
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
   }
+  void TestBody() override {}
 
   template <typename Control = QWidget>
   Control* Find(const QString& name) {

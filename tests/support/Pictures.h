@@ -27,11 +27,13 @@ inline Picture Speckled(int width, int height, unsigned seed = 1) {
   });
 }
 
-/// An art sheet. Its fences have the colour key in every other column, but not in the very corner.
+/// An art sheet. Its fences have the colour key in every other column, but not in the corner of the
+/// picture, where it must not be looked up.
 inline Picture SpeckledSheet(const std::string& name) {
   Picture sheet = Speckled(120, 180, std::hash<std::string>()(name));
   if (name != "classic-village/edges") return sheet;
-  for (int x = 0; x < 60; x += 2) FillBox(sheet.Draw(), {x, x % 30 == 0, x + 1, 30}, 0xFF00FF);
+  for (int x = 0; x < 60; x += 2)
+    FillBox(sheet.Draw(), {x, x % 30 == 0 ? 1 : 0, x + 1, 30}, 0xFF00FF);
   return sheet;
 }
 
@@ -79,22 +81,5 @@ inline Result<Picture> ReadBmp(const Bytes& bytes) {
   if (!loaded.Ok()) return Failed{loaded.Reason()};
   return std::move(loaded.Value().picture);
 }
-
-/// A file that owns its bytes.
-class OwnedBytes : public ByteSource {
- public:
-  explicit OwnedBytes(Bytes bytes) : bytes_(std::move(bytes)) {}
-
-  std::size_t Size() const override { return bytes_.size(); }
-  Failure ReadAt(std::size_t place, std::span<std::uint8_t> buffer) override {
-    if (place + buffer.size() > readable) return "Input/output error";
-    return MemorySource(bytes_).ReadAt(place, buffer);
-  }
-
-  std::size_t readable = static_cast<std::size_t>(-1);  ///< bytes; reading beyond them fails
-
- private:
-  Bytes bytes_;
-};
 
 }  // namespace morvane

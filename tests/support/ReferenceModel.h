@@ -12,7 +12,7 @@ namespace morvane {
 
 /// A simple and slow second implementation of the editor's rules: it works with remainders, copies
 /// pixel by pixel and holds all that a user sees. Of the product it uses the catalogue, its
-/// pictures, the codec and simple types.
+/// pictures, the codec and simple types with their functions.
 struct ReferenceModel {
   const TilePictures& art;
   Size box{619, 487};  ///< of the map with its border

@@ -2,10 +2,8 @@
 
 #include <sys/prctl.h>
 
-#include <QProcess>
 #include <csignal>
 
-#include "tests/support/Child.h"
 #include "tests/support/ReferenceModel.h"
 
 namespace morvane {
@@ -55,7 +53,7 @@ struct Ends : EndToEnd, testing::WithParamInterface<std::string> {
     RunScript({"-c", QString::fromStdString(script), "test", GetParam().c_str()});
   }
   std::string RescueCopy() const {
-    const QStringList copies = QDir(folder.path()).entryList({"Morvane rescue 20*.bmp"});
+    const QStringList copies = RescueCopiesIn(File(""));
     EXPECT_EQ(copies.size(), 1);
     return File(qPrintable(copies.value(0)));
   }
@@ -68,11 +66,11 @@ TEST_P(Ends, NoneLosesTheMap) {
   for (const int row : {2, 7}) {
     for (int x = 2; x <= 9; ++x) model.Paint(x == 2, 1, x * 20 + 8, row * 20 + 8);
   }
-  Start(std::string("row 2 2 9; row 2 7 9; ") + end);
+  ASSERT_NO_FATAL_FAILURE(Start(std::string("row 2 2 9; row 2 7 9; ") + end));
   const PictureView kept = (isKill ? model.undo : model.map).View();
   EXPECT_EQ(Difference(MapIn(isKill ? File("mvtmp.~mp") : RescueCopy()).View(), kept), "");
   EXPECT_EQ(NamesIn(File(".local/state")), isKill ? "" : "morvane");
-  Start("await 2; key Return; await 1; end kill -KILL $editor");
+  ASSERT_NO_FATAL_FAILURE(Start("await 2; key Return; await 1; end kill -KILL $editor"));
   EXPECT_EQ(Difference(MapIn(RescueCopy()).View(), kept), "");
   EXPECT_EQ(NamesIn(File(".local/state")), "") << "it would be reported a second time";
 }

@@ -14,11 +14,11 @@ namespace {
 /// A virtual display and the settings of its desktop.
 struct Look {
   const char* name;
-  int zoom = 1;                   ///< the expected number of physical pixels per pixel of a form
-  int dpi = 96;                   ///< of the desktop
-  int fontSize = 9;               ///< points
-  const char* variable = "NONE";  ///< of the environment
-  const char* value = "";
+  int zoom = 1;      ///< the expected number of physical pixels per pixel of a form
+  int dpi = 96;      ///< of the desktop
+  int fontSize = 9;  ///< points
+  const char* variable = "QT_SCALE_FACTOR";  ///< of the environment
+  const char* value = "1";
   bool isDark = false;
   QSize size = {1200, 900};  ///< in pixels of forms
 };
@@ -91,7 +91,7 @@ void CheckEachForm(FormFixture& editor, const QSize& screen) {
   }
   QtPlatform platform;
   const FileDialog maps{"Open", "Map files (*.bmp)|*.bmp", "", "/"};
-  std::uint32_t color = 0;
+  std::uint32_t color = 5;
   const std::vector<std::pair<QString, std::function<void()>>> dialogs = {
       {"Options", [&] { editor.Choose("mnuToolsOptions"); }},
       {"About Morvane", [&] { editor.Choose("mnuHelpAbout"); }},
@@ -104,15 +104,15 @@ void CheckEachForm(FormFixture& editor, const QSize& screen) {
       {"Save?", [&] { platform.MsgBox("Sure?", BoxStyle::YesNoCancelQuestion, "Save?"); }}};
   for (const auto& [title, open] : dialogs) {
     QString shown;
-    QTimer::singleShot(0, [&] {
-      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-      Check(*dialog, screen);
-      shown = dialog->windowTitle();
-      dialog->reject();
+    WhenOpen([&](QDialog& dialog) {
+      Check(dialog, screen);
+      shown = dialog.windowTitle();
+      dialog.reject();
     });
     open();
     EXPECT_EQ(shown, title);
   }
+  EXPECT_EQ(color, 5U) << "canceled";
 }
 
 /// In a child: starts the editor on the display. Each pixel of the map with the outline of the
