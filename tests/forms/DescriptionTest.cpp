@@ -14,8 +14,9 @@ namespace {
 /// The values of properties that people notice, as numbers.
 QString DetailsOf(const QWidget& control) {
   QStringList values;
-  for (const char* name : {"focusPolicy", "mouseTracking", "acceptDrops", "readOnly", "textFormat",
-                           "alignment", "default", "autoDefault", "checked"}) {
+  for (const char* name :
+       {"focusPolicy", "mouseTracking", "acceptDrops", "readOnly", "textFormat", "alignment",
+        "default", "autoDefault", "checked", "horizontalScrollBarPolicy"}) {
     const QVariant value = control.property(name);
     if (value.toInt() != 0) values << QString("%1 %2").arg(name).arg(value.toInt());
   }
@@ -172,6 +173,7 @@ QString ChooseTab(QTabBar& tabs, int index) {
   const QPoint place = tabs.mapToGlobal(tabs.tabRect(index).center());
   QAccessibleInterface* tab = strip.childAt(place.x(), place.y());
   EXPECT_EQ(strip.indexOfChild(tab), index);
+  EXPECT_EQ(strip.childAt(-9, -9), nullptr);
   EXPECT_EQ(tab->rect().center(), place);
   EXPECT_EQ(tab->role(), QAccessible::PageTab);
   EXPECT_EQ(tab->parent(), &strip);

@@ -14,8 +14,8 @@ namespace morvane {
 namespace {
 
 struct Dialogs : FormFixture {
-  static void Click(const QWidget& form, const char* name) {
-    QTest::mouseClick(form.findChild<QWidget*>(name), Qt::LeftButton);
+  static void Click(const QWidget& form, std::initializer_list<const char*> names) {
+    for (auto name : names) QTest::mouseClick(form.findChild<QWidget*>(name), Qt::LeftButton);
   }
 };
 
@@ -42,14 +42,12 @@ TEST_F(Dialogs, OptionsReadAndWriteFiveKeys) {
     return Shown(dialog).pixelColor(dialog.findChild<QWidget*>(box)->mapTo(&dialog, QPoint(9, 9)));
   };
   EXPECT_EQ(shownColor("ColorBox"), Qt::black) << "the defaults replace only two blacks";
-  Click(dialog, "GridPaletteButton");  // canceled: the dialog's colour is black at first
+  Click(dialog, {"GridPaletteButton"});  // canceled: the dialog's colour is black at first
   EXPECT_EQ(shownColor("GridColorBox"), Qt::black);
   platform.colors = {0x00FF00};
   platform.chosenFiles = {"/maps", "", "/tiles"};
-  for (const char* name : {"PaletteButton", "GridPaletteButton", "ButtonMapDir", "ButtonMapDir",
-                           "ButtonCustomDir", "Label5", "Label2"}) {
-    Click(dialog, name);
-  }
+  Click(dialog, {"PaletteButton", "GridPaletteButton", "ButtonMapDir", "ButtonMapDir",
+                 "ButtonCustomDir", "Label5", "Label2"});
   EXPECT_EQ(shownColor("ColorBox"), Qt::green);
   const auto* field = dialog.findChild<QLineEdit*>("TextCustomDir");
   EXPECT_EQ(dialog.focusWidget(), field);
@@ -57,10 +55,10 @@ TEST_F(Dialogs, OptionsReadAndWriteFiveKeys) {
   EXPECT_EQ(platform.dialogs[1][0], "Select the directory where Morvane maps will be saved.");
   EXPECT_EQ(platform.dialogs[2][0],
             "Select the directory with your collection of Morvane custom tiles.");
-  Click(dialog, "cmdCancel");
+  Click(dialog, {"cmdCancel"});
   EXPECT_EQ(document.settings.GetINIFileString("Map", "Dir", "none"), "none");
   dialog.show();
-  Click(dialog, "cmdOK");
+  Click(dialog, {"cmdOK"});
   EXPECT_FALSE(dialog.isVisible());
   const std::string written =
       "; mine\n\n[color]\n grid =65280\nCanvas=65280\n\n"
@@ -69,9 +67,9 @@ TEST_F(Dialogs, OptionsReadAndWriteFiveKeys) {
   EXPECT_EQ(document.settings.Write("Map", "Dir", std::string(2047, 'x')), "");
   platform.chosenFiles = {std::string(2048, 'x'), "/"};
   dialog.show();
-  for (const char* name : {"ButtonMapDir", "cmdOK"}) Click(dialog, name);
+  Click(dialog, {"ButtonMapDir", "cmdOK"});
   EXPECT_TRUE(dialog.isVisible() && OneBox().ends_with("it could not be read back."));
-  for (const char* name : {"GridCheck", "ButtonMapDir", "cmdOK"}) Click(dialog, name);
+  Click(dialog, {"GridCheck", "ButtonMapDir", "cmdOK"});
   EXPECT_EQ(document.settings.GetINIFileString("Map", "Grid", ""), "0");
 }
 
@@ -81,7 +79,7 @@ TEST_F(Dialogs, AboutAndSplash) {
   EXPECT_EQ(splash.geometry().center(), splash.screen()->geometry().center());
   frmAbout dialog(platform, &window);
   dialog.show();
-  Click(dialog, "Picture1");
+  Click(dialog, {"Picture1"});
   EXPECT_EQ(platform.boxes.back(),
             (SeenBox{"You found the secret tile!!", BoxStyle::OkOnly, "Morvane"}));
   QTest::keyClick(&dialog, Qt::Key_Return);
@@ -102,9 +100,9 @@ TEST_F(Dialogs, TextKeepsItsFormatBetweenDialogs) {
     fonts.findChild<QComboBox*>("Color")->setCurrentText("Red");
     fonts.accept();
   });
-  Click(dialog, "cmdFont");
+  Click(dialog, {"cmdFont"});
   QTest::keyClicks(box, "loud");
-  Click(dialog, "cmdOK");
+  Click(dialog, {"cmdOK"});
   frmText again(dialog.TextRTF(), &window);
   again.show();
   box = again.findChild<QTextEdit*>();

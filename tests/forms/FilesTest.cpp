@@ -169,7 +169,10 @@ TEST_F(Snapshots, WhatHasItsNameIsNotTouched) {
     file.Delete();
     ASSERT_EQ(remove(name), 0) << "deleted";
   }
-  EXPECT_EQ(ReadFile("target"), second);
+  WriteAndReadBack(file, first);
+  std::filesystem::rename("target", name);
+  file.Delete();
+  EXPECT_EQ(ReadFile(name), second);
 }
 
 TEST_F(Snapshots, AFolderThatFailsIsGivenUp) {

@@ -68,6 +68,7 @@ TEST_F(Rules, FoldersOfCustomTiles) {
   EXPECT_EQ(document.settings.Write("Custom", "Dir", start + "custom"), "");
   WhenOpen([](QDialog& options) { options.reject(); });
   Choose("mnuToolsOptions");
+  EXPECT_EQ(names(), "custom/ more ");
   EXPECT_EQ(palette.File1.Files(), std::vector<std::string>{"tile.bmp"});
   Dir1_Change(palette, "/");
   EXPECT_EQ(names(), "");

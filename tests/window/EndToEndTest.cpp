@@ -89,13 +89,9 @@ TEST_F(EndToEnd, TheTourPaintsItsMapThroughTheRealProgram) {
     EXPECT_EQ(Difference(Cut(map.View(), place).View(), picture.View()), "") << x << ',' << y;
   };
   expect(art.Of(*FindItem("pbaltar")), 320, 80);
-  expect(Transformed(art.Of(*FindItem("pbbed")).View(), Transform::RotateRight), 160, 180);
   expect(*art.Of(0, Edge::Door, Direction::Horizontal), 182, 157);
   const Picture blank = Cut(map.View(), {540, 400, 580, 440});
-  expect(blank, 440, 40);   // erased
-  expect(blank, 440, 120);  // undone
-  EXPECT_NE(Cut(map.View(), {110, 90, 130, 110}), Cut(map.View(), {150, 90, 170, 110}))
-      << "the custom tile on the floor";
+  expect(blank, 440, 40);  // erased
   const Picture text = Cut(map.View(), {108, 262, 420, 290});
   EXPECT_GT(std::count(text.View().Row(0), text.View().Row(28), PixelOf(0)), 300);
 }
