@@ -13,8 +13,8 @@ extern "C" int LLVMFuzzerInitialize(int* count, char*** arguments) {
 /// The input is the file of a custom tile in any format but BMP.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace morvane;
-  constexpr long long kMaxPixels = 2'000'000;  // larger pictures would take too long
-  Result<Picture> tile = DecodeForeignPicture(Bytes(data, data + size), {.pixels = kMaxPixels});
+  // Larger pictures would take too long.
+  Result<Picture> tile = DecodeForeignPicture(Bytes(data, data + size), {.pixels = 2'000'000});
   Require(tile.Ok() || !tile.Reason().empty(), "a refusal has a reason");
   if (!tile.Ok()) return 0;
   const PictureView picture = tile.Value().View();

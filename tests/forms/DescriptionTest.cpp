@@ -238,7 +238,7 @@ TEST_F(Forms, AreDescribedInFormsTxt) {
   actual << ActionsOf(Find<QToolBar>("tbToolBar")->actions());
   actual << ControlsOf(window);  // and of the dialogs that it owns
   actual << "frmMain" + ChecksumsOf(*Client()) << DescriptionOf(&splash) << EdgesOfCatalogue()
-         << Navigation();
+         << Navigation() << QAccessible::queryAccessibleInterface(qApp)->text(QAccessible::Name);
   window.hide();
   for (QWidget* dialog : std::initializer_list<QWidget*>{&options, &about, &insertText}) {
     actual << TabStopsOf(*dialog);
@@ -270,6 +270,7 @@ TEST_F(Forms, KeysOfTheWindow) {
   Find("WallButton")->setFocus(Qt::TabFocusReason);
   FocusAfter(Key_Return);
   EXPECT_EQ(palette.CurrentMode(), Mode::Wall);
+  EXPECT_EQ(QToolTip::text(), "") << "it would follow the Tab key";
   EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::text() == "Mode"; }));
   Press(5, 5);
   EXPECT_FALSE(window.testAttribute(Qt::WA_KeyboardFocusChange)) << "a focus mark after a click";
