@@ -126,6 +126,7 @@ QString NameOf(QWidget* control) {
 
 QWidget* FocusAfter(int key, Qt::KeyboardModifiers modifiers = {}) {
   QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+  QCoreApplication::processEvents();
   return QApplication::focusWidget();
 }
 
@@ -139,6 +140,7 @@ QString TabStopsOf(QWidget& form) {
   QWidget* const first = FocusAfter(Qt::Key_Tab, Qt::ShiftModifier);
   QStringList stops;
   QWidget* stop = first;
+  heard.clear();
   do {
     const QImage withFocus = Shown(*stop);
     const QString checksum = ChecksumOf(*stop);
@@ -148,7 +150,7 @@ QString TabStopsOf(QWidget& form) {
     EXPECT_NE(QAccessible::queryAccessibleInterface(stop)->text(QAccessible::Name), "");
     stop = next;
   } while (stop != first && stops.size() < 30);
-  return "Tab: " + stops.join(", ");
+  return "Tab: " + stops.join(", ") + "\nHeard: " + heard.join(", ");
 }
 
 /// Where the focus moves from each visible button with Home, Left, Up, Right, Down and End.

@@ -10,15 +10,6 @@
 namespace morvane {
 namespace {
 
-/// Collects the region that a widget repaints.
-struct PaintWatch : QObject {
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::Paint) painted += static_cast<QPaintEvent*>(event)->region();
-    return false;
-  }
-  QRegion painted;
-};
-
 using Rules = FormFixture;
 
 TEST_F(Rules, AStartTakesASnapshotAndShowsTheStoredFolder) {
@@ -171,18 +162,6 @@ TEST_F(Rules, OutOfMemoryIsReportedAndExitEnds) {
   platform.answers = {Answer::No};
   Choose("mnuFileExit");
   EXPECT_FALSE(window.isVisible() || QFile::exists("mvtmp.~mp"));
-}
-
-TEST_F(Rules, OnlyWhatChangedIsRepainted) {
-  QCoreApplication::processEvents();
-  PaintWatch watch;
-  Find("Canvas")->installEventFilter(&watch);
-  for (const int x : {100, 300}) {
-    watch.painted = QRegion();
-    Press(x + 5, 65);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !watch.painted.isEmpty(); }));
-    EXPECT_EQ(watch.painted.boundingRect(), QRect(x + 2, 62, 20, 20));
-  }
 }
 
 }  // namespace

@@ -89,6 +89,7 @@ class RandomSession : public EitherWay {
              selector->setFocus();
              QTest::keyClick(selector, Qt::Key_Home);
              for (int i = 0; i < set; ++i) QTest::keyClick(selector, Qt::Key_Down);
+             EXPECT_TRUE(set == 0 || heard.contains(selector->currentText()));
            }});
     model.ChooseSet(set);
   }

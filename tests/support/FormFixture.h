@@ -1,6 +1,9 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <private/qguiapplication_p.h>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
 
 #include <QTest>
 #include <QtWidgets>
@@ -180,6 +183,15 @@ void WhenOpen(const std::type_identity_t<std::function<void(Dialog&)>>& act) {
   });
 }
 
+/// What a screen reader speaks: the names of objects that get the focus or appear.
+inline QStringList heard;
+inline void Hear(QAccessibleEvent* event) {
+  const QAccessibleInterface* object = event->accessibleInterface();
+  const bool isSpoken =
+      event->type() == QAccessible::Focus || event->type() == QAccessible::ObjectShow;
+  if (isSpoken && object != nullptr) heard << object->text(QAccessible::Name);
+}
+
 /// The real main window, started in a temporary folder.
 struct FormFixture : testing::Test {
   StartFolder folder;
@@ -192,6 +204,8 @@ struct FormFixture : testing::Test {
   explicit FormFixture(const TilePictures::SheetLoader& sheets = &LoadArtSheet)
       : form(platform, sheets) {
     platform.SetWindow(&window, [this] { window.ShowState(); });
+    QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
+    QAccessible::installUpdateHandler(&Hear);
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
   }
