@@ -82,7 +82,8 @@ TEST_F(Files, IncompleteJpegsAndGifsAreRefused) {
     }
     EXPECT_TRUE(platform.DecodePicture(whole).Ok());
     Bytes longer = whole;
-    longer.insert(longer.end() - 2, 0);  // ignored by both formats
+    longer.insert(longer.end() - 2, 0);                               // ignored by both formats
+    if (whole != gif) longer.insert(longer.end() - 2, {0xFF, 0xD0});  // a restart marker
     longer.insert(longer.end(), {0, 0xFF, 0xD8, 0xFF});
     EXPECT_TRUE(platform.DecodePicture(longer).Ok());
   }
