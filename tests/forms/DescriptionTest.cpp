@@ -279,6 +279,7 @@ TEST_F(Forms, KeysOfTheWindow) {
   Tool("Undo")->setFocus();
   EXPECT_EQ(FocusAfter(Key_Space), Tool("Redo")) << "Undo disables itself";
   FontDialog font(nullptr);
+  EXPECT_EQ(font.currentFont().pointSize(), 10);
   EXPECT_TRUE(WithoutChecksums(TabStopsOf(font)).contains("Any, Color, OK"));
 }
 

@@ -108,8 +108,7 @@ Failure PrintInto(QtPlatform& platform, const std::string& path, const Picture& 
 TEST(Print, PutsTheMapAtTheTopLeftInItsNaturalSize) {
   const StartFolder folder;
   QtPlatform platform;
-  Picture map(192, 96, 0x0000FF);  // two inches by one
-  for (int x = 1; x < 192; x += 2) FillBox(map.Draw(), {x, 1, x + 1, 95}, 0x0000D0);
+  const Picture map = Speckled(192, 96);  // two inches by one
   ASSERT_EQ(PrintInto(platform, folder.File("map.pdf"), map), "");
   EXPECT_EQ(Converted("pdfimages", {"-png", "map.pdf", "in"}, "in-000.png"), ImageOver(map.View()));
   // At 254 dots to the inch, which are ten to the millimetre.
