@@ -5,7 +5,6 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace morvane;
   MemorySource file({data, size});
-  IsBmp(file);
   Result<LoadedPicture> picture = ReadBmp(file);
   Require(picture.Ok() || !picture.Reason().empty(), "a refusal has a reason");
   if (!picture.Ok()) return 0;

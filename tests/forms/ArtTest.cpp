@@ -44,13 +44,10 @@ TEST(Art, TheFenceHasItsColourKeyInTheGapsWithoutBlending) {
   for (const Direction direction : {Direction::Vertical, Direction::Horizontal}) {
     const PictureView fence = pictures.Of(kClassicVillage, Edge::Wall, direction)->View();
     EXPECT_EQ(direction == Direction::Vertical ? fence.Row(4)[0] : fence.Row(0)[4], key);
-    int transparent = 0;
     for (const QRgb pixel : std::span(fence.Row(0), fence.Row(fence.height))) {
       const bool isPink = qGreen(pixel) < qRed(pixel) / 2 && qBlue(pixel) > qRed(pixel) / 2;
       EXPECT_EQ(isPink, pixel == key) << "a blend with the key";
-      transparent += isPink ? 1 : 0;
     }
-    EXPECT_TRUE(transparent > 20 && transparent < 70) << transparent;
   }
 }
 

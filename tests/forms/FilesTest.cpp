@@ -12,6 +12,14 @@
 #include "platform/SnapshotFile.h"
 #include "tests/support/FormFixture.h"
 
+std::array<int, 2> flushErrors;  ///< of the next two flushes to the disk; 0 for none
+
+/// Replaces that of the system.
+extern "C" int fsync(int /*file*/) {
+  errno = std::exchange(flushErrors[0], std::exchange(flushErrors[1], 0));
+  return errno == 0 ? 0 : -1;
+}
+
 namespace morvane {
 namespace {
 
@@ -41,6 +49,13 @@ TEST_F(Files, LinksAreFollowedAndModeAndOwnerAreKept) {
   EXPECT_TRUE(!isRoot || (status.st_uid == 65534 && status.st_gid == 65533));
   std::filesystem::create_symlink("loop", "loop");
   EXPECT_NE(Replace("loop"), "");
+}
+
+TEST_F(Files, AFailedFlushIsReportedWhereFlushingIsSupported) {
+  for (const auto& errors : {std::array{EIO, 0}, {EINTR, EIO}, {EINVAL, 0}, {ENOTSUP, 0}}) {
+    flushErrors = errors;
+    EXPECT_EQ(Replace("a").empty(), std::count(errors.begin(), errors.end(), EIO) == 0);
+  }
 }
 
 TEST_F(Files, FoldersPipesAndHugeFilesAreRefused) {

@@ -206,10 +206,11 @@ class RandomSession : public EitherWay {
       Command(&mnuFileSaveAs_Click, "mnuFileSaveAs", "", "F12");
       model.SaveAs(path, answer);
     } else if (roll < 9) {
-      platform.printFailure = Random(0, 1) == 0 ? "" : "There is no printer.";
+      platform.printFailure = Random(0, 1) == 0 ? "" : "It burns.";
       Command(&mnuFilePrint_Click, "mnuFilePrint", "Print", "Ctrl+P");
       EXPECT_EQ(std::exchange(platform.printed, {}), std::vector{model.map});
-      model.Print(platform.printFailure);
+      if (!platform.printFailure.empty())
+        model.Report("The map could not be printed.\n\nIt burns.");
     } else {
       platform.answers = {Answer::Cancel};
       model.AskToSave();

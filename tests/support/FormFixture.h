@@ -107,9 +107,7 @@ class StartFolder {
     qputenv("TMPDIR", QFile::encodeName(temporary_.path()));
   }
   ~StartFolder() {
-    QDir::setCurrent(before_);
-    qunsetenv("XDG_STATE_HOME");
-    qputenv("TMPDIR", QFile::encodeName(tempBefore_));
+    qputenv("TMPDIR", QFile::encodeName(tempBefore_));  // the next one is made there
     // QTemporaryDir doesn't delete names that aren't UTF-8.
     std::error_code none;
     std::filesystem::remove_all(folder_.path().toStdString(), none);
@@ -119,7 +117,6 @@ class StartFolder {
   }
 
  private:
-  QString before_ = QDir::currentPath();
   QString tempBefore_ = QDir::tempPath();
   QTemporaryDir folder_;
   QTemporaryDir state_;

@@ -150,8 +150,8 @@ struct ReferenceModel {
     boxes.push_back({"Map saved as " + file, BoxStyle::OkOnly, "Morvane"});
   }
 
-  void Print(const std::string& failure) {
-    if (!failure.empty()) Report("The map could not be printed.\n\n" + failure);
+  void Report(const std::string& text) {
+    boxes.push_back({text, BoxStyle::OkExclamation, "Morvane"});
   }
 
   void AskToSave() {
@@ -228,10 +228,6 @@ struct ReferenceModel {
     outline.Visible = true;
     if (IsInCell(X, box.width)) outline.Left = X / 20 * 20;
     if (IsInCell(Y, box.height)) outline.Top = Y / 20 * 20;
-  }
-
-  void Report(const std::string& text) {
-    boxes.push_back({text, BoxStyle::OkExclamation, "Morvane"});
   }
 
   void Choose(const Picture& picture, const std::string& text) {
