@@ -88,12 +88,12 @@ TEST(Processes, EveryEndOfTheDesktopRescuesTheMap) {
       {"GTK loses it", {loseInGtk, 0}}};
   for (const auto& [name, end] : ends) {
     const StartFolder folder;
-    const pid_t child = StartChild([&] {
+    const pid_t child = StartChild([&, act = end.first] {
       EditorInChild editor;
       editor.platform.rescueFolders = {folder.File("")};
       const Termination termination(editor.form);
       editor.Press(5, 5);
-      end.first();
+      act();
     });
     EXPECT_EQ(WaitFor(child), end.second) << name;
     EXPECT_EQ(RescueCopiesIn(".").size(), 1);

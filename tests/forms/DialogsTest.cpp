@@ -14,8 +14,8 @@ namespace morvane {
 namespace {
 
 struct Dialogs : FormFixture {
-  static void Click(const QWidget& form, std::initializer_list<const char*> names) {
-    for (auto name : names) QTest::mouseClick(form.findChild<QWidget*>(name), Qt::LeftButton);
+  static void Click(const QWidget& in, std::initializer_list<const char*> names) {
+    for (const auto* name : names) QTest::mouseClick(in.findChild<QWidget*>(name), Qt::LeftButton);
   }
 };
 
