@@ -272,7 +272,7 @@ TEST_F(Forms, KeysOfTheWindow) {
   Find("WallButton")->setFocus(Qt::TabFocusReason);
   FocusAfter(Key_Return);
   EXPECT_EQ(palette.CurrentMode(), Mode::Wall);
-  EXPECT_EQ(QToolTip::text(), "") << "it would follow the Tab key";
+  EXPECT_EQ(QToolTip::text(), "") << "before the delay";
   EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::text() == "Mode"; }));
   Press(5, 5);
   EXPECT_FALSE(window.testAttribute(Qt::WA_KeyboardFocusChange)) << "a focus mark after a click";

@@ -14,7 +14,7 @@
 
 std::array<int, 2> flushErrors;  ///< of the next two flushes to the disk; 0 for none
 
-/// Replaces that of the system.
+/// Replaces the function of the system, so that flushes can fail.
 extern "C" int fsync(int /*file*/) {
   errno = std::exchange(flushErrors[0], std::exchange(flushErrors[1], 0));
   return errno == 0 ? 0 : -1;

@@ -107,7 +107,8 @@ class StartFolder {
     qputenv("TMPDIR", QFile::encodeName(temporary_.path()));
   }
   ~StartFolder() {
-    qputenv("TMPDIR", QFile::encodeName(tempBefore_));  // the next one is made there
+    // The next instance creates its folders there.
+    qputenv("TMPDIR", QFile::encodeName(tempBefore_));
     // QTemporaryDir doesn't delete names that aren't UTF-8.
     std::error_code none;
     std::filesystem::remove_all(folder_.path().toStdString(), none);
@@ -201,6 +202,7 @@ struct FormFixture : testing::Test {
   explicit FormFixture(const TilePictures::SheetLoader& sheets = &LoadArtSheet)
       : form(platform, sheets) {
     platform.SetWindow(&window, [this] { window.ShowState(); });
+    // As if a screen reader were running, which Qt's public interface can't simulate.
     QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
     QAccessible::installUpdateHandler(&Hear);
     window.show();
