@@ -69,7 +69,7 @@ TEST_F(Files, FoldersPipesAndHugeFilesAreRefused) {
   WriteFile("huge", {});
   std::filesystem::resize_file("huge", std::uintmax_t{1} << 40U);
   EXPECT_EQ(LoadPicture(platform, "huge").Reason(), "The file is too large.");
-  EXPECT_NE(platform.WritePrivateProfileString("Map", "Grid", "1", "huge"), "");
+  EXPECT_NE(platform.WritePrivateProfileString("Map", "Grid", "1", folder.File("huge")), "");
   EXPECT_EQ(Replace("huge"), "");
 }
 
