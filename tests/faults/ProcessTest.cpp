@@ -77,7 +77,7 @@ TEST(Processes, EveryEndOfTheDesktopRescuesTheMap) {
   };
   const auto loseInGtk = [] {
     auto* log = reinterpret_cast<void (*)(const char*, int, const char*)>(dlsym(nullptr, "g_log"));
-    // The level is that of a message.
+    // G_LOG_LEVEL_MESSAGE is 32.
     log("Gdk", 32, "Error flushing display: Broken pipe");
   };
   const std::map<std::string, std::pair<std::function<void()>, int>> ends = {

@@ -8,7 +8,8 @@
 namespace morvane {
 namespace {
 
-/// Expects an element on a sheet of a set, once, and drawn opaque in so many colours or more.
+/// Expects an element on a sheet of a set, once, drawn opaque and in at least that number of
+/// colours.
 void ExpectDrawn(int set, std::string_view page, std::string_view element, const Rect& place,
                  const Picture& picture, std::size_t colors) {
   const QString sheet = TextOf(TileSets()[set].folder) + "/" + TextOf(page);

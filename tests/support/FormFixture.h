@@ -171,7 +171,7 @@ inline QPalette DarkPalette() {
   return dark;
 }
 
-/// Acts in the next dialog as soon as it is open.
+/// Acts in the next dialog as soon as it is open. If another one or none is, the test program ends.
 template <typename Dialog = QDialog>
 void WhenOpen(const std::type_identity_t<std::function<void(Dialog&)>>& act) {
   QTimer::singleShot(0, [act] {

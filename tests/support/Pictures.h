@@ -27,13 +27,12 @@ inline Picture Speckled(int width, int height, unsigned seed = 1) {
   });
 }
 
-/// An art sheet. Its fences have the colour key in every other column, but not in the corner of the
-/// picture, where it must not be looked up.
+/// An art sheet. Its fences have the colour key in every other column, except in their top left
+/// corner, so that a key that is read from there is noticed.
 inline Picture SpeckledSheet(const std::string& name) {
   Picture sheet = Speckled(120, 180, std::hash<std::string>()(name));
   if (name != "classic-village/edges") return sheet;
-  for (int x = 0; x < 60; x += 2)
-    FillBox(sheet.Draw(), {x, x % 30 == 0 ? 1 : 0, x + 1, 30}, 0xFF00FF);
+  for (int x = 0; x < 60; x += 2) FillBox(sheet.Draw(), {x, int(x % 30 == 0), x + 1, 30}, 0xFF00FF);
   return sheet;
 }
 
